@@ -1,0 +1,186 @@
+#include "qvxml/core/exception.h"
+
+#include <utility>
+
+namespace QvXmlLib16 {
+
+namespace {
+
+// While set, a copy takes one link and leaves the chain to the loop that set it: user classes
+// override only Clone, so the copy constructor is the one place that every link passes through.
+thread_local bool t_isCopyingLink = false;
+
+class CLinkCopyScope {
+ public:
+  CLinkCopyScope() { t_isCopyingLink = true; }
+  ~CLinkCopyScope() { t_isCopyingLink = false; }
+  CLinkCopyScope(const CLinkCopyScope&) = delete;
+  CLinkCopyScope& operator=(const CLinkCopyScope&) = delete;
+};
+
+std::string WithPath(const std::string& message, const std::string& path) {
+  return path.empty() ? message : message + "\nPath: " + path;
+}
+
+}  // namespace
+
+constinit CInstanceCounter CQvException::s_instances("CQvException");
+
+CQvException::CQvException() = default;
+
+CQvException::CQvException(const std::string& message) : m_message(message) {}
+
+CQvException::CQvException(const std::string& message, const std::string& path)
+    : m_message(WithPath(message, path)), m_path(path) {}
+
+CQvException::CQvException(const std::string& message, const CQvException& inner)
+    : m_message(message), m_inner(CloneChain(&inner)) {}
+
+CQvException::CQvException(const std::string& message, const std::string& path,
+                           const CQvException& inner)
+    : m_message(WithPath(message, path)), m_path(path), m_inner(CloneChain(&inner)) {}
+
+CQvException::CQvException(const CQvException& other)
+    : m_message(other.m_message),
+      m_path(other.m_path),
+      m_inner(t_isCopyingLink ? nullptr : CloneChain(other.m_inner)) {}
+
+CQvException& CQvException::operator=(const CQvException& other) {
+  if (this == &other) return *this;
+  // Copied before anything is released: `other` may be part of this exception's own chain.
+  std::string message = other.m_message;
+  CQvException* inner = CloneChain(other.m_inner);
+  m_message.swap(message);
+  DeleteChain(std::exchange(m_inner, inner));
+  return *this;
+}
+
+CQvException::~CQvException() { DeleteChain(m_inner); }
+
+CQvException* CQvException::Clone() const { return new CQvException(*this); }
+
+std::string CQvException::GetFullMessage() const {
+  std::string text;
+  for (const CQvException* link = this; link != nullptr; link = link->m_inner) {
+    if (!text.empty()) text += '\n';
+    text += link->m_message;
+  }
+  return text;
+}
+
+void CQvException::MoveInto(CQvException& outer, CQvException& caught) {
+  CQvException* clone = caught.CloneLink();
+  clone->m_inner = std::exchange(caught.m_inner, nullptr);
+  DeleteChain(std::exchange(outer.m_inner, clone));
+}
+
+CQvException* CQvException::CloneLink() const {
+  const CLinkCopyScope scope;
+  return Clone();
+}
+
+// A loop, not a recursion: a chain may have as many links as a document has levels.
+CQvException* CQvException::CloneChain(const CQvException* first) {
+  if (first == nullptr) return nullptr;
+  CQvException* head = first->CloneLink();
+  try {
+    CQvException* tail = head;
+    for (const CQvException* link = first->m_inner; link != nullptr; link = link->m_inner) {
+      tail->m_inner = link->CloneLink();
+      tail = tail->m_inner;
+    }
+  } catch (...) {
+    DeleteChain(head);
+    throw;
+  }
+  return head;
+}
+
+void CQvException::DeleteChain(CQvException* first) noexcept {
+  while (first != nullptr) {
+    CQvException* next = std::exchange(first->m_inner, nullptr);
+    delete first;
+    first = next;
+  }
+}
+
+CQvValidationException::CQvValidationException() = default;
+CQvValidationException::CQvValidationException(const CQvException& other) : CQvException(other) {}
+CQvValidationException::CQvValidationException(const std::string& message, const std::string& path)
+    : CQvException(message, path) {}
+CQvValidationException::CQvValidationException(const std::string& message, const std::string& path,
+                                               const CQvException& inner)
+    : CQvException(message, path, inner) {}
+CQvValidationException::CQvValidationException(const CQvValidationException& other) = default;
+CQvValidationException::~CQvValidationException() = default;
+CQvException* CQvValidationException::Clone() const { return new CQvValidationException(*this); }
+
+CQvInvalidValueException::CQvInvalidValueException() = default;
+CQvInvalidValueException::CQvInvalidValueException(const CQvException& other)
+    : CQvValidationException(other) {}
+CQvInvalidValueException::CQvInvalidValueException(const std::string& message)
+    : CQvValidationException(message, std::string()) {}
+CQvInvalidValueException::CQvInvalidValueException(const std::string& message,
+                                                   const CQvException& inner)
+    : CQvValidationException(message, std::string(), inner) {}
+CQvInvalidValueException::CQvInvalidValueException(const CQvInvalidValueException& other) = default;
+CQvInvalidValueException::~CQvInvalidValueException() = default;
+CQvException* CQvInvalidValueException::Clone() const {
+  return new CQvInvalidValueException(*this);
+}
+
+CQvInvalidNamespaceException::CQvInvalidNamespaceException() = default;
+CQvInvalidNamespaceException::CQvInvalidNamespaceException(const CQvException& other)
+    : CQvValidationException(other) {}
+CQvInvalidNamespaceException::CQvInvalidNamespaceException(const std::string& message,
+                                                           const std::string& path)
+    : CQvValidationException(message, path) {}
+CQvInvalidNamespaceException::CQvInvalidNamespaceException(const std::string& message,
+                                                           const std::string& path,
+                                                           const CQvException& inner)
+    : CQvValidationException(message, path, inner) {}
+CQvInvalidNamespaceException::CQvInvalidNamespaceException(
+    const CQvInvalidNamespaceException& other) = default;
+CQvInvalidNamespaceException::~CQvInvalidNamespaceException() = default;
+CQvException* CQvInvalidNamespaceException::Clone() const {
+  return new CQvInvalidNamespaceException(*this);
+}
+
+CQvInvalidStateException::CQvInvalidStateException() = default;
+CQvInvalidStateException::CQvInvalidStateException(const CQvException& other)
+    : CQvException(other) {}
+CQvInvalidStateException::CQvInvalidStateException(const std::string& message)
+    : CQvException(message) {}
+CQvInvalidStateException::CQvInvalidStateException(const std::string& message,
+                                                   const CQvException& inner)
+    : CQvException(message, inner) {}
+CQvInvalidStateException::CQvInvalidStateException(const CQvInvalidStateException& other) = default;
+CQvInvalidStateException::~CQvInvalidStateException() = default;
+CQvException* CQvInvalidStateException::Clone() const {
+  return new CQvInvalidStateException(*this);
+}
+
+CQvInvalidParamException::CQvInvalidParamException() = default;
+CQvInvalidParamException::CQvInvalidParamException(const CQvException& other)
+    : CQvException(other) {}
+CQvInvalidParamException::CQvInvalidParamException(const std::string& message)
+    : CQvException(message) {}
+CQvInvalidParamException::CQvInvalidParamException(const std::string& message,
+                                                   const CQvException& inner)
+    : CQvException(message, inner) {}
+CQvInvalidParamException::CQvInvalidParamException(const CQvInvalidParamException& other) = default;
+CQvInvalidParamException::~CQvInvalidParamException() = default;
+CQvException* CQvInvalidParamException::Clone() const {
+  return new CQvInvalidParamException(*this);
+}
+
+CQvOverFlowException::CQvOverFlowException() = default;
+CQvOverFlowException::CQvOverFlowException(const CQvException& other) : CQvException(other) {}
+CQvOverFlowException::CQvOverFlowException(const std::string& message) : CQvException(message) {}
+CQvOverFlowException::CQvOverFlowException(const std::string& message, const CQvException& inner)
+    : CQvException(message, inner) {}
+CQvOverFlowException::CQvOverFlowException(const CQvOverFlowException& other) = default;
+CQvOverFlowException::~CQvOverFlowException() = default;
+CQvException* CQvOverFlowException::Clone() const { return new CQvOverFlowException(*this); }
+
+}  // namespace QvXmlLib16

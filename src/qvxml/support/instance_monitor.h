@@ -1,0 +1,76 @@
+// Counts the live objects of each class, so that tests and applications can see leaks.
+//
+// A class takes part with three lines:
+//
+//   class QVXML_API CThing : private TInstanceCounted<CThing> {
+//     friend class TInstanceCounted<CThing>;
+//     static CInstanceCounter s_instances;
+//   };
+//
+// and one in its source: constinit CInstanceCounter CThing::s_instances("CThing");
+
+#ifndef QVXML_SUPPORT_INSTANCE_MONITOR_H_
+#define QVXML_SUPPORT_INSTANCE_MONITOR_H_
+
+#include <atomic>
+#include <string>
+
+#include "qvxml/support/export.h"
+
+namespace QvXmlLib16 {
+
+/// The live count of one class. Constant-initialised and never destroyed, so objects may be made
+/// and destroyed before main starts and after it ends.
+class QVXML_API CInstanceCounter {
+ public:
+  /// `className` must outlive the process' last object; a string literal does.
+  constexpr explicit CInstanceCounter(const char* className) noexcept : m_className(className) {}
+  CInstanceCounter(const CInstanceCounter&) = delete;
+  CInstanceCounter& operator=(const CInstanceCounter&) = delete;
+
+  void Add() noexcept {
+    if (!m_isListed.load(std::memory_order_relaxed)) List();
+    m_count.fetch_add(1, std::memory_order_relaxed);
+  }
+  void Remove() noexcept { m_count.fetch_sub(1, std::memory_order_relaxed); }
+
+ private:
+  friend class CInstanceMonitor;
+
+  void List() noexcept;
+
+  const char* m_className;
+  std::atomic<long> m_count{0};
+  std::atomic<bool> m_isListed{false};
+  CInstanceCounter* m_next = nullptr;
+};
+
+/// Registers every object of `TCounted` with its counter; a base class or a member of it.
+/// Copies count as objects of their own; assignment changes nothing.
+template <class TCounted>
+class TInstanceCounted {
+ public:
+  TInstanceCounted() noexcept { TCounted::s_instances.Add(); }
+  TInstanceCounted(const TInstanceCounted&) noexcept { TCounted::s_instances.Add(); }
+  TInstanceCounted& operator=(const TInstanceCounted&) noexcept { return *this; }
+  ~TInstanceCounted() { TCounted::s_instances.Remove(); }
+};
+
+/// Reads the live counts. Every operation is safe from any thread; while other threads create or
+/// destroy objects the result is a snapshot.
+class QVXML_API CInstanceMonitor {
+ public:
+  /// Live objects of the class of that name, for example "CXmlDocument"; 0 for null, for an unknown
+  /// name and for a class that has had no object yet. An object counts under its own class and
+  /// under each of its bases that takes part.
+  static long GetCount(const char* className);
+  /// Sum of the counts of all classes.
+  static long GetTotal();
+  /// Appends one line "name: count" and a line feed for each class with live objects, in order of
+  /// their names.
+  static void Dump(std::string& text);
+};
+
+}  // namespace QvXmlLib16
+
+#endif  // QVXML_SUPPORT_INSTANCE_MONITOR_H_
