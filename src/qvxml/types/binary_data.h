@@ -29,7 +29,8 @@ class QVXML_API CBinaryData : private TInstanceCounted<CBinaryData> {
 
   CBinaryData() noexcept = default;
   /// With `adopt` takes over `bytes`, which must come from `new unsigned char[]` and then belongs
-  /// to this value (it is freed at once when `length` is 0); without it copies them.
+  /// to this value, even when memory is short (it is freed at once when `length` is 0); without it
+  /// copies them.
   CBinaryData(unsigned char* bytes, unsigned long length, bool adopt);
   /// Copies `length` bytes.
   CBinaryData(const unsigned char* bytes, unsigned long length);
@@ -109,7 +110,6 @@ class QVXML_API CBinaryData : private TInstanceCounted<CBinaryData> {
 
   void MakeExclusive();
   void CheckIndex(unsigned long index) const;
-  bool OwnsAddress(const unsigned char* address) const noexcept;
 
   CDataHolder* m_holder = nullptr;
 };
@@ -132,10 +132,10 @@ class QVXML_API CBinaryData::CDataHolder : private TInstanceCounted<CBinaryData:
   long GetRefCount() const noexcept { return m_refCount.load(std::memory_order_acquire); }
 
   void AddRef();
-  /// Drops one reference; the holder must not be used afterwards. With `keepData` it must be the
-  /// last one, and the buffer stays for the caller, who took its address before: throws
-  /// CQvException "Failed to release data. [RefCount=%d]", with the references that would remain
-  /// and the count unchanged, when it is not.
+  /// Drops the caller's reference. Without `keepData` the last one destroys holder and buffer. With
+  /// `keepData` the last one destroys the holder only, and the buffer belongs to the caller, who
+  /// took its address before; when other references remain that throws CQvException "Failed to
+  /// release data. [RefCount=%d]" (how many), the caller's being dropped all the same.
   void Release(bool keepData);
   /// Appends a copy of the bytes, which may lie in this block. A full buffer is replaced by one of
   /// twice the new length. Throws CQvException "Failed to append. [RefCount=%d]", with the number
