@@ -47,12 +47,14 @@ constexpr std::array<unsigned char, 256> MakeDigitValues() {
 constexpr std::array<DigitPair, 256> kDigitPairs = MakeDigitPairs();
 constexpr std::array<unsigned char, 256> kDigitValues = MakeDigitValues();
 
-unsigned char DigitValue(char digit) {
-  const unsigned char value = kDigitValues[static_cast<unsigned char>(digit)];
-  if (value == kNotADigit) {
-    throw CQvException(FormatString("Invalid char in hex string [%c]", digit));
-  }
-  return value;
+inline unsigned char DigitValue(char digit) {
+  return kDigitValues[static_cast<unsigned char>(digit)];
+}
+
+// For a pair of which at least one is not a digit.
+[[noreturn]] void ThrowInvalidDigit(const char* pair) {
+  const char digit = DigitValue(pair[0]) == kNotADigit ? pair[0] : pair[1];
+  throw CQvException(FormatString("Invalid char in hex string [%c]", digit));
 }
 
 unsigned long Twice(unsigned long length) {
@@ -211,9 +213,11 @@ unsigned long CBinaryData::ConvertToHexData(const char* hex, unsigned char** out
   if (textLength == 0) return 0;
   const unsigned long length = textLength / 2;
   std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
-  for (unsigned long i = 0; i < length; ++i) {
-    const unsigned char high = DigitValue(hex[2 * i]);
-    bytes[i] = static_cast<unsigned char>(high << 4 | DigitValue(hex[2 * i + 1]));
+  for (unsigned long i = 0; i < length; ++i, hex += 2) {
+    const unsigned char high = DigitValue(hex[0]);
+    const unsigned char low = DigitValue(hex[1]);
+    if ((high | low) == kNotADigit) ThrowInvalidDigit(hex);
+    bytes[i] = static_cast<unsigned char>(high << 4 | low);
   }
   *out = bytes.release();
   return length;
