@@ -246,9 +246,10 @@ TEST(CBigInteger, DividesTowardZero) {
       {PowerOfTen(40), "7", "1428571428571428571428571428571428571428", "4"},
       {"5", PowerOfTen(40), "0", "5"},
       {PowerOfTen(36), PowerOfTen(36), "1", "0"},
-      // The first estimate of a quotient limb is one too large.
-      {"500000000000000000000000000000000000000000000000000000",
-       "500000000000000000999999999999999999", "999999999999999998", "2999999999999999998"},
+      // The estimate of the quotient's limb is one too large.
+      {"250000000000000000" + std::string(54, '0'),
+       "500000000000000000" + std::string(35, '0') + "1", "499999999999999999",
+       "4" + Nines(35) + "500000000000000001"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.dividend + " / " + row.divisor);
