@@ -329,6 +329,9 @@ TEST(CDecimal, AddsSubtractsAndMultiplies) {
       {"1E20", "1E-20", "100000000000000000000.00000000000000000001",
        "99999999999999999999.99999999999999999999", "1"},
       {"2.5", "4", "6.5", "-1.5", "10"},
+      // The sum takes a long number from a short one and is then cut back to a short one.
+      {"-54E-31", "0.5", "0.4999999999999999999999999999946", "-0.5000000000000000000000000000054",
+       "-0.0000000000000000000000000000027"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.left) + " and " + row.right);

@@ -140,7 +140,6 @@ void CBigInteger::AssignDigits(const char* digits, std::size_t count, bool isNeg
     limbs[index] = ReadWholeLimb(digits);
   }
   m_limbs = std::move(limbs);
-  m_limb = 0;
   m_isNegative = isNegative;
   Trim();
 }
