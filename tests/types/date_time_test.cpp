@@ -333,9 +333,9 @@ TEST(CDateTime, RefusesFieldsThatTheKindDoesNotCarry) {
   };
   CDateTime year;
   year.SetGYear(2001);
-  for (const auto& [name, call] : yearCalls) {
-    EXPECT_QV_THROW(call(year), CQvInvalidStateException,
-                    std::string("Failed to ") + name + ". Invalid Date Type: gYear.");
+  for (const auto& row : yearCalls) {
+    EXPECT_QV_THROW(row.second(year), CQvInvalidStateException,
+                    std::string("Failed to ") + row.first + ". Invalid Date Type: gYear.");
   }
   CDateTime time(CDateTime::dt_time);
   EXPECT_QV_THROW(time.GetYear(), CQvInvalidStateException,
@@ -361,8 +361,8 @@ TEST(CDateTime, FieldSettersRefuseWhatValidationRefuses) {
       {"Invalid Micro-Second [1000] (0 <= micro <= 999)",
        [](CDateTime& v) { v.SetFracTime(999, 1000, 999); }},
   };
-  for (const auto& [message, call] : calls) {
-    EXPECT_QV_THROW(call(value), CQvInvalidValueException, message);
+  for (const auto& row : calls) {
+    EXPECT_QV_THROW(row.second(value), CQvInvalidValueException, row.first);
     EXPECT_EQ(value.ToString(), "2000-02-29T12:00:00");
   }
 }
