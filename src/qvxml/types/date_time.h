@@ -40,8 +40,8 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
     dt_gMonthDay = 8
   };
 
-  // Construction. All that take fields or text throw CQvInvalidValueException as Validate and the
-  // parses do.
+  // Construction. All that take fields or text throw CQvInvalidValueException when a field is out
+  // of range or the text is malformed.
 
   /// A value without a kind.
   CDateTime() = default;
