@@ -101,12 +101,12 @@ CInvariantLocaleScope::CInvariantLocaleScope() : m_previous(uselocale(InvariantL
 CInvariantLocaleScope::~CInvariantLocaleScope() { uselocale(m_previous); }
 
 CTextLocaleScope::CTextLocaleScope() : m_previous(uselocale(kNoLocale)), m_snapshot(kNoLocale) {
-  if (IsUnsetCodeset(Codeset())) {
-    uselocale(InvariantLocale());
-  } else if (m_previous == LC_GLOBAL_LOCALE) {
+  if (m_previous == LC_GLOBAL_LOCALE) {
     m_snapshot = duplocale(LC_GLOBAL_LOCALE);
     uselocale(m_snapshot);
   }
+  // Only now: the global locale may have changed until the snapshot was taken.
+  if (IsUnsetCodeset(Codeset())) uselocale(InvariantLocale());
 }
 
 CTextLocaleScope::~CTextLocaleScope() {
