@@ -10,6 +10,7 @@ namespace {
 using namespace QvXmlLib16;
 using Writer = CXmlTextWriter;
 
+constexpr ItemType kString = ItemType_string;
 constexpr char kMisplacedAttribute[] = "Attributes must be added before elements";
 
 struct Row {
@@ -22,8 +23,10 @@ void Start(Writer& writer, const char* localName, const char* namespaceUri = "")
   writer.WriteStartElement(localName, namespaceUri);
 }
 
+void End(Writer& writer) { writer.WriteEndElement(); }
+
 void Attribute(Writer& writer, const char* localName, const char* namespaceUri, const char* value) {
-  writer.WriteAttributeString(localName, namespaceUri, value, ItemType_string);
+  writer.WriteAttributeString(localName, namespaceUri, value, kString);
 }
 
 void Text(Writer& writer, const std::string& text, bool isDefaultValue = false) {
@@ -33,7 +36,7 @@ void Text(Writer& writer, const std::string& text, bool isDefaultValue = false) 
 void Element(Writer& writer, const char* localName, const std::string& text) {
   Start(writer, localName);
   Text(writer, text);
-  writer.WriteEndElement();
+  End(writer);
 }
 
 void ExpectTexts(const Row* begin, const Row* end, bool isFormatted) {
@@ -49,120 +52,63 @@ void ExpectTexts(const Row* begin, const Row* end, bool isFormatted) {
 }
 
 TEST(CXmlTextWriter, WritesNamespaces) {
+  // clang-format off
   constexpr Row rows[] = {
       {"no namespace stays bare under a default one",
-       [](Writer& w) {
-         w.SetDefaultNamespace("urn:d");
-         Start(w, "a", "urn:d");
-         Start(w, "b");
-         w.WriteEndElement();
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.SetDefaultNamespace("urn:d"); Start(w, "a", "urn:d"); Start(w, "b");
+         End(w); End(w); },
        R"(<a xmlns="urn:d"><b/></a>)"},
       {"root declares in the order of the URIs",
-       [](Writer& w) {
-         w.AddNamespace("z", "urn:1");
-         w.AddNamespace("a", "urn:2");
+       [](Writer& w) { w.AddNamespace("z", "urn:1"); w.AddNamespace("a", "urn:2");
          w.AddNamespace("b", "urn:2");
          w.AddNamespace("xml", "http://www.w3.org/XML/1998/namespace");
          w.AddNamespace("n", "http://www.w3.org/XML/1998/namespace/more");
-         w.AddNamespace("", "urn:0");
-         Start(w, "r", "urn:1");
-         w.WriteEndElement();
-       },
+         w.AddNamespace("", "urn:0"); Start(w, "r", "urn:1"); End(w); },
        R"(<z:r xmlns:z="urn:1" xmlns:b="urn:2"/>)"},
       {"generated prefix of the root precedes the others",
-       [](Writer& w) {
-         w.SetDefaultNamespace("urn:d");
-         w.AddNamespace("AA", "urn:1");
-         Start(w, "r", "urn:2");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.SetDefaultNamespace("urn:d"); w.AddNamespace("AA", "urn:1");
+         Start(w, "r", "urn:2"); End(w); },
        R"(<AB:r xmlns:AB="urn:2" xmlns="urn:d" xmlns:AA="urn:1"/>)"},
       {"generated prefixes end with their element",
-       [](Writer& w) {
-         Start(w, "r");
-         Start(w, "a", "urn:1");
-         Start(w, "b", "urn:2");
-         w.WriteEndElement();
-         w.WriteEndElement();
-         Start(w, "c", "urn:2");
-         Start(w, "d", "urn:2");
-         w.WriteEndElement();
-         w.WriteEndElement();
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "r"); Start(w, "a", "urn:1"); Start(w, "b", "urn:2"); End(w);
+         End(w); Start(w, "c", "urn:2"); Start(w, "d", "urn:2"); End(w); End(w); End(w); },
        R"(<r><AA:a xmlns:AA="urn:1"><AB:b xmlns:AB="urn:2"/></AA:a>)"
        R"(<AA:c xmlns:AA="urn:2"><AA:d/></AA:c></r>)"},
       {"attribute in the default namespace has a prefix",
-       [](Writer& w) {
-         w.SetDefaultNamespace("urn:d");
-         Start(w, "a", "urn:d");
-         Attribute(w, "x", "urn:d", "1");
-         Attribute(w, "y", "urn:d", "2");
-         Attribute(w, "z", "", "3");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.SetDefaultNamespace("urn:d"); Start(w, "a", "urn:d");
+         Attribute(w, "x", "urn:d", "1"); Attribute(w, "y", "urn:d", "2");
+         Attribute(w, "z", "", "3"); End(w); },
        R"(<a xmlns="urn:d" xmlns:AA="urn:d" AA:x="1" AA:y="2" z="3"/>)"},
       {"attribute in the XML namespace",
-       [](Writer& w) {
-         Start(w, "a");
-         Attribute(w, "lang", "http://www.w3.org/XML/1998/namespace", "en");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a");
+         Attribute(w, "lang", "http://www.w3.org/XML/1998/namespace", "en"); End(w); },
        R"(<a xml:lang="en"/>)"},
       {"namespace with characters to escape",
-       [](Writer& w) {
-         Start(w, "a", "urn:?x=1&y=\"<");
-         Attribute(w, "b", "urn:&", "");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a", "urn:?x=1&y=\"<"); Attribute(w, "b", "urn:&", ""); End(w); },
        R"(<AA:a xmlns:AA="urn:?x=1&amp;y=&quot;&lt;" xmlns:AB="urn:&amp;" AB:b=""/>)"},
       {"type without a namespace",
-       [](Writer& w) {
-         Start(w, "a");
-         w.WriteAttributeType("", "t", ItemType_string);
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a"); w.WriteAttributeType("", "t", kString); End(w); },
        R"(<a xmlns:AA="http://www.w3.org/2001/XMLSchema-instance" AA:type="t"/>)"},
       {"type of the default namespace, bound xsi",
-       [](Writer& w) {
-         w.SetDefaultNamespace("urn:d");
+       [](Writer& w) { w.SetDefaultNamespace("urn:d");
          w.AddNamespace("xsi", "http://www.w3.org/2001/XMLSchema-instance");
-         Start(w, "a", "urn:d");
-         w.WriteAttributeType("urn:d", "t", ItemType_string);
-         w.WriteEndElement();
-       },
+         Start(w, "a", "urn:d"); w.WriteAttributeType("urn:d", "t", kString); End(w); },
        R"(<a xmlns="urn:d" xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xsi:type="t"/>)"},
       {"type of a new namespace, two blanks",
-       [](Writer& w) {
-         w.AddNamespace("xsi", "http://www.w3.org/2001/XMLSchema-instance");
-         Start(w, "a");
-         w.WriteAttributeType("urn:t", "t", ItemType_string);
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.AddNamespace("xsi", "http://www.w3.org/2001/XMLSchema-instance");
+         Start(w, "a"); w.WriteAttributeType("urn:t", "t", kString); End(w); },
        R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance" xmlns:AA="urn:t"  xsi:type="AA:t"/>)"},
       {"nil",
-       [](Writer& w) {
-         Start(w, "a");
-         w.WriteAttributeNil();
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a"); w.WriteAttributeNil(); End(w); },
        R"(<a xmlns:AA="http://www.w3.org/2001/XMLSchema-instance" AA:nil="true"/>)"},
       {"namespaces set within an element bind and declare nothing",
-       [](Writer& w) {
-         w.SetDefaultNamespace("urn:d");
-         Start(w, "a", "urn:d");
-         w.AddNamespace("p", "urn:p");
-         w.AddNamespace("d", "urn:d");
-         Attribute(w, "x", "urn:p", "");
-         w.SetDefaultNamespace("urn:p");
-         Start(w, "b", "urn:p");
-         w.WriteEndElement();
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.SetDefaultNamespace("urn:d"); Start(w, "a", "urn:d");
+         w.AddNamespace("p", "urn:p"); w.AddNamespace("d", "urn:d");
+         Attribute(w, "x", "urn:p", ""); w.SetDefaultNamespace("urn:p"); Start(w, "b", "urn:p");
+         End(w); End(w); },
        R"(<a xmlns="urn:d" p:x=""><b/></d:a>)"},
   };
+  // clang-format on
   ExpectTexts(std::begin(rows), std::end(rows), false);
 }
 
@@ -172,7 +118,7 @@ TEST(CXmlTextWriter, GeneratesPrefixesBeyondTheAlphabet) {
   writer.AddNamespace("AB", "urn:used");
   Start(writer, "a");
   for (int i = 0; i < 700; ++i) Attribute(writer, "x", ("urn:" + std::to_string(i)).c_str(), "");
-  writer.WriteEndElement();
+  End(writer);
   const std::string text = stream.GetString();
   for (const char* declared : {R"( xmlns:AA="urn:0" AA:x="")", R"( xmlns:AC="urn:1" AC:x="")",
                                R"( xmlns:BA="urn:25" )", R"( xmlns:ZZ="urn:674" )",
@@ -182,86 +128,46 @@ TEST(CXmlTextWriter, GeneratesPrefixesBeyondTheAlphabet) {
 }
 
 TEST(CXmlTextWriter, FormatsElements) {
+  // clang-format off
   constexpr Row rows[] = {
       {"nested",
-       [](Writer& w) {
-         w.WriteStartDocument();
-         Start(w, "a");
-         Start(w, "b");
-         Start(w, "c");
-         w.WriteEndElement();
-         Element(w, "d", "text");
-         w.WriteEndElement();
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.WriteStartDocument(); Start(w, "a"); Start(w, "b"); Start(w, "c"); End(w);
+         Element(w, "d", "text"); End(w); End(w); },
        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\n\t<b>\n\t\t<c/>\n\t\t<d>text</d>\n\t</b>\n"
        "</a>\n"},
       {"indent characters and line ends",
-       [](Writer& w) {
-         w.SetIndentChars("ab");
-         w.SetEOLType(EOL_CRLF);
-         Start(w, "a");
-         Start(w, "b");
-         Element(w, "c", "1\r\n2\n");
-         w.WriteEndElement();
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.SetIndentChars("ab"); w.SetEOLType(EOL_CRLF); Start(w, "a");
+         Start(w, "b"); Element(w, "c", "1\r\n2\n"); End(w); End(w); },
        "<a>\r\nab<b>\r\nabab<c>1\r\n2\r\n</c>\r\nab</b>\r\n</a>\r\n"},
       {"no indent characters",
-       [](Writer& w) {
-         Start(w, "a");
-         w.SetIndentChars(nullptr);
-         Element(w, "b", "");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a"); w.SetIndentChars(nullptr); Element(w, "b", ""); End(w); },
        "<a>\n<b/>\n</a>\n"},
       {"mixed content",
-       [](Writer& w) {
-         Start(w, "a");
-         Text(w, "text");
-         Element(w, "b", "");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a"); Text(w, "text"); Element(w, "b", ""); End(w); },
        "<a>text\t<b/>\n</a>\n"},
       {"items around elements",
-       [](Writer& w) {
-         w.WriteHeaderDirective("<!DOCTYPE a>");
-         w.WritePI("<?p i & j?>");
-         w.WriteComment("1 < 2\n3");
-         Start(w, "a");
-         w.WriteInlineSchema("<s/>");
-         w.WriteRawElement("<raw a='&'>");
-         w.WriteEndElement();
-       },
+       [](Writer& w) { w.WriteHeaderDirective("<!DOCTYPE a>"); w.WritePI("<?p i & j?>");
+         w.WriteComment("1 < 2\n3"); Start(w, "a"); w.WriteInlineSchema("<s/>");
+         w.WriteRawElement("<raw a='&'>"); End(w); },
        "<!DOCTYPE a>\n<?p i & j?>\n\n<!--1 &lt; 2\n3-->\n<a \n<s/>\n<raw a='&'>\n/>\n"},
       {"default values",
-       [](Writer& w) {
-         Start(w, "a");
-         Text(w, "dropped", true);
-         w.WriteEndElement();
-         w.SetWriteDefaultElementValues(true);
-         Start(w, "b");
-         Text(w, "kept", true);
-         w.WriteEndElement();
-       },
+       [](Writer& w) { Start(w, "a"); Text(w, "dropped", true); End(w);
+         w.SetWriteDefaultElementValues(true); Start(w, "b"); Text(w, "kept", true); End(w); },
        "<a/>\n<b>kept</b>\n"},
   };
+  // clang-format on
   ExpectTexts(std::begin(rows), std::end(rows), true);
 }
 
 TEST(CXmlTextWriter, WritesLineEndsOfTheProlog) {
+  // clang-format off
   constexpr Row rows[] = {
       {"also without formatting",
-       [](Writer& w) {
-         w.SetEOLType(EOL_CRLF);
-         w.WriteStartDocument();
-         w.WriteHeaderDirective("d");
-         w.WritePI("p");
-         w.WriteComment("c");
-         w.WriteRawElement("r");
-       },
+       [](Writer& w) { w.SetEOLType(EOL_CRLF); w.WriteStartDocument(); w.WriteHeaderDirective("d");
+         w.WritePI("p"); w.WriteComment("c"); w.WriteRawElement("r"); },
        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\nd\r\np\r\n\r\n<!--c-->\r\nr"},
   };
+  // clang-format on
   ExpectTexts(std::begin(rows), std::end(rows), false);
 
   const struct {
@@ -278,6 +184,7 @@ TEST(CXmlTextWriter, WritesLineEndsOfTheProlog) {
 }
 
 TEST(CXmlTextWriter, WritesRawText) {
+  // clang-format off
   constexpr Row rows[] = {
       {"CDATA", [](Writer& w) { Element(w, "a", "<![CDATA[1 < 2]]><b>\r"); },
        "<a><![CDATA[1 < 2]]><b>\r</a>"},
@@ -285,6 +192,7 @@ TEST(CXmlTextWriter, WritesRawText) {
        "<a> &lt;![CDATA[x]]&gt;</a>"},
       {"marker cut short", [](Writer& w) { Element(w, "a", "<![CDATA"); }, "<a>&lt;![CDATA</a>"},
   };
+  // clang-format on
   ExpectTexts(std::begin(rows), std::end(rows), false);
 }
 
@@ -315,9 +223,9 @@ void ExpectEscaped(const std::string& value) {
   writer.SetFormat(false);
   writer.SetEOLType(EOL_CRLF);
   Start(writer, "a");
-  writer.WriteAttributeString("b", "", value, ItemType_string);
+  writer.WriteAttributeString("b", "", value, kString);
   writer.WriteString(value, ItemType_string, false);
-  writer.WriteEndElement();
+  End(writer);
   const std::string text = Escaped(value, false);
   EXPECT_EQ("<a b=\"" + Escaped(value, true) + "\"" + (value.empty() ? "/>" : ">" + text + "</a>"),
             stream.GetString());
@@ -369,7 +277,7 @@ TEST(CXmlTextWriter, FlushesAtFourKilobytes) {
   Text(writer, "x");
   EXPECT_EQ(1, stream.m_flushes);
   for (int i = 0; i < 10000; ++i) Element(writer, "b", "text");
-  writer.WriteEndElement();
+  End(writer);
   writer.Close();
   EXPECT_LT(stream.m_longest, 4200u);
   EXPECT_EQ(3 + 4093 + 10000 * 11 + 4u, stream.m_text.size());
@@ -383,7 +291,7 @@ TEST(CXmlTextWriter, StaysUsableAfterAFailedFlush) {
   EXPECT_QV_THROW(Start(writer, std::string(5000, 'b').c_str(), "urn:b"), CQvException, "broken");
   EXPECT_QV_THROW(Text(writer, "text"), CQvException, "broken");
   stream.m_isBroken = false;
-  writer.WriteEndElement();
+  End(writer);
   writer.Close();
 }
 
@@ -393,13 +301,12 @@ TEST(CXmlTextWriter, RefusesWrongOrder) {
   writer.SetFormat(false);
   const auto expectNoAttributes = [&] {
     EXPECT_QV_THROW(Attribute(writer, "a", "", ""), CQvException, kMisplacedAttribute);
-    EXPECT_QV_THROW(writer.WriteAttributeType("", "t", ItemType_string), CQvException,
-                    kMisplacedAttribute);
+    EXPECT_QV_THROW(writer.WriteAttributeType("", "t", kString), CQvException, kMisplacedAttribute);
     EXPECT_QV_THROW(writer.WriteAttributeNil(), CQvException, kMisplacedAttribute);
   };
   expectNoAttributes();
   EXPECT_QV_THROW(Text(writer, "x"), CQvException, "An Element has not been opened.");
-  EXPECT_QV_THROW(writer.WriteEndElement(), CQvException, "An Element has not been opened.");
+  EXPECT_QV_THROW(End(writer), CQvException, "An Element has not been opened.");
   Start(writer, "a");
   EXPECT_QV_THROW(writer.WriteHeaderDirective("x"), CQvException,
                   "Headed directives must appear before an Element has been added.");
@@ -408,7 +315,7 @@ TEST(CXmlTextWriter, RefusesWrongOrder) {
   expectNoAttributes();
   EXPECT_QV_THROW(writer.SetEOLType(static_cast<EOLType>(2)), CQvException, "Invalid EOL type.");
   EXPECT_EQ(EOL_LF, writer.GetEOLType());
-  writer.WriteEndElement();
+  End(writer);
   writer.Close();
   EXPECT_EQ("<a><b/></a>", stream.GetString());
 }
@@ -420,7 +327,7 @@ TEST(CXmlTextWriter, WritesAndForgetsAMillionLevels) {
     Writer writer(stream);
     writer.SetFormat(false);
     for (int level = 0; level < kDepth; ++level) Start(writer, "e");
-    for (int level = 0; level < kDepth / 2; ++level) writer.WriteEndElement();
+    for (int level = 0; level < kDepth / 2; ++level) End(writer);
   }
   EXPECT_EQ(kDepth * 3ul + 1 + (kDepth / 2 - 1) * 4ul, stream.GetLength());
 }
