@@ -155,8 +155,7 @@ void CExpatReader::AddAttributes(CXmlElement* element, const char** atts) {
   element->ReserveAttributes(*m_arena, count);
   for (size_t i = 0; i < count; ++i) {
     const CXmlName* name = ReadName(atts[2 * i]);
-    std::string value =
-        m_convertsText ? ToInternalText(atts[2 * i + 1]) : std::string(atts[2 * i + 1]);
+    std::string value = ToInternalText(atts[2 * i + 1]);
     // Attributes that the document type adds cost the input nothing.
     if (i >= specified) ChargeRepetition(sizeof(CXmlAttribute) + value.size());
     element->AppendAttribute(*m_arena, name, std::move(value));
@@ -181,7 +180,10 @@ void CExpatReader::AppendText(const char* text, size_t length) {
 }
 
 void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
-  m_document.AddNamespacePrefix(ToInternalText(prefix).c_str(), ToInternalText(uri).c_str());
+  const auto toInternal = [this](const char* text) {
+    return text != nullptr ? ToInternalText(text) : std::string();
+  };
+  m_document.AddNamespacePrefix(toInternal(prefix).c_str(), toInternal(uri).c_str());
 }
 
 // Gives the open elements their text so far, innermost first.
@@ -210,17 +212,20 @@ const CXmlName* CExpatReader::ReadName(const char* name) {
   return m_lastName = found;
 }
 
+// Split before converting: in some encodings the separator is also the second byte of a character.
 const CXmlName* CExpatReader::FindName(const char* name) {
-  const std::string converted = m_convertsText ? ToInternalText(name) : std::string();
-  const std::string_view key = m_convertsText ? std::string_view(converted) : name;
+  const std::string_view key = name;
   ChargeRepetition(key.size());
   const size_t separator = key.find(detail::kNameSeparator);
-  return m_arena->Intern(key, separator == std::string_view::npos ? 0 : separator);
+  const size_t namespaceLength = separator == std::string_view::npos ? 0 : separator;
+  if (!m_convertsText) return m_arena->Intern(key, namespaceLength);
+  const size_t localStart = namespaceLength == 0 ? 0 : namespaceLength + 1;
+  return m_arena->Intern(ToInternalText(key.substr(0, namespaceLength)),
+                         ToInternalText(key.substr(localStart)));
 }
 
-std::string CExpatReader::ToInternalText(const char* text) const {
-  if (text == nullptr) return std::string();
-  return m_convertsText ? Utf8ToLocalCodePage(text, std::strlen(text)) : std::string(text);
+std::string CExpatReader::ToInternalText(std::string_view text) const {
+  return m_convertsText ? Utf8ToLocalCodePage(text.data(), text.size()) : std::string(text);
 }
 
 void CExpatReader::ChargeRepetition(size_t bytes) {

@@ -72,7 +72,7 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
 
   const detail::CXmlName* ReadName(const char* name);
   const detail::CXmlName* FindName(const char* name);
-  std::string ToInternalText(const char* text) const;
+  std::string ToInternalText(std::string_view text) const;
   void FlushOpenText();
   void ChargeRepetition(size_t bytes);
 
