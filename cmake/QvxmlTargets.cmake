@@ -11,6 +11,11 @@ if(QVXML_SANITIZE)
                                                  -fno-sanitize-recover=all)
   target_link_options(qvxml_options INTERFACE -fsanitize=${QVXML_SANITIZE})
 endif()
+if(QVXML_LIBFUZZER)
+  # The library itself must be instrumented too, or the fuzzer steers by its own target alone.
+  target_compile_options(qvxml_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(qvxml_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # One layer: an OBJECT library whose objects go into the shared library and the static archive.
 # HEADERS are installed as they lie; PRIVATE_HEADERS are not.

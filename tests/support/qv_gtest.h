@@ -1,12 +1,13 @@
-// Assertions on the library's exceptions: the most derived class, the whole message, the whole path.
+// Assertions on the library's exceptions: the most derived class, the whole message, the whole
+// path.
 
 #ifndef TESTS_SUPPORT_QV_GTEST_H_
 #define TESTS_SUPPORT_QV_GTEST_H_
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <typeinfo>
+
+#include <gtest/gtest.h>
 
 #include "qvxml/core/exception.h"
 
@@ -24,12 +25,12 @@ template <class TExpected, class TStatement>
              << ", message: " << exception.GetMessage();
     }
     if (exception.GetMessage() != message) {
-      return ::testing::AssertionFailure() << "message is\n  " << exception.GetMessage()
-                                           << "\ninstead of\n  " << message;
+      return ::testing::AssertionFailure()
+             << "message is\n  " << exception.GetMessage() << "\ninstead of\n  " << message;
     }
     if (exception.GetPath() != path) {
-      return ::testing::AssertionFailure() << "path is\n  " << exception.GetPath()
-                                           << "\ninstead of\n  " << path;
+      return ::testing::AssertionFailure()
+             << "path is\n  " << exception.GetPath() << "\ninstead of\n  " << path;
     }
     return ::testing::AssertionSuccess();
   }

@@ -135,12 +135,23 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
   }
 }
 
+// Gives an element the text from `start` on.
+inline void CExpatReader::TakeOpenText(CXmlElement& element, size_t start) {
+  const std::string_view text = std::string_view(m_openText).substr(start);
+  if (text.find('\r') == std::string_view::npos) {
+    element.AppendWholeText(*m_arena, text);
+  } else {
+    std::string kept;
+    detail::AppendExcludingCR(kept, text.data(), text.size());
+    element.AppendWholeText(*m_arena, kept);
+  }
+  m_openText.resize(start);
+}
+
 inline void CExpatReader::EndElement() {
   const size_t start = m_openTextStarts.back();
-  m_document.m_openElements.back()->AppendWholeText(*m_arena,
-                                                    std::string_view(m_openText).substr(start));
-  m_openText.resize(start);
   m_openTextStarts.pop_back();
+  TakeOpenText(*m_document.m_openElements.back(), start);
   // The callback may look at the elements around the one that it is given.
   if (m_document.m_callback != nullptr) FlushOpenText();
   m_document.EndElement();
@@ -159,19 +170,6 @@ void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
     return text != nullptr ? ToInternalText(text) : std::string();
   };
   m_document.AddNamespacePrefix(toInternal(prefix).c_str(), toInternal(uri).c_str());
-}
-
-// Gives an element the text from `start` on.
-inline void CExpatReader::TakeOpenText(CXmlElement& element, size_t start) {
-  const std::string_view text = std::string_view(m_openText).substr(start);
-  if (text.find('\r') == std::string_view::npos) {
-    element.AppendWholeText(*m_arena, text);
-  } else {
-    std::string kept;
-    detail::AppendExcludingCR(kept, text.data(), text.size());
-    element.AppendWholeText(*m_arena, kept);
-  }
-  m_openText.resize(start);
 }
 
 // Gives the open elements their text so far, innermost first.

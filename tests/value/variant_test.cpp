@@ -1,0 +1,180 @@
+#include "qvxml/core/value/variant.h"
+
+#include <limits>
+
+#include "tests/support/qv_gtest.h"
+
+#include "qvxml/core/value/item_traits.h"
+
+namespace QvXmlLib16 {
+
+// Stands in for a counted object: the variant only ever moves its address and its count.
+class CXmlObjectBase {
+ public:
+  long AddRef() { return ++m_references; }
+  long Release() { return --m_references; }
+  long GetReferences() const { return m_references; }
+
+ private:
+  long m_references = 0;
+};
+
+}  // namespace QvXmlLib16
+
+namespace {
+
+using namespace QvXmlLib16;
+
+struct TextRow {
+  const char* name;
+  ItemType type;
+  const char* text;
+  const char* format;
+  const char* expected;
+};
+
+const TextRow kTexts[] = {
+    {"hexBinary", ItemType_hexBinary, " 00ab ", "", "00AB"},
+    {"base64Binary", ItemType_base64Binary, "AAEC", "", "AAEC"},
+    {"i1", ItemType_i1, "-128", "", "-128"},
+    {"i2", ItemType_i2, "-32768", "", "-32768"},
+    {"i4", ItemType_i4, "-9223372036854775808", "", "-9223372036854775808"},
+    {"i8", ItemType_i8, "9223372036854775807", "", "9223372036854775807"},
+    {"ui1", ItemType_ui1, "255", "", "255"},
+    {"ui2", ItemType_ui2, "65535", "", "65535"},
+    {"ui4", ItemType_ui4, "18446744073709551615", "", "18446744073709551615"},
+    {"ui8", ItemType_ui8, "18446744073709551615", "", "18446744073709551615"},
+    {"r4", ItemType_r4, "0.1", "", "0.1"},
+    {"r8", ItemType_r8, "1.5", "%.3f", "1.500"},
+    {"duration", ItemType_duration, "P1Y2M", "", "P1Y2M"},
+    {"yearMonth", ItemType_yearMonth, "2001-02", "", "2001-02"},
+    {"monthDay", ItemType_monthDay, "--02-29", "", "--02-29"},
+    {"year", ItemType_year, "2001", "", "2001"},
+    {"month", ItemType_month, "--05", "", "--05"},
+    {"day", ItemType_day, "---31", "", "---31"},
+    {"date", ItemType_date, "2001-02-03Z", "", "2001-02-03Z"},
+    {"datetime", ItemType_datetime, "2001-02-03T04:05:06.7", "", "2001-02-03T04:05:06.7"},
+    {"time", ItemType_time, "04:05:06+01:00", "", "04:05:06+01:00"},
+    {"char", ItemType_char, "x", "", "x"},
+    {"string", ItemType_string, " a\tb ", "", "a b"},
+    {"boolean", ItemType_boolean, "1", "", "true"},
+    {"decimal", ItemType_decimal, "1.005", "2", "1.01"},
+    {"integer", ItemType_integer, "-123456789012345678901234567890", "",
+     "-123456789012345678901234567890"},
+};
+
+TEST(QvVariant, EveryTypeConvertsCopiesMovesAndTurnsNil) {
+  int number = 0;
+  for (const TextRow& row : kTexts) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(row.type, ++number);
+    QvVariant value;
+    value.FromString(row.text, row.type, CWhitespaceUtils::ws_collapse);
+    EXPECT_EQ(value.GetType(), row.name);
+    EXPECT_EQ(value.ToString(row.format), row.expected);
+
+    QvVariant copy(value);
+    value.Clear();
+    EXPECT_FALSE(value.IsValid());
+    EXPECT_EQ(copy.ToString(row.format), row.expected);
+    copy = *&copy;
+    const QvVariant moved(std::move(copy));
+    EXPECT_EQ(moved.ToString(row.format), row.expected);
+
+    QvVariant nil(moved);
+    nil.SetNil();
+    const QvVariant nilCopy(nil);
+    EXPECT_TRUE(nilCopy.IsNil() && nilCopy.IsValid());
+    EXPECT_EQ(nilCopy.GetType(), row.name);
+    EXPECT_EQ(nilCopy.ToString(), "");
+  }
+  EXPECT_EQ(number, 26);
+}
+
+TEST(QvVariant, BadTextLeavesTheValueAsItWas) {
+  QvVariant value;
+  value.SetString("kept");
+  EXPECT_QV_THROW(value.FromString("x", ItemType_i4, CWhitespaceUtils::ws_none),
+                  CQvInvalidValueException, "The value [x] can not be converted to a i4");
+  for (int type : {0, 27, 28, 29, -1}) {
+    EXPECT_QV_THROW(value.FromString("1", static_cast<ItemType>(type), CWhitespaceUtils::ws_none),
+                    CQvException,
+                    "Invalid Type " + std::to_string(type) + " to convert from string");
+  }
+  EXPECT_EQ(value.ToString(), "kept");
+}
+
+TEST(QvVariant, WithoutATypeThereIsNoText) {
+  QvVariant value;
+  EXPECT_FALSE(value.IsValid());
+  EXPECT_QV_THROW(value.GetType(), CQvException, "Invalid Type 0");
+  value.SetNil();
+  EXPECT_TRUE(value.IsValid());
+  EXPECT_QV_THROW(value.ToString(), CQvException, "Invalid Type 0 to convert to string");
+  value.SetXmlCollection(nullptr);
+  EXPECT_QV_THROW(value.GetType(), CQvException, "Invalid Type 28");
+  EXPECT_QV_THROW(value.ToString(), CQvException, "Invalid Type 28 to convert to string");
+}
+
+TEST(QvVariant, SettersReplaceWhateverIsHeld) {
+  QvVariant value;
+  value.SetString("text");
+  value.SetString(*value.PeekString() + "s");
+  EXPECT_EQ(value.GetString(), "texts");
+  value.SetNil();
+  value.SetI4(-1);
+  EXPECT_FALSE(value.IsNil());
+  value.SetUI1(7);
+  EXPECT_EQ(value.GetI8(), 7) << "the slot keeps nothing of the wider value before";
+  EXPECT_EQ(value.GetType(), "ui1");
+}
+
+TEST(QvVariant, ObjectGettersSurviveAnotherType) {
+  QvVariant value;
+  EXPECT_EQ(value.GetString(), "");
+  value.SetI4(std::numeric_limits<long>::max());
+  EXPECT_QV_THROW(value.GetString(), CQvException, "Invalid Type 5");
+  EXPECT_EQ(value.PeekString(), nullptr);
+  value.SetString("text");
+  EXPECT_QV_THROW(value.GetDecimal(), CQvException, "Invalid Type 23");
+  value.SetNil();
+  EXPECT_EQ(value.GetString(), "");
+  value.SetDate(CDateTime(static_cast<short>(2001), 2, 3));
+  EXPECT_EQ(value.GetTime().ToString(), "2001-02-03") << "one class serves all date kinds";
+}
+
+TEST(QvVariant, ObjectsAreNeverOwned) {
+  CXmlObjectBase object;
+  {
+    QvVariant value;
+    value.SetXmlObject(&object);
+    QvVariant copy(value);
+    EXPECT_EQ(object.GetReferences(), 0);
+    {
+      const CSmartPtr<CXmlObjectBase> held = copy.GetXmlObject();
+      EXPECT_EQ(held.Ptr(), &object);
+      EXPECT_EQ(object.GetReferences(), 1);
+    }
+    value.SetNil();
+    EXPECT_EQ(value.GetXmlObject(), nullptr);
+    EXPECT_QV_THROW(value.GetType(), CQvException, "Invalid Type 27");
+  }
+  EXPECT_EQ(object.GetReferences(), 0);
+}
+
+TEST(QvVariant, CountsAndLeavesNothing) {
+  const long before = CInstanceMonitor::GetTotal();
+  {
+    QvVariant value;
+    for (const TextRow& row : kTexts) {
+      value.FromString(row.text, row.type, CWhitespaceUtils::ws_collapse);
+      QvVariant copy = value;
+      value = std::move(copy);
+    }
+    EXPECT_GT(CInstanceMonitor::GetCount("QvVariant"), 0);
+  }
+  EXPECT_EQ(CInstanceMonitor::GetTotal(), before);
+  EXPECT_LE(sizeof(QvVariant), 32u);
+}
+
+}  // namespace
