@@ -5,6 +5,7 @@
 
 #include "qvxml/binding/facet_checks.h"
 #include "qvxml/binding/primitive_restrictions.h"
+#include "qvxml/binding/serialization_context.h"
 #include "qvxml/binding/xsd_pattern.h"
 #include "qvxml/core/error_path_provider.h"
 #include "qvxml/core/exception.h"
@@ -32,9 +33,13 @@
 #include "qvxml/xml/compression.h"
 #include "qvxml/xml/encoder.h"
 #include "qvxml/xml/encoding.h"
+#include "qvxml/xml/expat_reader.h"
 #include "qvxml/xml/namespace_alias_map.h"
 #include "qvxml/xml/string_buffer.h"
 #include "qvxml/xml/text_stream.h"
+#include "qvxml/xml/xml_attribute.h"
+#include "qvxml/xml/xml_document.h"
+#include "qvxml/xml/xml_element.h"
 #include "qvxml/xml/xml_text_writer.h"
 #include "qvxml/xml/xml_writer.h"
 
