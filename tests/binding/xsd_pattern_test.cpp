@@ -1,6 +1,7 @@
 #include "qvxml/binding/xsd_pattern.h"
 
 #include <chrono>
+#include <ctime>
 #include <functional>
 #include <string>
 
@@ -33,6 +34,13 @@ void RunOnSmallStack(const std::function<void()>& body) {
             0);
   pthread_join(thread, nullptr);
   pthread_attr_destroy(&attributes);
+}
+
+// Processor time of this thread, so that a busy machine fails no test.
+std::chrono::nanoseconds ThreadTime() {
+  timespec time{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 // "true", "false" or what was thrown.
@@ -148,9 +156,9 @@ TEST(TestRegEx, EndsExponentialMatchingInAnException) {
   for (int length : {30, 100, 1000, 30000, 1000000}) {
     SCOPED_TRACE(length);
     const std::string value = Repeat("a", length) + "b";
-    const auto start = std::chrono::steady_clock::now();
+    const auto start = ThreadTime();
     const std::string outcome = Outcome(value, "(a+)+");
-    const auto elapsed = std::chrono::steady_clock::now() - start;
+    const auto elapsed = ThreadTime() - start;
     EXPECT_EQ(outcome.rfind("Invalid Regular Expression: (a+)+ Error: 'match limit of ", 0), 0u)
         << outcome;
     EXPECT_LT(elapsed, std::chrono::milliseconds(50));
