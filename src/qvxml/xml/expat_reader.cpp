@@ -11,8 +11,8 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
+#include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
-#include "qvxml/xml/text_append_internal.h"
 #include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element_internal.h"
 

@@ -2,27 +2,21 @@
 
 #include "qvxml/xml/xml_document.h"
 
-#include <cstring>
 #include <string_view>
 #include <utility>
 
 #include "qvxml/core/exception.h"
+#include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
-#include "qvxml/xml/text_append_internal.h"
 #include "qvxml/xml/xml_element_internal.h"
 
 namespace QvXmlLib16 {
 
 using detail::CNodeArena;
+using detail::EmptyString;
+using detail::ViewOf;
 
 namespace {
-
-std::string_view ViewOf(const char* text) { return text != nullptr ? text : ""; }
-
-const std::string& EmptyString() {
-  static const std::string empty;
-  return empty;
-}
 
 [[noreturn]] void ThrowNoOpenElement() {
   throw CQvInvalidStateException("There is no open element.");
