@@ -8,8 +8,8 @@
 
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
+#include "qvxml/xml/xml_building_internal.h"
 #include "qvxml/xml/xml_document.h"
-#include "qvxml/xml/xml_element_internal.h"
 
 namespace QvXmlLib16 {
 
