@@ -5,6 +5,7 @@
 
 #include "qvxml/binding/facet_checks.h"
 #include "qvxml/binding/primitive_restrictions.h"
+#include "qvxml/binding/serialization_context.h"
 #include "qvxml/binding/xsd_pattern.h"
 #include "qvxml/core/error_path_provider.h"
 #include "qvxml/core/exception.h"
@@ -29,5 +30,9 @@
 #include "qvxml/types/date_time_span.h"
 #include "qvxml/types/decimal.h"
 #include "qvxml/xml/compression.h"
+#include "qvxml/xml/expat_reader.h"
+#include "qvxml/xml/xml_attribute.h"
+#include "qvxml/xml/xml_document.h"
+#include "qvxml/xml/xml_element.h"
 
 #endif  // QVXML_QVXML_H_

@@ -6,16 +6,21 @@ namespace QvXmlLib16 {
 
 namespace {
 
-// While set, a copy takes one link and leaves the chain to the loop that set it: user classes
-// override only Clone, so the copy constructor is the one place that every link passes through.
-thread_local bool t_isCopyingLink = false;
+// The exception of which a copy takes the one link and leaves the chain to the loop in CloneChain:
+// user classes override only Clone, so the copy constructor is the one place that every link passes
+// through. Known by its address, so that other exceptions copied meanwhile keep their chains.
+thread_local const CQvException* t_linkBeingCloned = nullptr;
 
-class CLinkCopyScope {
+class CLinkCloneScope {
  public:
-  CLinkCopyScope() { t_isCopyingLink = true; }
-  ~CLinkCopyScope() { t_isCopyingLink = false; }
-  CLinkCopyScope(const CLinkCopyScope&) = delete;
-  CLinkCopyScope& operator=(const CLinkCopyScope&) = delete;
+  explicit CLinkCloneScope(const CQvException* link)
+      : m_outer(std::exchange(t_linkBeingCloned, link)) {}
+  ~CLinkCloneScope() { t_linkBeingCloned = m_outer; }
+  CLinkCloneScope(const CLinkCloneScope&) = delete;
+  CLinkCloneScope& operator=(const CLinkCloneScope&) = delete;
+
+ private:
+  const CQvException* m_outer;
 };
 
 std::string WithPath(const std::string& message, const std::string& path) {
@@ -43,7 +48,12 @@ CQvException::CQvException(const std::string& message, const std::string& path,
 CQvException::CQvException(const CQvException& other)
     : m_message(other.m_message),
       m_path(other.m_path),
-      m_inner(t_isCopyingLink ? nullptr : CloneChain(other.m_inner)) {}
+      m_inner(&other == t_linkBeingCloned ? nullptr : CloneChain(other.m_inner)) {}
+
+CQvException::CQvException(CQvException&& other) noexcept
+    : m_message(std::move(other.m_message)),
+      m_path(std::move(other.m_path)),
+      m_inner(std::exchange(other.m_inner, nullptr)) {}
 
 CQvException& CQvException::operator=(const CQvException& other) {
   if (this == &other) return *this;
@@ -62,8 +72,8 @@ CQvException* CQvException::Clone() const { return new CQvException(*this); }
 std::string CQvException::GetFullMessage() const {
   std::string text;
   for (const CQvException* link = this; link != nullptr; link = link->m_inner) {
-    if (!text.empty()) text += '\n';
     text += link->m_message;
+    if (link->m_inner != nullptr && !link->m_message.empty()) text += '\n';
   }
   return text;
 }
@@ -75,8 +85,11 @@ void CQvException::MoveInto(CQvException& outer, CQvException& caught) {
 }
 
 CQvException* CQvException::CloneLink() const {
-  const CLinkCopyScope scope;
-  return Clone();
+  const CLinkCloneScope scope(this);
+  CQvException* clone = Clone();
+  // A user's Clone that does not copy, but builds from the parts, brings a chain of its own.
+  DeleteChain(std::exchange(clone->m_inner, nullptr));
+  return clone;
 }
 
 // A loop, not a recursion: a chain may have as many links as a document has levels.
@@ -112,6 +125,7 @@ CQvValidationException::CQvValidationException(const std::string& message, const
                                                const CQvException& inner)
     : CQvException(message, path, inner) {}
 CQvValidationException::CQvValidationException(const CQvValidationException& other) = default;
+CQvValidationException::CQvValidationException(CQvValidationException&& other) noexcept = default;
 CQvValidationException::~CQvValidationException() = default;
 CQvException* CQvValidationException::Clone() const { return new CQvValidationException(*this); }
 
@@ -124,6 +138,8 @@ CQvInvalidValueException::CQvInvalidValueException(const std::string& message,
                                                    const CQvException& inner)
     : CQvValidationException(message, std::string(), inner) {}
 CQvInvalidValueException::CQvInvalidValueException(const CQvInvalidValueException& other) = default;
+CQvInvalidValueException::CQvInvalidValueException(CQvInvalidValueException&& other) noexcept =
+    default;
 CQvInvalidValueException::~CQvInvalidValueException() = default;
 CQvException* CQvInvalidValueException::Clone() const {
   return new CQvInvalidValueException(*this);
@@ -141,6 +157,8 @@ CQvInvalidNamespaceException::CQvInvalidNamespaceException(const std::string& me
     : CQvValidationException(message, path, inner) {}
 CQvInvalidNamespaceException::CQvInvalidNamespaceException(
     const CQvInvalidNamespaceException& other) = default;
+CQvInvalidNamespaceException::CQvInvalidNamespaceException(
+    CQvInvalidNamespaceException&& other) noexcept = default;
 CQvInvalidNamespaceException::~CQvInvalidNamespaceException() = default;
 CQvException* CQvInvalidNamespaceException::Clone() const {
   return new CQvInvalidNamespaceException(*this);
@@ -155,6 +173,8 @@ CQvInvalidStateException::CQvInvalidStateException(const std::string& message,
                                                    const CQvException& inner)
     : CQvException(message, inner) {}
 CQvInvalidStateException::CQvInvalidStateException(const CQvInvalidStateException& other) = default;
+CQvInvalidStateException::CQvInvalidStateException(CQvInvalidStateException&& other) noexcept =
+    default;
 CQvInvalidStateException::~CQvInvalidStateException() = default;
 CQvException* CQvInvalidStateException::Clone() const {
   return new CQvInvalidStateException(*this);
@@ -169,6 +189,8 @@ CQvInvalidParamException::CQvInvalidParamException(const std::string& message,
                                                    const CQvException& inner)
     : CQvException(message, inner) {}
 CQvInvalidParamException::CQvInvalidParamException(const CQvInvalidParamException& other) = default;
+CQvInvalidParamException::CQvInvalidParamException(CQvInvalidParamException&& other) noexcept =
+    default;
 CQvInvalidParamException::~CQvInvalidParamException() = default;
 CQvException* CQvInvalidParamException::Clone() const {
   return new CQvInvalidParamException(*this);
@@ -180,6 +202,7 @@ CQvOverFlowException::CQvOverFlowException(const std::string& message) : CQvExce
 CQvOverFlowException::CQvOverFlowException(const std::string& message, const CQvException& inner)
     : CQvException(message, inner) {}
 CQvOverFlowException::CQvOverFlowException(const CQvOverFlowException& other) = default;
+CQvOverFlowException::CQvOverFlowException(CQvOverFlowException&& other) noexcept = default;
 CQvOverFlowException::~CQvOverFlowException() = default;
 CQvException* CQvOverFlowException::Clone() const { return new CQvOverFlowException(*this); }
 

@@ -25,6 +25,8 @@ class QVXML_API CQvException {
   CQvException(const std::string& message, const std::string& path, const CQvException& inner);
   /// Clones the other's inner exception.
   CQvException(const CQvException& other);
+  /// Takes the other's inner exception, so that throwing a local one by name copies no chain.
+  CQvException(CQvException&& other) noexcept;
 
   /// Copies the message and clones the inner exception. The path stays the target's own.
   CQvException& operator=(const CQvException& other);
@@ -73,6 +75,7 @@ class QVXML_API CQvValidationException : public CQvException {
   CQvValidationException(const std::string& message, const std::string& path,
                          const CQvException& inner);
   CQvValidationException(const CQvValidationException& other);
+  CQvValidationException(CQvValidationException&& other) noexcept;
   CQvValidationException& operator=(const CQvValidationException& other) = default;
   ~CQvValidationException() override;
 
@@ -87,6 +90,7 @@ class QVXML_API CQvInvalidValueException : public CQvValidationException {
   explicit CQvInvalidValueException(const std::string& message);
   CQvInvalidValueException(const std::string& message, const CQvException& inner);
   CQvInvalidValueException(const CQvInvalidValueException& other);
+  CQvInvalidValueException(CQvInvalidValueException&& other) noexcept;
   CQvInvalidValueException& operator=(const CQvInvalidValueException& other) = default;
   ~CQvInvalidValueException() override;
 
@@ -102,6 +106,7 @@ class QVXML_API CQvInvalidNamespaceException : public CQvValidationException {
   CQvInvalidNamespaceException(const std::string& message, const std::string& path,
                                const CQvException& inner);
   CQvInvalidNamespaceException(const CQvInvalidNamespaceException& other);
+  CQvInvalidNamespaceException(CQvInvalidNamespaceException&& other) noexcept;
   CQvInvalidNamespaceException& operator=(const CQvInvalidNamespaceException& other) = default;
   ~CQvInvalidNamespaceException() override;
 
@@ -116,6 +121,7 @@ class QVXML_API CQvInvalidStateException : public CQvException {
   explicit CQvInvalidStateException(const std::string& message);
   CQvInvalidStateException(const std::string& message, const CQvException& inner);
   CQvInvalidStateException(const CQvInvalidStateException& other);
+  CQvInvalidStateException(CQvInvalidStateException&& other) noexcept;
   CQvInvalidStateException& operator=(const CQvInvalidStateException& other) = default;
   ~CQvInvalidStateException() override;
 
@@ -130,6 +136,7 @@ class QVXML_API CQvInvalidParamException : public CQvException {
   explicit CQvInvalidParamException(const std::string& message);
   CQvInvalidParamException(const std::string& message, const CQvException& inner);
   CQvInvalidParamException(const CQvInvalidParamException& other);
+  CQvInvalidParamException(CQvInvalidParamException&& other) noexcept;
   CQvInvalidParamException& operator=(const CQvInvalidParamException& other) = default;
   ~CQvInvalidParamException() override;
 
@@ -144,6 +151,7 @@ class QVXML_API CQvOverFlowException : public CQvException {
   explicit CQvOverFlowException(const std::string& message);
   CQvOverFlowException(const std::string& message, const CQvException& inner);
   CQvOverFlowException(const CQvOverFlowException& other);
+  CQvOverFlowException(CQvOverFlowException&& other) noexcept;
   CQvOverFlowException& operator=(const CQvOverFlowException& other) = default;
   ~CQvOverFlowException() override;
 

@@ -12,7 +12,7 @@ namespace {
 
 // End of the conversion that starts at `percent`: the address of its letter, or of the final NUL.
 const char* FindConversionLetter(const char* percent) {
-  return percent + 1 + std::strspn(percent + 1, "#-+ 0123456789.*'IhlLqjzt");
+  return percent + 1 + std::strspn(percent + 1, "#-+ 0123456789$.*'IhlLqjzt");
 }
 
 bool StoresCount(const char* format) {
@@ -24,7 +24,8 @@ bool StoresCount(const char* format) {
   return false;
 }
 
-// "%n" stores through its argument. "%.0s" takes the same argument and reads and writes nothing.
+// "%n" stores through its argument. "%.0s" takes the same argument and reads and writes nothing,
+// and so does "%1$.0s" for "%1$n".
 std::string WithoutStores(const char* format) {
   std::string safe;
   while (*format != '\0') {
@@ -32,7 +33,9 @@ std::string WithoutStores(const char* format) {
     if (percent == nullptr) break;
     const char* letter = FindConversionLetter(percent);
     if (*letter == 'n') {
-      safe.append(format, percent).append("%.0s");
+      const auto* const dollar = static_cast<const char*>(
+          std::memchr(percent, '$', static_cast<size_t>(letter - percent)));
+      safe.append(format, dollar != nullptr ? dollar + 1 : percent + 1).append(".0s");
       format = letter + 1;
     } else {
       const char* end = *letter == '\0' ? letter : letter + 1;

@@ -26,7 +26,8 @@ class QVXML_API CInvariantLocaleScope {
 
 /// For the length of a scope, makes mbrtowc and wcrtomb on this thread usable for text: a program
 /// that never called setlocale has LC_CTYPE "C", in which every byte from 0x80 on is refused, so
-/// UTF-8 takes its place. Any other LC_CTYPE is left as it is.
+/// UTF-8 takes its place. Any other locale stays in force, and a setlocale on another thread does
+/// not reach into the scope.
 class QVXML_API CTextLocaleScope {
  public:
   CTextLocaleScope();
@@ -36,6 +37,7 @@ class QVXML_API CTextLocaleScope {
 
  private:
   locale_t m_previous;
+  locale_t m_snapshot;
 };
 
 /// Converts text of the locale's multibyte encoding to UTF-8. `length` counts bytes; null is empty.
@@ -44,6 +46,17 @@ class QVXML_API CTextLocaleScope {
 /// incomplete character at the end and a character above U+10FFFF. Valid UTF-8 passes unchanged in
 /// a UTF-8 locale and in a program that never called setlocale.
 QVXML_API std::string LocalCodePageToUtf8(const char* text, size_t length);
+
+/// Converts UTF-8 to text of the locale's multibyte encoding. `length` counts bytes; null is empty.
+///
+/// A character that the encoding lacks becomes "?", and so does each byte that begins no valid
+/// UTF-8 sequence. ASCII passes unchanged in every locale.
+QVXML_API std::string Utf8ToLocalCodePage(const char* text, size_t length);
+
+/// Converts wide characters to text of the locale's multibyte encoding. `length` counts
+/// characters; null is empty. A surrogate, a value above 0x10FFFF and a character that the
+/// encoding lacks become "?".
+QVXML_API std::string UnicodeToLocalCodePage(const wchar_t* text, size_t length);
 
 }  // namespace QvXmlLib16
 

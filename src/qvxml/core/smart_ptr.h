@@ -4,6 +4,7 @@
 #define QVXML_CORE_SMART_PTR_H_
 
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 namespace QvXmlLib16 {
@@ -11,19 +12,18 @@ namespace QvXmlLib16 {
 /// Holds one reference to a `T`, which must offer AddRef() and Release(): taken when a pointer is
 /// taken, dropped when the holder is destroyed, reset or given another pointer.
 ///
-/// A bare pointer converts without a cast, so a factory may return `new CThing`.
+/// A bare pointer converts without a cast, so a factory may return `new CThing`, nullptr or NULL.
 template <class T>
 class CSmartPtr {
  public:
   CSmartPtr() noexcept = default;
-  CSmartPtr(std::nullptr_t) noexcept {}
   CSmartPtr(T* object) : m_object(object) {
     if (m_object != nullptr) m_object->AddRef();
   }
   CSmartPtr(const CSmartPtr& other) : CSmartPtr(other.m_object) {}
   CSmartPtr(CSmartPtr&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
   /// From a pointer to a derived class.
-  template <class TDerived>
+  template <class TDerived, class = std::enable_if_t<std::is_convertible<TDerived*, T*>::value>>
   CSmartPtr(const CSmartPtr<TDerived>& other) : CSmartPtr(static_cast<T*>(other.Ptr())) {}
   ~CSmartPtr() { reset(); }
 
@@ -63,12 +63,12 @@ template <class T, class U>
 bool operator!=(const CSmartPtr<T>& left, const CSmartPtr<U>& right) noexcept {
   return left.Ptr() != right.Ptr();
 }
-template <class T>
-bool operator==(const CSmartPtr<T>& left, const T* right) noexcept {
+template <class T, class U>
+bool operator==(const CSmartPtr<T>& left, const U* right) noexcept {
   return left.Ptr() == right;
 }
-template <class T>
-bool operator!=(const CSmartPtr<T>& left, const T* right) noexcept {
+template <class T, class U>
+bool operator!=(const CSmartPtr<T>& left, const U* right) noexcept {
   return left.Ptr() != right;
 }
 template <class T>

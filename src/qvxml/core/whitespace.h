@@ -13,7 +13,7 @@ namespace QvXmlLib16 {
 /// and line feed; text is bytes, and every other byte passes unchanged.
 class QVXML_API CWhitespaceUtils {
  public:
-  enum WhitespaceRule {
+  enum WhitespaceRule : int {
     ws_none = 0,      ///< Text used exactly as given.
     ws_preserve = 1,  ///< Line ends normalised only.
     ws_replace = 2,   ///< Every whitespace character becomes a space.

@@ -2,6 +2,8 @@
 
 #include <cstring>
 #include <map>
+#include <memory>
+#include <string_view>
 
 namespace QvXmlLib16 {
 
@@ -39,6 +41,21 @@ long CInstanceMonitor::GetTotal() {
     count += counter->m_count.load(std::memory_order_relaxed);
   }
   return count;
+}
+
+CInstanceCounter& CInstanceMonitor::GetCounter(const char* className) {
+  const std::string_view name = className != nullptr ? className : "";
+  for (CInstanceCounter* counter = g_counters.load(std::memory_order_acquire); counter != nullptr;
+       counter = counter->m_next) {
+    if (name == counter->m_className) return *counter;
+  }
+  // Both stay for the life of the process. Two threads may make one each; their counts are summed.
+  std::unique_ptr<char[]> copy(new char[name.size() + 1]());
+  name.copy(copy.get(), name.size());
+  auto* const counter = new CInstanceCounter(copy.get());
+  copy.release();
+  counter->List();
+  return *counter;
 }
 
 void CInstanceMonitor::Dump(std::string& text) {

@@ -66,9 +66,29 @@ class QVXML_API CInstanceMonitor {
   static long GetCount(const char* className);
   /// Sum of the counts of all classes.
   static long GetTotal();
+  /// The counter of that name, made when there is none yet. The name is copied; null is "".
+  static CInstanceCounter& GetCounter(const char* className);
   /// Appends one line "name: count" and a line feed for each class with live objects, in order of
   /// their names.
   static void Dump(std::string& text);
+};
+
+/// Registers one object under a name given at run time: the member of a base class that lets its
+/// subclasses name themselves. Copies count under the same name.
+class QVXML_API CNamedInstance {
+ public:
+  explicit CNamedInstance(const char* className)
+      : m_counter(CInstanceMonitor::GetCounter(className)) {
+    m_counter.Add();
+  }
+  CNamedInstance(const CNamedInstance& other) noexcept : m_counter(other.m_counter) {
+    m_counter.Add();
+  }
+  CNamedInstance& operator=(const CNamedInstance&) noexcept { return *this; }
+  ~CNamedInstance() { m_counter.Remove(); }
+
+ private:
+  CInstanceCounter& m_counter;
 };
 
 }  // namespace QvXmlLib16

@@ -1,0 +1,202 @@
+// Writes a document of 10 MB (attributes, numbers, text to escape) through the writer interface and
+// compares that with libexpat parsing it and with what other libraries need to save it. The rounds
+// of all programs alternate, so that a change of the machine's speed meets them alike; the median
+// counts.
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <expat.h>
+
+#include "qvxml/xml/xml_text_writer.h"
+
+#if defined(QVXML_BENCH_PUGIXML)
+#include <pugixml.hpp>
+#endif
+#if defined(QVXML_BENCH_LIBXML2)
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#endif
+
+namespace {
+
+using namespace QvXmlLib16;
+
+constexpr int kRounds = 15;
+constexpr size_t kRecords = 32000;
+
+const std::string kOrderNamespace = "urn:example:purchase:orders";
+const std::string kExtraNamespace = "http://example.com/2024/schema/extra";
+const std::string kNone;
+
+// Names and values as the binding engine would hand them over.
+const std::string kOrders = "orders", kOrder = "order", kId = "id", kStatus = "status",
+                  kPriority = "priority", kCustomer = "customer", kDate = "date",
+                  kAmount = "amount", kCurrency = "currency", kNote = "note", kOpen = "open",
+                  kEuro = "EUR";
+
+struct Record {
+  std::string id, priority, customer, date, amount, note;
+};
+
+std::vector<Record> MakeRecords() {
+  std::vector<Record> records(kRecords);
+  for (size_t i = 0; i < records.size(); ++i) {
+    records[i] = {std::to_string(i),
+                  std::to_string(i % 5),
+                  "Smith & Sons, Ltd. <sales" + std::to_string(i) + "@example.com>",
+                  "2024-03-" + std::to_string(10 + i % 18) + "T10:11:12",
+                  std::to_string(i * 7 % 10000) + "." + std::to_string(10 + i % 90),
+                  "Deliver to the back door; call before arriving, the bell is broken."};
+  }
+  return records;
+}
+
+void WriteElement(CXmlWriter& writer, const std::string& name, const std::string& text,
+                  ItemType type) {
+  writer.WriteStartElement(name, kOrderNamespace);
+  writer.WriteString(text, type, false);
+  writer.WriteEndElement();
+}
+
+void WriteRecord(CXmlWriter& writer, const Record& record) {
+  writer.WriteStartElement(kOrder, kOrderNamespace);
+  writer.WriteAttributeString(kId, kNone, record.id, ItemType_i4);
+  writer.WriteAttributeString(kStatus, kNone, kOpen, ItemType_string);
+  writer.WriteAttributeString(kPriority, kExtraNamespace, record.priority, ItemType_i4);
+  WriteElement(writer, kCustomer, record.customer, ItemType_string);
+  WriteElement(writer, kDate, record.date, ItemType_datetime);
+  writer.WriteStartElement(kAmount, kOrderNamespace);
+  writer.WriteAttributeString(kCurrency, kNone, kEuro, ItemType_string);
+  writer.WriteString(record.amount, ItemType_decimal, false);
+  writer.WriteEndElement();
+  WriteElement(writer, kNote, record.note, ItemType_string);
+  writer.WriteEndElement();
+}
+
+void WriteDocument(CTextStream& stream, const std::vector<Record>& records) {
+  CXmlTextWriter textWriter(stream);
+  textWriter.Open();
+  textWriter.WriteStartDocument();
+  CXmlWriter& writer = textWriter;
+  writer.AddNamespace("o", kOrderNamespace);
+  writer.AddNamespace("x", kExtraNamespace);
+  writer.WriteStartElement(kOrders, kOrderNamespace);
+  for (const Record& record : records) WriteRecord(writer, record);
+  writer.WriteEndElement();
+  writer.Close();
+}
+
+void ParseWithExpat(const std::string& document) {
+  const XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
+  XML_SetElementHandler(
+      parser, [](void*, const char*, const char**) {}, [](void*, const char*) {});
+  XML_SetCharacterDataHandler(parser, [](void*, const char*, int) {});
+  if (XML_Parse(parser, document.data(), static_cast<int>(document.size()), 1) != XML_STATUS_OK) {
+    std::puts("libexpat refuses the document");
+  }
+  XML_ParserFree(parser);
+}
+
+struct Program {
+  const char* name;
+  std::function<void()> run;
+  std::vector<double> milliseconds = {};
+
+  double Median() const {
+    std::vector<double> sorted = milliseconds;
+    std::sort(sorted.begin(), sorted.end());
+    return sorted[sorted.size() / 2];
+  }
+};
+
+// Time of the processor, in milliseconds: unlike the wall clock it stands still while others run.
+double Now() { return static_cast<double>(std::clock()) * 1000.0 / CLOCKS_PER_SEC; }
+
+void Measure(std::vector<Program>& programs) {
+  for (int round = 0; round < kRounds; ++round) {
+    for (Program& program : programs) {
+      const double start = Now();
+      program.run();
+      program.milliseconds.push_back(Now() - start);
+    }
+  }
+}
+
+void Print(const std::vector<Program>& programs, size_t bytes) {
+  const double reference = programs.front().Median();
+  std::printf("%-44s %10s %10s %10s\n", "", "ms", "MB/s", "of expat");
+  for (const Program& program : programs) {
+    const double median = program.Median();
+    std::printf("%-44s %10.2f %10.0f %10.2f\n", program.name, median,
+                static_cast<double>(bytes) / 1000.0 / median, median / reference);
+  }
+}
+
+#if defined(QVXML_BENCH_PUGIXML)
+struct StringSink : pugi::xml_writer {
+  void write(const void* bytes, size_t length) override {
+    text.append(static_cast<const char*>(bytes), length);
+  }
+  std::string text;
+};
+#endif
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<Record> records = MakeRecords();
+  CTextStream stream;
+  WriteDocument(stream, records);
+  const std::string document = stream.GetString();
+  const std::string path =
+      (argc > 1 ? std::string(argv[1]) : std::string("/tmp")) + "/xml_writer_bench.xml";
+
+  std::vector<Program> programs;
+  programs.push_back({"libexpat, namespaces, empty handlers", [&] { ParseWithExpat(document); }});
+  programs.push_back({"writer, to memory", [&] {
+                        CTextStream memory;
+                        WriteDocument(memory, records);
+                      }});
+  programs.push_back({"writer, to memory, encoded", [&] {
+                        CTextStream memory;
+                        WriteDocument(memory, records);
+                        memory.GetEncodedStream();
+                      }});
+  programs.push_back({"writer, to a file", [&] {
+                        CFileTextStream file(path.c_str());
+                        WriteDocument(file, records);
+                      }});
+#if defined(QVXML_BENCH_PUGIXML)
+  pugi::xml_document pugiDocument;
+  pugiDocument.load_buffer(document.data(), document.size());
+  programs.push_back({"pugixml, saving a ready tree", [&] {
+                        StringSink sink;
+                        pugiDocument.save(sink, "\t", pugi::format_default, pugi::encoding_utf8);
+                      }});
+#endif
+#if defined(QVXML_BENCH_LIBXML2)
+  const xmlDocPtr libxmlDocument = xmlReadMemory(document.data(), static_cast<int>(document.size()),
+                                                 nullptr, nullptr, XML_PARSE_NOBLANKS);
+  programs.push_back({"libxml2, saving a ready tree", [&] {
+                        xmlChar* text = nullptr;
+                        int length = 0;
+                        xmlDocDumpFormatMemoryEnc(libxmlDocument, &text, &length, "UTF-8", 1);
+                        xmlFree(text);
+                      }});
+#endif
+
+  Measure(programs);
+  std::printf("%zu bytes, %zu elements, median of %d rounds\n", document.size(), 1 + 5 * kRecords,
+              kRounds);
+  Print(programs, document.size());
+#if defined(QVXML_BENCH_LIBXML2)
+  xmlFreeDoc(libxmlDocument);
+#endif
+  std::remove(path.c_str());
+  return 0;
+}

@@ -1,0 +1,55 @@
+#include "qvxml/binding/serialization_context.h"
+
+#include <cstring>
+
+#include "qvxml/core/exception.h"
+
+namespace QvXmlLib16 {
+
+namespace {
+
+const char* TextOf(const char* value) { return value != nullptr ? value : ""; }
+
+}  // namespace
+
+constinit CInstanceCounter CSerializationContext::s_instances("CSerializationContext");
+CSerializationContext CSerializationContext::m_defaultContext;
+
+CSerializationContext::CSerializationContext() = default;
+CSerializationContext::CSerializationContext(const CSerializationContext& other) = default;
+CSerializationContext& CSerializationContext::operator=(const CSerializationContext& other) =
+    default;
+CSerializationContext::~CSerializationContext() = default;
+
+void CSerializationContext::SetIgnoreUnknownElements(bool value) {
+  if (value && m_ignoreMissingMandatoryElements) {
+    throw CQvInvalidStateException(
+        "The parser can only ignore additional elements, or ignore the fact that some required ones are missing, you can not ignore both\nSet IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
+  }
+  m_ignoreUnknownElements = value;
+}
+
+void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
+  if (value && m_ignoreUnknownElements) {
+    throw CQvInvalidStateException(
+        "The parser can only ignore additional elements, or ignore the fact that some required ones are missing, you can not ignore both\nSet IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
+  }
+  m_ignoreMissingMandatoryElements = value;
+}
+
+void CSerializationContext::SetDefaultNamespaceURI(const char* value) {
+  m_defaultNamespaceUri = TextOf(value);
+}
+
+void CSerializationContext::SetInLineSchema(const char* value) { m_inLineSchema = TextOf(value); }
+
+void CSerializationContext::SetIndentChars(const char* value) {
+  const char* const text = TextOf(value);
+  if (text[std::strspn(text, " \t")] != '\0') {
+    throw CQvInvalidParamException(
+        "IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
+  }
+  m_indentChars = text;
+}
+
+}  // namespace QvXmlLib16

@@ -1,0 +1,138 @@
+// The options of one serialization or deserialization.
+
+#ifndef QVXML_BINDING_SERIALIZATION_CONTEXT_H_
+#define QVXML_BINDING_SERIALIZATION_CONTEXT_H_
+
+#include <string>
+#include <vector>
+
+#include "qvxml/support/export.h"
+#include "qvxml/support/instance_monitor.h"
+#include "qvxml/xml/namespace_alias_map.h"
+
+namespace QvXmlLib16 {
+
+/// The kind of schema that the classes were generated from. The numbers are fixed.
+enum SchemaType : int {
+  SchemaType_Default = 0,
+  SchemaType_1 = 1,
+  /// Elements are matched by their local names alone and namespaces are ignored. Documents are read
+  /// without namespace processing: "p:name" and "xmlns:p" arrive as local names, and attributes
+  /// such as xmlns and xsi:type count as unexpected unless unknown attributes are ignored.
+  SchemaType_LocalNames = 2,
+};
+
+/// Tells readers what they may ignore and writers what they add to the document.
+///
+/// Getters never fail. A context may serve several serializations at once as long as nobody changes
+/// it. Null text given to a setter stands for "".
+class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationContext> {
+ public:
+  /// What documents and objects use when they are given no context.
+  static CSerializationContext m_defaultContext;
+
+  CSerializationContext();
+  CSerializationContext(const CSerializationContext& other);
+  CSerializationContext& operator=(const CSerializationContext& other);
+  virtual ~CSerializationContext();
+
+  // What reading tolerates; all off at first.
+
+  /// Attributes that the class does not know are skipped.
+  bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
+  void SetIgnoreUnknownAttributes(bool value) { m_ignoreUnknownAttributes = value; }
+  /// Elements that the class does not know are skipped. Excludes IgnoreMissingMandatoryElements:
+  /// reading can find its place again after one or the other, not both. Setting it to true while
+  /// the other is true throws CQvInvalidStateException "The parser can only ignore additional
+  /// elements, or ignore the fact that some required ones are missing, you can not ignore both\nSet
+  /// IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true".
+  bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
+  void SetIgnoreUnknownElements(bool value);
+  /// A missing mandatory member of a sequence counts as read. Setting it to true while
+  /// IgnoreUnknownElements is true throws CQvInvalidStateException as above, with the two names
+  /// exchanged in the second line.
+  bool GetIgnoreMissingMandatoryElements() const { return m_ignoreMissingMandatoryElements; }
+  void SetIgnoreMissingMandatoryElements(bool value);
+  /// A choice may have no member, in reading and in writing.
+  bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+  void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
+  /// Collections may hold fewer or more items than the schema allows.
+  bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
+  void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
+  /// Elements and attributes are matched by their local names. Also true, whatever was set, while
+  /// the schema type is SchemaType_LocalNames.
+  bool GetIgnoreNamespaces() const {
+    return m_ignoreNamespaces || m_schemaType == SchemaType_LocalNames;
+  }
+  void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
+
+  // How documents are read.
+
+  /// SchemaType_Default at first. A document takes it when it is constructed.
+  SchemaType GetSchemaType() const { return m_schemaType; }
+  void SetSchemaType(SchemaType value) { m_schemaType = value; }
+  /// Whether the text of an element holds the content of a CDATA section alone (true, at first), or
+  /// with its "<![CDATA[" and "]]>" around it.
+  bool GetStripCDATA() const { return m_stripCDATA; }
+  void SetStripCDATA(bool value) { m_stripCDATA = value; }
+
+  // What writing adds and leaves out.
+
+  /// Whether a derived class written under another element's name gets an xsi:type attribute; true
+  /// at first.
+  bool GetWriteTypeAttribute() const { return m_writeTypeAttribute; }
+  void SetWriteTypeAttribute(bool value) { m_writeTypeAttribute = value; }
+  /// Whether optional attributes that hold their default are left out; false at first.
+  bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaultOutput; }
+  void SetNoOptionalAttributeDefaultOutput(bool value) {
+    m_noOptionalAttributeDefaultOutput = value;
+  }
+  /// Whether elements that hold their default are written with it; false at first.
+  bool GetWriteDefaultElementValues() const { return m_writeDefaultElementValues; }
+  void SetWriteDefaultElementValues(bool value) { m_writeDefaultElementValues = value; }
+  /// Default namespace declared on the root; "" (at first) declares none.
+  std::string GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
+  void SetDefaultNamespaceURI(const char* value);
+  /// Schema text written as it is inside the root; "" at first.
+  std::string GetInLineSchema() const { return m_inLineSchema; }
+  void SetInLineSchema(const char* value);
+  /// Text of one level of indentation, one tab at first; "" means none. Throws
+  /// CQvInvalidParamException "IndentChars can only contain Whitespace characters, i.e. \t or
+  /// spaces", with a backslash and a t, for anything but spaces and tabs, and then keeps the old
+  /// value.
+  std::string GetIndentChars() const { return m_indentChars; }
+  void SetIndentChars(const char* value);
+  /// Prefixes that the root declares, for the caller to fill.
+  CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+  const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+  /// Processing instructions written before the root, for the caller to fill.
+  std::vector<std::string>& GetProcessingInstructions() { return m_processingInstructions; }
+  const std::vector<std::string>& GetProcessingInstructions() const {
+    return m_processingInstructions;
+  }
+
+ private:
+  friend class TInstanceCounted<CSerializationContext>;
+  static CInstanceCounter s_instances;
+
+  std::string m_defaultNamespaceUri;
+  bool m_writeTypeAttribute = true;
+  CNamespaceAliasMap m_namespaceAliases;
+  std::vector<std::string> m_processingInstructions;
+  std::string m_inLineSchema;
+  bool m_ignoreInvalidCollectionCounts = false;
+  bool m_ignoreMissingChoice = false;
+  bool m_ignoreMissingMandatoryElements = false;
+  bool m_ignoreUnknownElements = false;
+  bool m_ignoreUnknownAttributes = false;
+  bool m_ignoreNamespaces = false;
+  SchemaType m_schemaType = SchemaType_Default;
+  bool m_noOptionalAttributeDefaultOutput = false;
+  bool m_writeDefaultElementValues = false;
+  bool m_stripCDATA = true;
+  std::string m_indentChars = "\t";
+};
+
+}  // namespace QvXmlLib16
+
+#endif  // QVXML_BINDING_SERIALIZATION_CONTEXT_H_

@@ -1,0 +1,200 @@
+// The arbitrary-precision integer of the XSD type integer.
+
+#ifndef QVXML_TYPES_BIG_INTEGER_H_
+#define QVXML_TYPES_BIG_INTEGER_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "qvxml/support/export.h"
+#include "qvxml/support/instance_monitor.h"
+
+namespace QvXmlLib16 {
+
+/// An exact signed integer of any length.
+///
+/// A value: copies are independent, zero is never negative, a moved-from object is zero. Magnitudes
+/// below 10^18 take no heap memory. Text is read and written, and powers of ten are applied, in
+/// time linear in the number of digits.
+///
+/// Operations whose result needs memory throw std::bad_alloc or std::length_error when there is not
+/// enough, and leave their operands as they were. Text and exponents are limited (see
+/// SetDigitLimit and SetExponentLimit); the results of arithmetic are not.
+class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
+ public:
+  // Construction.
+
+  /// Zero.
+  CBigInteger() noexcept = default;
+  CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
+  CBigInteger(long value) : CBigInteger(static_cast<long long>(value)) {}
+  CBigInteger(long long value);
+  CBigInteger(unsigned int value) : CBigInteger(static_cast<unsigned long long>(value)) {}
+  CBigInteger(unsigned long value) : CBigInteger(static_cast<unsigned long long>(value)) {}
+  CBigInteger(unsigned long long value);
+  /// The value of `text`, as Parse reads it.
+  CBigInteger(const char* text);
+  /// The value of the whole of `text`: an embedded NUL is an invalid character.
+  explicit CBigInteger(const std::string& text);
+  CBigInteger(const CBigInteger&) = default;
+  CBigInteger(CBigInteger&& other) noexcept;
+  CBigInteger& operator=(const CBigInteger&) = default;
+  CBigInteger& operator=(CBigInteger&& other) noexcept;
+  ~CBigInteger() = default;
+
+  /// 10^exponent. An exponent above the exponent limit throws CQvInvalidValueException with the
+  /// message of Parse for the text "1E<exponent>" and the position of its "E".
+  static CBigInteger Pow10(unsigned int exponent);
+
+  // Limits, for the whole process; any thread may read and set them.
+
+  /// Digits that Parse accepts, leading zeros not counted: 1,000,000 unless set. CDecimal applies
+  /// it to the digits on both sides of the point together.
+  static std::size_t GetDigitLimit() noexcept;
+  /// Values above 1,000,000,000 count as that.
+  static void SetDigitLimit(std::size_t digits) noexcept;
+  /// Greatest exponent of Pow10, greatest magnitude of an exponent in the text of a CDecimal and
+  /// greatest scale that a CDecimal takes as an argument: 1,000,000 unless set.
+  static unsigned int GetExponentLimit() noexcept;
+  /// Values above 1,000,000,000 count as that.
+  static void SetExponentLimit(unsigned int exponent) noexcept;
+
+  // Text.
+
+  /// Sets the value from decimal text: optional whitespace, an optional "+" or "-", one or more
+  /// digits, optional whitespace. Null is read as "".
+  ///
+  /// Anything else throws CQvInvalidValueException "The string representing a Big Integer,
+  /// contained an invalid char at position %d [%s]." with the 0-based index of the character, or of
+  /// the end when digits are missing, and the whole text. Digits beyond the digit limit fail the
+  /// same way at the first digit too many, before any memory is taken. The value is then unchanged.
+  void Parse(const char* text);
+  /// Parse for `length` bytes; `text` may be null when it is 0.
+  void Parse(const char* text, std::size_t length);
+  /// The decimal digits without leading zeros, after "-" when negative; "0" for zero.
+  std::string ToString() const;
+
+  // Inspection.
+
+  bool IsZero() const noexcept { return m_limbs.empty() && m_limb == 0; }
+  /// True when below zero.
+  bool IsNegative() const noexcept { return m_isNegative; }
+  /// True when below zero.
+  bool GetNegative() const noexcept { return m_isNegative; }
+  CBigInteger GetAbs() const;
+  /// Number of decimal digits of the magnitude; 1 for zero.
+  std::size_t GetDigitCount() const noexcept;
+  /// Number of zeros at the end of the decimal text; 0 for zero.
+  std::size_t GetTrailingZeroCount() const noexcept;
+  /// Negative, 0 or positive as this is less than, equal to or greater than `other`.
+  int Compare(const CBigInteger& other) const noexcept;
+
+  // Conversion.
+
+  /// Whether ToLong and ToLongLong have a result.
+  bool FitsLongLong() const noexcept;
+  /// Throws CQvOverFlowException "The Big Integer value if to large to fit into a LONG".
+  long ToLong() const;
+  /// Throws CQvOverFlowException "The Big Integer value if to large to fit into a LONGLONG".
+  long long ToLongLong() const;
+  /// The nearest double, ties to even. Throws CQvOverFlowException "The Big Integer value if to
+  /// large to fit into a Double" when that is infinite.
+  double ToDouble() const;
+
+  // Arithmetic. Division truncates toward zero and a remainder has the sign of the dividend, as for
+  // built-in integers. A divisor of zero throws CQvInvalidValueException "Division by zero".
+  // Products take n^1.6 digit operations, quotients n^1.6 log n.
+
+  /// Changes the sign of this value and returns it.
+  CBigInteger& Negate() noexcept;
+  CBigInteger& operator+=(const CBigInteger& other) { return AddSigned(other, other.m_isNegative); }
+  CBigInteger& operator-=(const CBigInteger& other) {
+    return AddSigned(other, !other.m_isNegative);
+  }
+  CBigInteger& operator*=(const CBigInteger& other);
+  CBigInteger& operator/=(const CBigInteger& other);
+  CBigInteger& operator%=(const CBigInteger& other);
+  CBigInteger& operator++() { return *this += CBigInteger(1); }
+  CBigInteger& operator--() { return *this -= CBigInteger(1); }
+  CBigInteger operator++(int);
+  CBigInteger operator--(int);
+  CBigInteger operator-() const;
+
+  /// Quotient and remainder in one division. The results may be the operands, but not one object;
+  /// either may be null.
+  static void Divide(const CBigInteger& dividend, const CBigInteger& divisor, CBigInteger* quotient,
+                     CBigInteger* remainder);
+
+  /// Multiplies by 10^exponent.
+  CBigInteger& MultiplyByPow10(std::size_t exponent);
+  /// Divides by 10^exponent. `remainder`, when not null and another object, receives the rest.
+  CBigInteger& DivideByPow10(std::size_t exponent, CBigInteger* remainder = nullptr);
+
+  friend QVXML_API CBigInteger operator+(const CBigInteger& left, const CBigInteger& right);
+  friend QVXML_API CBigInteger operator-(const CBigInteger& left, const CBigInteger& right);
+  friend QVXML_API CBigInteger operator*(const CBigInteger& left, const CBigInteger& right);
+  friend QVXML_API CBigInteger operator/(const CBigInteger& left, const CBigInteger& right);
+  friend QVXML_API CBigInteger operator%(const CBigInteger& left, const CBigInteger& right);
+
+  friend bool operator==(const CBigInteger& left, const CBigInteger& right) noexcept {
+    return left.Compare(right) == 0;
+  }
+  friend bool operator!=(const CBigInteger& left, const CBigInteger& right) noexcept {
+    return left.Compare(right) != 0;
+  }
+  friend bool operator<(const CBigInteger& left, const CBigInteger& right) noexcept {
+    return left.Compare(right) < 0;
+  }
+  friend bool operator>(const CBigInteger& left, const CBigInteger& right) noexcept {
+    return left.Compare(right) > 0;
+  }
+  friend bool operator<=(const CBigInteger& left, const CBigInteger& right) noexcept {
+    return left.Compare(right) <= 0;
+  }
+  friend bool operator>=(const CBigInteger& left, const CBigInteger& right) noexcept {
+    return left.Compare(right) >= 0;
+  }
+
+ private:
+  friend class TInstanceCounted<CBigInteger>;
+  friend class CDecimal;
+  static CInstanceCounter s_instances;
+
+  // The magnitude in base 10^18, least significant limb first. One limb or none is held in m_limb
+  // with m_limbs empty; otherwise m_limbs has no leading zero and m_limb is 0.
+  std::size_t GetLimbCount() const noexcept {
+    return m_limbs.empty() ? static_cast<std::size_t>(m_limb != 0) : m_limbs.size();
+  }
+  const std::uint64_t* GetLimbs() const noexcept {
+    return m_limbs.empty() ? &m_limb : m_limbs.data();
+  }
+  bool IsSmall() const noexcept { return m_limbs.empty(); }
+  void SetSmall(std::uint64_t limb, bool isNegative) noexcept;
+  void Widen(std::size_t limbCount);
+  void Trim() noexcept;
+
+  int CompareMagnitude(const CBigInteger& other) const noexcept;
+  CBigInteger& AddSigned(const CBigInteger& other, bool isOtherNegative);
+  void AddMagnitude(const CBigInteger& other);
+  void SubtractMagnitude(const CBigInteger& other);
+  static void DivideBySmall(const CBigInteger& dividend, std::uint64_t divisor,
+                            CBigInteger& quotient, CBigInteger& remainder);
+  static void DivideByLong(const CBigInteger& dividend, const CBigInteger& divisor,
+                           CBigInteger& quotient, CBigInteger& remainder);
+  CBigInteger TakeLowDigits(std::size_t count) const;
+
+  // Sets the magnitude from `count` digits, which the caller has checked.
+  void AssignDigits(const char* digits, std::size_t count);
+  // Writes the magnitude as exactly `width` digits, zeros in front; `width` holds all its digits.
+  void WriteDigits(char* target, std::size_t width) const noexcept;
+
+  std::vector<std::uint64_t> m_limbs;
+  std::uint64_t m_limb = 0;
+  bool m_isNegative = false;
+};
+
+}  // namespace QvXmlLib16
+
+#endif  // QVXML_TYPES_BIG_INTEGER_H_

@@ -1,0 +1,180 @@
+// Text and floating-point forms of CBigInteger, and the limits on them.
+
+#include <algorithm>
+#include <atomic>
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstring>
+#include <string>
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/whitespace.h"
+#include "qvxml/types/big_integer.h"
+#include "qvxml/types/big_integer_internal.h"
+
+namespace QvXmlLib16 {
+
+using detail::kLimbBase;
+using detail::kLimbDigits;
+using detail::Limb;
+
+namespace {
+
+constexpr unsigned int kDefaultLimit = 1'000'000;
+// The sum of both limits must stay a valid scale of a decimal, an int.
+constexpr unsigned int kGreatestLimit = 1'000'000'000;
+
+constinit std::atomic<std::size_t> g_digitLimit{kDefaultLimit};
+constinit std::atomic<unsigned int> g_exponentLimit{kDefaultLimit};
+
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+
+[[noreturn]] void ThrowInvalidChar(const char* text, std::size_t length, std::size_t position) {
+  throw CQvInvalidValueException(FormatString(
+      "The string representing a Big Integer, contained an invalid char at position %d [%s].",
+      static_cast<int>(std::min<std::size_t>(position, INT_MAX)),
+      length == 0 ? "" : std::string(text, length).c_str()));
+}
+
+// Reads at most 18 digits.
+Limb ReadLimb(const char* digits, std::size_t count) {
+  Limb limb = 0;
+  for (std::size_t index = 0; index < count; ++index) {
+    limb = limb * 10 + static_cast<Limb>(digits[index] - '0');
+  }
+  return limb;
+}
+
+// Two chains of multiplications run side by side in the processor.
+Limb ReadWholeLimb(const char* digits) {
+  constexpr std::size_t kHalf = kLimbDigits / 2;
+  Limb high = 0;
+  Limb low = 0;
+  for (std::size_t index = 0; index < kHalf; ++index) {
+    high = high * 10 + static_cast<Limb>(digits[index] - '0');
+    low = low * 10 + static_cast<Limb>(digits[index + kHalf] - '0');
+  }
+  return high * detail::kPowersOfTen[kHalf] + low;
+}
+
+constexpr auto kDigitPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t number = 0; number < 100; ++number) {
+    pairs[2 * number] = static_cast<char>('0' + number / 10);
+    pairs[2 * number + 1] = static_cast<char>('0' + number % 10);
+  }
+  return pairs;
+}();
+
+// Writes the lowest `count` digits of a limb in front of `end` and returns where they begin.
+char* WriteLimb(char* end, Limb limb, std::size_t count) {
+  for (; count >= 2; count -= 2) {
+    end -= 2;
+    std::memcpy(end, &kDigitPairs[2 * (limb % 100)], 2);
+    limb /= 100;
+  }
+  if (count != 0) *--end = static_cast<char>('0' + limb % 10);
+  return end;
+}
+
+}  // namespace
+
+std::size_t CBigInteger::GetDigitLimit() noexcept {
+  return g_digitLimit.load(std::memory_order_relaxed);
+}
+
+void CBigInteger::SetDigitLimit(std::size_t digits) noexcept {
+  g_digitLimit.store(std::min<std::size_t>(digits, kGreatestLimit), std::memory_order_relaxed);
+}
+
+unsigned int CBigInteger::GetExponentLimit() noexcept {
+  return g_exponentLimit.load(std::memory_order_relaxed);
+}
+
+void CBigInteger::SetExponentLimit(unsigned int exponent) noexcept {
+  g_exponentLimit.store(std::min(exponent, kGreatestLimit), std::memory_order_relaxed);
+}
+
+CBigInteger::CBigInteger(const char* text) { Parse(text); }
+
+CBigInteger::CBigInteger(const std::string& text) { Parse(text.data(), text.size()); }
+
+CBigInteger CBigInteger::Pow10(unsigned int exponent) {
+  if (exponent > GetExponentLimit()) {
+    const std::string text = FormatString("1E%u", exponent);
+    ThrowInvalidChar(text.data(), text.size(), 1);
+  }
+  return CBigInteger(1).MultiplyByPow10(exponent);
+}
+
+void CBigInteger::Parse(const char* text) { Parse(text, text == nullptr ? 0 : std::strlen(text)); }
+
+void CBigInteger::Parse(const char* text, std::size_t length) {
+  const auto skip = [&](std::size_t from, auto isSkipped) {
+    while (from < length && isSkipped(text[from])) ++from;
+    return from;
+  };
+  const std::size_t start = skip(0, CWhitespaceUtils::IsWhiteSpace);
+  const bool hasSign = start < length && (text[start] == '-' || text[start] == '+');
+  const std::size_t first = start + (hasSign ? 1 : 0);
+  const std::size_t significant = skip(first, [](char character) { return character == '0'; });
+  const std::size_t end = skip(significant, IsDigit);
+  const std::size_t limit = GetDigitLimit();
+  if (end - significant > limit) ThrowInvalidChar(text, length, significant + limit);
+  if (end == first) ThrowInvalidChar(text, length, end);
+  const std::size_t last = skip(end, CWhitespaceUtils::IsWhiteSpace);
+  if (last != length) ThrowInvalidChar(text, length, last);
+
+  AssignDigits(text + significant, end - significant);
+  m_isNegative = hasSign && text[start] == '-' && !IsZero();
+}
+
+void CBigInteger::AssignDigits(const char* digits, std::size_t count) {
+  if (count <= kLimbDigits) return SetSmall(ReadLimb(digits, count), m_isNegative);
+  std::vector<Limb> limbs((count + kLimbDigits - 1) / kLimbDigits);
+  const std::size_t topCount = count - (limbs.size() - 1) * kLimbDigits;
+  limbs.back() = ReadLimb(digits, topCount);
+  digits += topCount;
+  for (std::size_t index = limbs.size() - 1; index-- > 0; digits += kLimbDigits) {
+    limbs[index] = ReadWholeLimb(digits);
+  }
+  m_limbs = std::move(limbs);
+  m_limb = 0;
+  Trim();
+}
+
+void CBigInteger::WriteDigits(char* target, std::size_t width) const noexcept {
+  char* end = target + width;
+  const Limb* limbs = GetLimbs();
+  for (std::size_t left = GetLimbCount(); left != 0; --left, ++limbs) {
+    end = WriteLimb(end, *limbs, std::min(kLimbDigits, static_cast<std::size_t>(end - target)));
+  }
+  std::fill(target, end, '0');
+}
+
+std::string CBigInteger::ToString() const {
+  const std::size_t digits = GetDigitCount();
+  const std::size_t sign = m_isNegative ? 1 : 0;
+  std::string text(sign + digits, '-');
+  WriteDigits(text.data() + sign, digits);
+  return text;
+}
+
+double CBigInteger::ToDouble() const {
+  constexpr std::size_t kGreatestDoubleDigits = 309;
+  double value = HUGE_VAL;
+  if (GetDigitCount() <= kGreatestDoubleDigits) {
+    char text[kGreatestDoubleDigits];
+    const std::size_t digits = GetDigitCount();
+    WriteDigits(text, digits);
+    if (std::from_chars(text, text + digits, value).ec != std::errc()) value = HUGE_VAL;
+  }
+  if (std::isinf(value)) {
+    throw CQvOverFlowException("The Big Integer value if to large to fit into a Double");
+  }
+  return m_isNegative ? -value : value;
+}
+
+}  // namespace QvXmlLib16

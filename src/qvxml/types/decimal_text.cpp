@@ -1,0 +1,245 @@
+// Text and floating-point forms of CDecimal.
+
+#include <algorithm>
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/whitespace.h"
+#include "qvxml/types/decimal.h"
+
+namespace QvXmlLib16 {
+
+namespace detail {
+
+// What a text says: the digits on both sides of the point, and the zeros that an exponent puts
+// between them and the point.
+struct DecimalDigits {
+  bool isNegative = false;
+  std::string_view integer;
+  std::size_t integerZeros = 0;
+  std::string_view fraction;
+  std::size_t fractionZeros = 0;
+  long exponent = 0;
+};
+
+}  // namespace detail
+
+namespace {
+
+using detail::DecimalDigits;
+
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+bool IsZeroDigit(char character) { return character == '0'; }
+
+void DropTrailingZeros(std::string_view& fraction) {
+  const std::size_t last = fraction.find_last_not_of('0');
+  fraction = fraction.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+class CDecimalScanner {
+ public:
+  explicit CDecimalScanner(std::string_view text) : m_text(text) {}
+
+  DecimalDigits Scan() {
+    DecimalDigits digits;
+    TakeWhile(CWhitespaceUtils::IsWhiteSpace);
+    digits.isNegative = TakeSign();
+    const std::size_t zeros = TakeWhile(IsZeroDigit).size();
+    digits.integer = TakeWhile(IsDigit);
+    if (Take('.')) digits.fraction = TakeWhile(IsDigit);
+    if (zeros + digits.integer.size() + digits.fraction.size() == 0) Fail(m_position);
+    CheckDigitLimit(digits);
+    DropTrailingZeros(digits.fraction);
+    const std::size_t exponent = m_position;
+    if (Take('e') || Take('E')) digits.exponent = ScanExponent(exponent);
+    TakeWhile(CWhitespaceUtils::IsWhiteSpace);
+    if (m_position != m_text.size()) Fail(m_position);
+    return digits;
+  }
+
+ private:
+  template <class TPredicate>
+  std::string_view TakeWhile(TPredicate isTaken) {
+    const std::size_t start = m_position;
+    while (m_position < m_text.size() && isTaken(m_text[m_position])) ++m_position;
+    return m_text.substr(start, m_position - start);
+  }
+
+  bool Take(char character) {
+    if (m_position == m_text.size() || m_text[m_position] != character) return false;
+    ++m_position;
+    return true;
+  }
+
+  // Whether the sign was a minus.
+  bool TakeSign() { return Take('-') || (Take('+') && false); }
+
+  long ScanExponent(std::size_t position) {
+    const bool isNegative = TakeSign();
+    const std::string_view digits = TakeWhile(IsDigit);
+    if (digits.empty()) Fail(m_position);
+    const long limit = static_cast<long>(CBigInteger::GetExponentLimit());
+    long exponent = 0;
+    for (const char digit : digits) {
+      exponent = exponent * 10 + (digit - '0');
+      if (exponent > limit) Fail(position);
+    }
+    return isNegative ? -exponent : exponent;
+  }
+
+  void CheckDigitLimit(const DecimalDigits& digits) const {
+    const std::size_t limit = CBigInteger::GetDigitLimit();
+    if (digits.integer.size() + digits.fraction.size() <= limit) return;
+    const std::string_view side = digits.integer.size() > limit ? digits.integer : digits.fraction;
+    const std::size_t before = digits.integer.size() > limit ? 0 : digits.integer.size();
+    Fail(static_cast<std::size_t>(side.data() - m_text.data()) + limit - before);
+  }
+
+  [[noreturn]] void Fail(std::size_t position) const {
+    throw CQvInvalidValueException(FormatString(
+        "The string representing a Decimal, contained an invalid char at position %d [%s].",
+        static_cast<int>(std::min<std::size_t>(position, INT_MAX)), std::string(m_text).c_str()));
+  }
+
+  std::string_view m_text;
+  std::size_t m_position = 0;
+};
+
+// Moves the point by the exponent; `memory` holds the digits of both sides afterwards.
+void ApplyExponent(DecimalDigits& digits, std::string& memory) {
+  memory.assign(digits.integer).append(digits.fraction);
+  const std::string_view all = memory;
+  const long count = static_cast<long>(all.size());
+  const long point = static_cast<long>(digits.integer.size()) + digits.exponent;
+  const std::size_t split = static_cast<std::size_t>(std::clamp(point, 0L, count));
+  digits.integer = all.substr(0, split);
+  digits.fraction = all.substr(split);
+  digits.integerZeros = static_cast<std::size_t>(std::max(point - count, 0L));
+  digits.fractionZeros = static_cast<std::size_t>(std::max(-point, 0L));
+  DropTrailingZeros(digits.fraction);
+}
+
+}  // namespace
+
+CDecimal::CDecimal(double value) {
+  char text[32];
+  const std::to_chars_result result =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::general, 17);
+  Parse(text, static_cast<std::size_t>(result.ptr - text));
+}
+
+CDecimal::CDecimal(const char* text) { Parse(text); }
+
+CDecimal::CDecimal(const std::string& text) { Parse(text.data(), text.size()); }
+
+void CDecimal::Parse(const char* text) { Parse(text, text == nullptr ? 0 : std::strlen(text)); }
+
+void CDecimal::Parse(const char* text, std::size_t length) {
+  DecimalDigits digits = CDecimalScanner(std::string_view(text, length)).Scan();
+  std::string memory;
+  if (digits.exponent != 0) ApplyExponent(digits, memory);
+  Assign(digits);
+}
+
+void CDecimal::Assign(const DecimalDigits& digits) {
+  // Everything that may run out of memory comes before the first change.
+  CBigInteger integer;
+  CBigInteger fraction;
+  integer.AssignDigits(digits.integer.data(), digits.integer.size());
+  integer.MultiplyByPow10(digits.integerZeros);
+  fraction.AssignDigits(digits.fraction.data(), digits.fraction.size());
+  if (digits.isNegative) integer.Negate();
+  m_isNegativeFraction = digits.isNegative && integer.IsZero() && !fraction.IsZero();
+  m_fractionalDivider =
+      fraction.IsZero() ? 0 : static_cast<int>(digits.fraction.size() + digits.fractionZeros);
+  m_integerPart = std::move(integer);
+  m_fractionPart = std::move(fraction);
+}
+
+std::size_t CDecimal::GetTextLength() const noexcept {
+  const std::size_t fraction =
+      m_fractionPart.IsZero() ? 0 : static_cast<std::size_t>(m_fractionalDivider) + 1;
+  return (GetNegative() ? 1 : 0) + m_integerPart.GetDigitCount() + fraction;
+}
+
+void CDecimal::WriteText(char* target) const noexcept {
+  if (GetNegative()) *target++ = '-';
+  const std::size_t integerDigits = m_integerPart.GetDigitCount();
+  m_integerPart.WriteDigits(target, integerDigits);
+  if (m_fractionPart.IsZero()) return;
+  target += integerDigits;
+  *target++ = '.';
+  m_fractionPart.WriteDigits(target, static_cast<std::size_t>(m_fractionalDivider));
+}
+
+std::string CDecimal::ToString() const {
+  std::string text(GetTextLength(), '\0');
+  WriteText(text.data());
+  return text;
+}
+
+std::string CDecimal::ToString(int fractionDigits) const {
+  CheckDivider(fractionDigits);
+  const std::size_t wanted = static_cast<std::size_t>(std::max(fractionDigits, 0));
+  const std::size_t available = static_cast<std::size_t>(m_fractionalDivider);
+  const std::size_t sign = GetNegative() ? 1 : 0;
+  const std::size_t integerDigits = m_integerPart.GetDigitCount();
+
+  // One zero before the digits takes the carry of "9.99".
+  const std::size_t point = sign + 1 + integerDigits;
+  std::string text(point + 1 + std::max(wanted, available), '0');
+  if (sign != 0) text[0] = '-';
+  m_integerPart.WriteDigits(&text[sign + 1], integerDigits);
+  text[point] = '.';
+  m_fractionPart.WriteDigits(&text[point + 1], available);
+
+  const bool isRoundedUp = wanted < available && text[point + 1 + wanted] >= '5';
+  text.resize(wanted == 0 ? point : point + 1 + wanted);
+  if (isRoundedUp) {
+    std::size_t digit = text.size() - 1;
+    for (; text[digit] == '9' || text[digit] == '.'; --digit) {
+      if (text[digit] == '9') text[digit] = '0';
+    }
+    ++text[digit];
+  }
+  if (text[sign] == '0') text.erase(sign, 1);
+  return text;
+}
+
+double CDecimal::ToDouble() const {
+  constexpr std::size_t kGreatestDoubleDigits = 309;
+  const bool isBelowOne = m_integerPart.IsZero();
+  double value = 0;
+  const auto read = [&](const char* text, std::size_t length) {
+    if (std::from_chars(text, text + length, value).ec != std::errc()) {
+      value = isBelowOne ? 0 : HUGE_VAL;
+    }
+  };
+  char shortText[64];
+  const std::size_t length = GetTextLength();
+  const std::size_t sign = GetNegative() ? 1 : 0;
+  if (length <= sizeof shortText) {
+    WriteText(shortText);
+    read(shortText + sign, length - sign);
+  } else if (isBelowOne) {
+    const std::string text = m_fractionPart.ToString() + "e-" + std::to_string(m_fractionalDivider);
+    read(text.data(), text.size());
+  } else if (m_integerPart.GetDigitCount() <= kGreatestDoubleDigits) {
+    const std::string text = ToString();
+    read(text.data() + sign, text.size() - sign);
+  } else {
+    value = HUGE_VAL;
+  }
+  if (std::isinf(value)) {
+    throw CQvOverFlowException("The Decimal value if to large to fit into a Double");
+  }
+  return sign != 0 ? -value : value;
+}
+
+}  // namespace QvXmlLib16

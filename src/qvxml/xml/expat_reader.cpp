@@ -1,0 +1,236 @@
+#include "qvxml/xml/expat_reader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include <expat.h>
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/locale_text.h"
+#include "qvxml/xml/node_arena_internal.h"
+#include "qvxml/xml/text_append_internal.h"
+#include "qvxml/xml/xml_document.h"
+
+namespace QvXmlLib16 {
+
+// Earlier versions expand nested entities without bound.
+static_assert(XML_MAJOR_VERSION * 10000 + XML_MINOR_VERSION * 100 + XML_MICRO_VERSION >= 20400);
+static_assert(std::is_same_v<XML_Char, char>);
+
+using detail::CXmlName;
+
+namespace {
+
+// Input goes to the parser in pieces that its int lengths, doubled inside, can hold.
+constexpr size_t kMaxPiece = size_t{1} << 30;
+
+// Of the same size as libexpat's own limits on entities.
+constexpr size_t kMaxAmplification = 100;
+constexpr size_t kRepetitionAlwaysAllowed = size_t{8} << 20;
+// Repeated names take time but no memory.
+constexpr size_t kRepeatedNameShare = 4;
+
+bool IsInternalTextUtf8() {
+  // The encoding of no other locale has these bytes for that character.
+  constexpr std::string_view kProbe = "\xF0\x9F\x98\x80";
+  return Utf8ToLocalCodePage(kProbe.data(), kProbe.size()) == kProbe;
+}
+
+}  // namespace
+
+constinit CInstanceCounter CExpatReader::s_instances("CExpatReader");
+
+CExpatReader::CExpatReader(CXmlDocument& document)
+    : m_document(document), m_convertsText(!IsInternalTextUtf8()) {}
+
+CExpatReader::~CExpatReader() { Cleanup(); }
+
+void CExpatReader::Cleanup() noexcept {
+  if (m_parser != nullptr) XML_ParserFree(std::exchange(m_parser, nullptr));
+}
+
+void CExpatReader::CreateParser() {
+  Cleanup();
+  const char* encoding = m_document.m_inputEncoding;
+  m_parser = m_document.m_usesNamespaces ? XML_ParserCreateNS(encoding, detail::kNameSeparator)
+                                         : XML_ParserCreate(encoding);
+  if (m_parser == nullptr) throw std::bad_alloc();
+  m_arena = &m_document.Arena();
+  XML_SetUserData(m_parser, this);
+  XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
+  XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);
+  XML_SetCharacterDataHandler(m_parser, FnText);
+  if (!m_document.StripsCDATA()) {
+    XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
+  }
+}
+
+void CExpatReader::Parse(bool isFinal) {
+  m_repetitionLimit = kMaxAmplification * m_document.m_input.GetLength() + kRepetitionAlwaysAllowed;
+  const bool isParsed = Feed(isFinal);
+  if (!isParsed) {
+    FlushOpenText();
+    if (m_failure != nullptr) std::rethrow_exception(m_failure);
+    ThrowParseError(XML_GetErrorCode(m_parser));
+  }
+  if (isFinal) Cleanup();
+}
+
+bool CExpatReader::Feed(bool isFinal) {
+  const char* data = reinterpret_cast<const char*>(m_document.m_input.GetData());
+  size_t left = m_document.m_input.GetLength();
+  for (;;) {
+    const size_t piece = std::min(left, kMaxPiece);
+    left -= piece;
+    const bool isLast = isFinal && left == 0;
+    if (XML_Parse(m_parser, data, static_cast<int>(piece), isLast) != XML_STATUS_OK) return false;
+    if (left == 0) return true;
+    data += piece;
+  }
+}
+
+void CExpatReader::ThrowParseError(int code) const {
+  throw CQvException(FormatString("%s at line %lu", XML_ErrorString(static_cast<XML_Error>(code)),
+                                  static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
+}
+
+template <class TAction>
+void CExpatReader::Guard(void* userData, const TAction& action) noexcept {
+  CExpatReader& reader = *static_cast<CExpatReader*>(userData);
+  // A stopped parser still reports the ends of what it has begun.
+  if (reader.m_failure != nullptr) return;
+  try {
+    action(reader);
+  } catch (...) {
+    reader.m_failure = std::current_exception();
+    XML_StopParser(reader.m_parser, XML_FALSE);
+  }
+}
+
+void CExpatReader::FnStartElement(void* userData, const char* name, const char** atts) {
+  Guard(userData, [&](CExpatReader& reader) { reader.StartElement(name, atts); });
+}
+
+void CExpatReader::FnEndElement(void* userData, const char*) {
+  Guard(userData, [](CExpatReader& reader) { reader.EndElement(); });
+}
+
+void CExpatReader::FnText(void* userData, const char* text, int length) {
+  Guard(userData,
+        [&](CExpatReader& reader) { reader.AppendText(text, static_cast<size_t>(length)); });
+}
+
+void CExpatReader::FnStartCDATA(void* userData) {
+  Guard(userData, [](CExpatReader& reader) { reader.m_openText += "<![CDATA["; });
+}
+
+void CExpatReader::FnEndCDATA(void* userData) {
+  Guard(userData, [](CExpatReader& reader) { reader.m_openText += "]]>"; });
+}
+
+void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri) {
+  Guard(userData, [&](CExpatReader& reader) { reader.StartNamespace(prefix, uri); });
+}
+
+// Kept: bindings outlive their scope, so paths can name the prefix of any element.
+void CExpatReader::FnEndNamespace(void*, const char*) {}
+
+void CExpatReader::StartElement(const char* name, const char** atts) {
+  const CXmlName* elementName = ReadName(name);
+  CXmlElement* element = m_document.m_documentElement == nullptr
+                             ? m_document.AddDocElement(elementName)
+                             : m_document.AddChildElement(elementName);
+  m_openTextStarts.push_back(m_openText.size());
+  if (*atts != nullptr) AddAttributes(element, atts);
+}
+
+void CExpatReader::AddAttributes(CXmlElement* element, const char** atts) {
+  size_t count = 0;
+  while (atts[2 * count] != nullptr) ++count;
+  const size_t specified = static_cast<size_t>(XML_GetSpecifiedAttributeCount(m_parser)) / 2;
+  element->ReserveAttributes(*m_arena, count);
+  for (size_t i = 0; i < count; ++i) {
+    const CXmlName* name = ReadName(atts[2 * i]);
+    std::string value = ToInternalText(atts[2 * i + 1]);
+    // Attributes that the document type adds cost the input nothing.
+    if (i >= specified) ChargeRepetition(sizeof(CXmlAttribute) + value.size());
+    element->AppendAttribute(*m_arena, name, std::move(value));
+  }
+}
+
+void CExpatReader::EndElement() {
+  const size_t start = m_openTextStarts.back();
+  m_document.m_openElements.back()->AppendWholeText(*m_arena,
+                                                    std::string_view(m_openText).substr(start));
+  m_openText.resize(start);
+  m_openTextStarts.pop_back();
+  // The callback may look at the elements around the one that it is given.
+  if (m_document.m_callback != nullptr) FlushOpenText();
+  m_document.EndElement();
+}
+
+void CExpatReader::AppendText(const char* text, size_t length) {
+  if (!m_convertsText) return detail::AppendExcludingCR(m_openText, text, length);
+  const std::string converted = Utf8ToLocalCodePage(text, length);
+  detail::AppendExcludingCR(m_openText, converted.data(), converted.size());
+}
+
+void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
+  const auto toInternal = [this](const char* text) {
+    return text != nullptr ? ToInternalText(text) : std::string();
+  };
+  m_document.AddNamespacePrefix(toInternal(prefix).c_str(), toInternal(uri).c_str());
+}
+
+// Gives the open elements their text so far, innermost first.
+void CExpatReader::FlushOpenText() {
+  for (size_t i = m_openTextStarts.size(); i-- > 0 && !m_openText.empty();) {
+    const size_t start = std::exchange(m_openTextStarts[i], 0);
+    m_document.m_openElements[i]->AppendWholeText(*m_arena,
+                                                  std::string_view(m_openText).substr(start));
+    m_openText.resize(start);
+  }
+}
+
+const CXmlName* CExpatReader::ReadName(const char* name) {
+  if (m_lastName != nullptr && !m_convertsText) {
+    auto& followers = m_lastName->followers;
+    for (const CXmlName* follower : followers) {
+      if (follower == nullptr || std::strcmp(follower->key.c_str(), name) != 0) continue;
+      ChargeRepetition(follower->key.size() / kRepeatedNameShare);
+      return m_lastName = follower;
+    }
+  }
+  const CXmlName* found = FindName(name);
+  if (m_lastName != nullptr) {
+    m_lastName->followers = {found, m_lastName->followers.front()};
+  }
+  return m_lastName = found;
+}
+
+// Split before converting: in some encodings the separator is also the second byte of a character.
+const CXmlName* CExpatReader::FindName(const char* name) {
+  const std::string_view key = name;
+  ChargeRepetition(key.size());
+  const size_t separator = key.find(detail::kNameSeparator);
+  const size_t namespaceLength = separator == std::string_view::npos ? 0 : separator;
+  if (!m_convertsText) return m_arena->Intern(key, namespaceLength);
+  const size_t localStart = namespaceLength == 0 ? 0 : namespaceLength + 1;
+  return m_arena->Intern(ToInternalText(key.substr(0, namespaceLength)),
+                         ToInternalText(key.substr(localStart)));
+}
+
+std::string CExpatReader::ToInternalText(std::string_view text) const {
+  return m_convertsText ? Utf8ToLocalCodePage(text.data(), text.size()) : std::string(text);
+}
+
+void CExpatReader::ChargeRepetition(size_t bytes) {
+  m_repeatedBytes += bytes;
+  if (m_repeatedBytes > m_repetitionLimit) ThrowParseError(XML_ERROR_AMPLIFICATION_LIMIT_BREACH);
+}
+
+}  // namespace QvXmlLib16

@@ -1,0 +1,70 @@
+// The cold paths of the node arena; the hot ones are in its header.
+
+#include <cstdlib>
+#include <new>
+
+#include "qvxml/xml/node_arena_internal.h"
+
+namespace QvXmlLib16 {
+namespace detail {
+
+CNodeArena::CNodeArena(const CXmlDocument* document) : m_document(document) {}
+
+CNodeArena::~CNodeArena() {
+  while (m_chunks != nullptr) std::free(std::exchange(m_chunks, m_chunks->next));
+}
+
+void CNodeArena::Abandon() noexcept {
+  m_document = nullptr;
+  if (m_liveElements == 0) delete this;
+}
+
+void CNodeArena::FreeElement(void* memory, size_t size) noexcept {
+  Free(memory, size);
+  if (--m_liveElements == 0 && m_document == nullptr) delete this;
+}
+
+void CNodeArena::AddChunk() {
+  const size_t usable = kChunkSize - kHeapOverhead;
+  void* memory = nullptr;
+  if (posix_memalign(&memory, kChunkSize, usable) != 0) throw std::bad_alloc();
+  m_chunks = ::new (memory) CChunk{this, m_chunks};
+  m_chunkNext = static_cast<char*>(memory) + sizeof(CChunk);
+  m_chunkEnd = static_cast<char*>(memory) + usable;
+}
+
+const CXmlName* CNodeArena::Intern(std::string_view key, size_t namespaceLength) {
+  if (const auto found = m_names.find(CNameOrder::Key(key, namespaceLength));
+      found != m_names.end()) {
+    return &*found;
+  }
+  const std::string* namespaceUri = &*m_namespaces.emplace(key.substr(0, namespaceLength)).first;
+  const size_t localStart = namespaceLength == 0 ? 0 : namespaceLength + 1;
+  return &*m_names
+               .insert(CXmlName{std::string(key), namespaceLength, namespaceUri,
+                                std::string(key.substr(localStart))})
+               .first;
+}
+
+const CXmlName* CNodeArena::Intern(std::string_view namespaceUri, std::string_view localName) {
+  if (namespaceUri.empty()) return Intern(localName, 0);
+  m_key.assign(namespaceUri).push_back(kNameSeparator);
+  m_key.append(localName);
+  return Intern(m_key, namespaceUri.size());
+}
+
+const std::string* CNodeArena::FindSharedText(std::string_view text) {
+  if (text.size() > kMaxSharedText) return nullptr;
+  size_t hash = 0;
+  for (const char character : text) {
+    if (character != ' ' && character != '\n' && character != '\t') return nullptr;
+    hash = hash * 31 + static_cast<unsigned char>(character);
+  }
+  std::string& slot = m_sharedTexts[hash % (kSharedTexts - 1) + 1];
+  // A taken slot is never given to another text: elements point to it.
+  if (slot.empty()) slot = text;
+  return slot == text ? &slot : nullptr;
+}
+
+}  // namespace detail
+}  // namespace QvXmlLib16

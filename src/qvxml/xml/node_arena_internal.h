@@ -1,0 +1,179 @@
+// Memory of one document's nodes: a pool that recycles what is deleted, and the names and texts
+// that nodes share.
+//
+//   chunk (aligned to its size)            free lists, one for each multiple of 16 bytes
+//   +--------+-------+------+-------+      [16] -> block -> block
+//   | header | node  | text | node  |      [32] -> text
+//   +---|----+-------+------+-------+      [64] -> element -> element
+//       +--> arena                         ...
+//
+// A node finds its arena, and through it its document, by rounding its own address down to the
+// chunk. So `delete element` needs no pointer in the element, and an element that was removed from
+// the tree may outlive the document: the arena goes with the last of them.
+
+#ifndef QVXML_XML_NODE_ARENA_INTERNAL_H_
+#define QVXML_XML_NODE_ARENA_INTERNAL_H_
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <new>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define QVXML_POISONS_FREE_NODES 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QVXML_POISONS_FREE_NODES 1
+#endif
+#endif
+#ifdef QVXML_POISONS_FREE_NODES
+#include <sanitizer/asan_interface.h>
+#endif
+
+namespace QvXmlLib16 {
+
+class CXmlDocument;  // xml/xml_document.h
+
+namespace detail {
+
+/// Separates namespace URI and local name in what expat reports, and in the keys of names.
+inline constexpr char kNameSeparator = '|';
+
+/// One pair of namespace URI and local name; every node of that name points to it.
+struct CXmlName {
+  /// URI, separator and local name; the local name alone without a namespace.
+  std::string key;
+  size_t namespaceLength;
+  const std::string* namespaceUri;
+  std::string localName;
+  /// The names that came after this one most recently; documents repeat their sequences, so these
+  /// usually answer what the next name is without a search.
+  mutable std::array<const CXmlName*, 2> followers{};
+};
+
+class CNodeArena {
+ public:
+  explicit CNodeArena(const CXmlDocument* document);
+  CNodeArena(const CNodeArena&) = delete;
+  CNodeArena& operator=(const CNodeArena&) = delete;
+
+  /// The arena that a node of at most kMaxPooledSize bytes came from.
+  static CNodeArena& Of(const void* node) noexcept {
+    const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
+    return *reinterpret_cast<const CChunk*>(address)->arena;
+  }
+
+  /// Null once the document has let go of its nodes.
+  const CXmlDocument* GetDocument() const noexcept { return m_document; }
+  /// Called by the document in place of deleting the arena, which lives on while elements do.
+  void Abandon() noexcept;
+
+  void* AllocateElement(size_t size) {
+    void* memory = Allocate(size);
+    ++m_liveElements;
+    return memory;
+  }
+  /// May destroy the arena.
+  void FreeElement(void* memory, size_t size) noexcept;
+
+  /// Memory aligned to 16 bytes; larger blocks than kMaxPooledSize come from the heap.
+  void* Allocate(size_t size) {
+    const size_t sizeClass = SizeClass(size);
+    if (sizeClass >= kSizeClasses) return ::operator new(size);
+    if (void* memory = m_freeLists[sizeClass]; memory != nullptr) {
+      Unpoison(memory, size);
+      m_freeLists[sizeClass] = static_cast<CFreeBlock*>(memory)->next;
+      return memory;
+    }
+    const size_t rounded = sizeClass * kGranularity;
+    if (static_cast<size_t>(m_chunkEnd - m_chunkNext) < rounded) AddChunk();
+    return std::exchange(m_chunkNext, m_chunkNext + rounded);
+  }
+  void Free(void* memory, size_t size) noexcept {
+    const size_t sizeClass = SizeClass(size);
+    if (sizeClass >= kSizeClasses) return ::operator delete(memory);
+    m_freeLists[sizeClass] = ::new (memory) CFreeBlock{m_freeLists[sizeClass]};
+    Poison(memory, size);
+  }
+
+  /// The one record of a name, where `key` is as in CXmlName.
+  const CXmlName* Intern(std::string_view key, size_t namespaceLength);
+  const CXmlName* Intern(std::string_view namespaceUri, std::string_view localName);
+
+  const std::string* EmptyText() const noexcept { return m_sharedTexts.data(); }
+  /// A string equal to `text` that no node owns, or null when such a text is not worth sharing.
+  /// Whitespace between elements is: every record of a formatted document has the same.
+  const std::string* FindSharedText(std::string_view text);
+  bool IsSharedText(const std::string* text) const noexcept {
+    return text >= m_sharedTexts.data() && text < m_sharedTexts.data() + m_sharedTexts.size();
+  }
+
+ private:
+  static constexpr size_t kChunkSize = 16384;
+  // What malloc keeps beside a block, so that aligned chunks lie next to each other.
+  static constexpr size_t kHeapOverhead = 16;
+  static constexpr size_t kGranularity = 16;
+  static constexpr size_t kMaxPooledSize = 1024;
+  static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
+  static constexpr size_t kSharedTexts = 128;
+  static constexpr size_t kMaxSharedText = 512;
+
+  struct alignas(kGranularity) CChunk {
+    CNodeArena* arena;
+    CChunk* next;
+  };
+  struct CFreeBlock {
+    CFreeBlock* next;
+  };
+  struct CNameOrder {
+    using is_transparent = void;
+    using Key = std::pair<std::string_view, size_t>;
+    static Key KeyOf(const CXmlName& name) { return {name.key, name.namespaceLength}; }
+    static Key KeyOf(const Key& key) { return key; }
+    template <class T, class U>
+    bool operator()(const T& left, const U& right) const {
+      return KeyOf(left) < KeyOf(right);
+    }
+  };
+
+  ~CNodeArena();
+
+  static constexpr size_t SizeClass(size_t size) {
+    return (size + kGranularity - 1) / kGranularity;
+  }
+  static void Poison([[maybe_unused]] void* memory, [[maybe_unused]] size_t size) noexcept {
+#ifdef QVXML_POISONS_FREE_NODES
+    ASAN_POISON_MEMORY_REGION(memory, size);
+#endif
+  }
+  static void Unpoison([[maybe_unused]] void* memory, [[maybe_unused]] size_t size) noexcept {
+#ifdef QVXML_POISONS_FREE_NODES
+    ASAN_UNPOISON_MEMORY_REGION(memory, size);
+#endif
+  }
+
+  void AddChunk();
+
+  const CXmlDocument* m_document;
+  size_t m_liveElements = 0;
+  char* m_chunkNext = nullptr;
+  char* m_chunkEnd = nullptr;
+  CChunk* m_chunks = nullptr;
+  std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
+  std::set<CXmlName, CNameOrder> m_names;
+  std::set<std::string, std::less<>> m_namespaces;
+  std::string m_key;
+  // The first stays empty; another, once set, keeps its text.
+  std::array<std::string, kSharedTexts> m_sharedTexts;
+};
+
+}  // namespace detail
+
+}  // namespace QvXmlLib16
+
+#endif  // QVXML_XML_NODE_ARENA_INTERNAL_H_

@@ -1,0 +1,319 @@
+#include "qvxml/xml/xml_text_writer.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "qvxml/core/exception.h"
+#include "qvxml/xml/escape_scan_internal.h"
+
+namespace QvXmlLib16 {
+
+namespace {
+
+// Appends a literal without measuring it.
+template <size_t kSize>
+void Append(CTextStream& stream, const char (&literal)[kSize]) {
+  stream.Append(literal, kSize - 1);
+}
+
+const std::string& XsiNamespace() {
+  static const std::string& s_uri = *new std::string("http://www.w3.org/2001/XMLSchema-instance");
+  return s_uri;
+}
+
+bool IsRawText(const std::string& text) {
+  constexpr std::string_view kMarker = "<![CDATA[";
+  return text.compare(0, kMarker.size(), kMarker) == 0;
+}
+
+}  // namespace
+
+CXmlTextWriter::CXmlTextWriter(CTextStream& stream)
+    : CXmlWriter("CXmlTextWriter"), m_stream(stream) {}
+
+CXmlTextWriter::~CXmlTextWriter() = default;
+
+void CXmlTextWriter::SetEOLType(EOLType type) {
+  m_eol = GetEOLText(type);
+  m_eolType = type;
+}
+
+void CXmlTextWriter::SetIndentChars(const char* indentChars) {
+  m_indentChars = indentChars != nullptr ? indentChars : "";
+  m_indentRun.clear();
+}
+
+void CXmlTextWriter::Open() {
+  CXmlWriter::Open();
+  m_stream.Open();
+}
+
+void CXmlTextWriter::Close() {
+  m_stream.Close();
+  CXmlWriter::Close();
+}
+
+void CXmlTextWriter::WriteStartDocument() {
+  Append(m_stream, "<?xml version=\"1.0\"");
+  if (m_stream.GetEncoding() == Encoding_UTF8) Append(m_stream, " encoding=\"UTF-8\"");
+  if (m_stream.GetEncoding() == Encoding_UTF16) Append(m_stream, " encoding=\"UTF-16\"");
+  Append(m_stream, "?>");
+  WriteEOL();
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteHeaderDirective(const std::string& text) {
+  if (GetContext() != nullptr) {
+    throw CQvException("Headed directives must appear before an Element has been added.");
+  }
+  m_stream.Append(text);
+  WriteEOL();
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteComment(const std::string& text) {
+  Append(m_stream, "<!--");
+  PadAndAppend<false>(text);
+  Append(m_stream, "-->");
+  WriteEOL();
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WritePI(const std::string& text) {
+  m_stream.Append(text);
+  WriteEOL();
+  WriteEOL();
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteInlineSchema(const std::string& schemaText) {
+  m_stream.Append(' ');
+  WriteEOL();
+  m_stream.Append(schemaText);
+  WriteEOL();
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteStartElement(const std::string& localName,
+                                       const std::string& namespaceUri) {
+  CloseStartTag();
+  CXmlWriterContext& context = PushContext(localName, namespaceUri, 0);
+  try {
+    WriteStartTag(context);
+    FlushIfFull();
+  } catch (...) {
+    PopContext();
+    throw;
+  }
+}
+
+// The parent's start tag, before its first child element.
+void CXmlTextWriter::CloseStartTag() {
+  CXmlWriterContext* const parent = GetContext();
+  if (parent == nullptr) return;
+  parent->AddChild();
+  if (!parent->IsStartTagOpen()) return;
+  parent->SetStartTagOpen(false);
+  m_stream.Append('>');
+  if (m_isFormatted) WriteEOL();
+}
+
+void CXmlTextWriter::WriteStartTag(CXmlWriterContext& context) {
+  context.SetStartTagOpen(true);
+  if (m_isFormatted) WriteIndent(context.GetDepth());
+  m_stream.Append('<');
+  if (!context.GetPrefix().empty()) {
+    m_stream.Append(context.GetPrefix());
+    m_stream.Append(':');
+    m_stream.Append(context.GetLocalName());
+  } else if (context.IsUnprefixed(context.GetNamespaceUri())) {
+    m_stream.Append(context.GetLocalName());
+  } else {
+    const std::string& prefix = BindUniquePrefix(context, context.GetNamespaceUri());
+    m_stream.Append(prefix);
+    m_stream.Append(':');
+    m_stream.Append(context.GetLocalName());
+    m_stream.Append(' ');
+    WriteDeclaration(prefix, context.GetNamespaceUri());
+  }
+  if (context.GetParent() == nullptr) WriteRootNamespaces();
+}
+
+const std::string& CXmlTextWriter::BindUniquePrefix(CXmlWriterContext& context,
+                                                    const std::string& namespaceUri) {
+  context.SetNamespaceMapValue(namespaceUri, context.GetUniquePrefix());
+  return context.GetNamespaceMapValue(namespaceUri);
+}
+
+void CXmlTextWriter::WriteRootNamespaces() {
+  if (!GetRootDefaultNamespace().empty()) {
+    Append(m_stream, " xmlns=\"");
+    PadAndAppend<true>(GetRootDefaultNamespace());
+    m_stream.Append('"');
+  }
+  for (const auto& binding : GetRootNamespaceMap()) {
+    if (!IsDeclarable(binding)) continue;
+    m_stream.Append(' ');
+    WriteDeclaration(binding.second, binding.first);
+  }
+}
+
+void CXmlTextWriter::WriteDeclaration(const std::string& prefix, const std::string& namespaceUri) {
+  Append(m_stream, "xmlns:");
+  m_stream.Append(prefix);
+  Append(m_stream, "=\"");
+  PadAndAppend<true>(namespaceUri);
+  m_stream.Append('"');
+}
+
+void CXmlTextWriter::WriteIndent(unsigned long depth) {
+  constexpr size_t kMaxRun = 4096;
+  if (depth <= m_indentRun.size() && m_indentChars.size() == 1) {
+    return m_stream.Append(m_indentRun.data(), depth);
+  }
+  if (m_indentChars.empty()) return;
+  while (m_indentRun.size() < kMaxRun && m_indentRun.size() / m_indentChars.size() < depth) {
+    m_indentRun += m_indentChars;
+  }
+  const unsigned long levelsAtOnce = m_indentRun.size() / m_indentChars.size();
+  while (depth != 0) {
+    const unsigned long levels = std::min(depth, levelsAtOnce);
+    m_stream.Append(m_indentRun.data(), levels * m_indentChars.size());
+    depth -= levels;
+  }
+}
+
+void CXmlTextWriter::WriteString(const std::string& text, ItemType, bool isDefaultValue) {
+  if (text.empty() || (isDefaultValue && !m_writesDefaultElementValues)) return;
+  CXmlWriterContext& context = GetOpenContext();
+  if (context.IsStartTagOpen()) {
+    m_stream.Append('>');
+    context.SetStartTagOpen(false);
+  }
+  if (IsRawText(text)) {
+    m_stream.Append(text);
+  } else {
+    PadAndAppend<false>(text);
+  }
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteEndElement() {
+  const CXmlWriterContext& context = GetOpenContext();
+  if (context.IsStartTagOpen()) {
+    Append(m_stream, "/>");
+  } else {
+    if (m_isFormatted && context.GetChildCount() > 0) WriteIndent(context.GetDepth());
+    Append(m_stream, "</");
+    // Looked up anew, so a default namespace or prefix set since the start tag shows here.
+    if (!context.GetPrefix().empty() || !context.IsUnprefixed(context.GetNamespaceUri())) {
+      m_stream.Append(context.GetPrefix());
+      m_stream.Append(':');
+    }
+    m_stream.Append(context.GetLocalName());
+    m_stream.Append('>');
+  }
+  if (m_isFormatted) WriteEOL();
+  FlushIfFull();
+  PopContext();
+}
+
+void CXmlTextWriter::WriteRawElement(const std::string& text) {
+  m_stream.Append(text);
+  if (m_isFormatted) WriteEOL();
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteAttributeString(const std::string& localName,
+                                          const std::string& namespaceUri, const std::string& value,
+                                          ItemType) {
+  CXmlWriterContext& context = GetOpenStartTag();
+  m_stream.Append(' ');
+  if (!namespaceUri.empty()) {
+    const std::string& prefix = context.GetNamespaceMapValue(namespaceUri);
+    if (!prefix.empty()) {
+      m_stream.Append(prefix);
+    } else {
+      const std::string& newPrefix = BindUniquePrefix(context, namespaceUri);
+      WriteDeclaration(newPrefix, namespaceUri);
+      m_stream.Append(' ');
+      m_stream.Append(newPrefix);
+    }
+    m_stream.Append(':');
+  }
+  m_stream.Append(localName);
+  Append(m_stream, "=\"");
+  PadAndAppend<true>(value);
+  m_stream.Append('"');
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteAttributeType(const std::string& typeNamespace,
+                                        const std::string& typeName, ItemType type) {
+  CXmlWriterContext& context = GetOpenStartTag();
+  m_typeValue.clear();
+  if (!context.IsUnprefixed(typeNamespace)) {
+    m_typeValue = context.GetNamespaceMapValue(typeNamespace);
+    if (m_typeValue.empty()) {
+      m_typeValue = BindUniquePrefix(context, typeNamespace);
+      m_stream.Append(' ');
+      WriteDeclaration(m_typeValue, typeNamespace);
+      // Kept: with the attribute's own blank this makes two.
+      m_stream.Append(' ');
+    }
+    m_typeValue += ':';
+  }
+  m_typeValue += typeName;
+  WriteAttributeString("type", XsiNamespace(), m_typeValue, type);
+}
+
+void CXmlTextWriter::WriteAttributeNil() {
+  GetOpenStartTag();
+  WriteAttributeString("nil", XsiNamespace(), "true", ItemType_boolean);
+}
+
+CXmlWriter::CXmlWriterContext& CXmlTextWriter::GetOpenStartTag() const {
+  CXmlWriterContext* const context = GetContext();
+  if (context == nullptr || !context->IsStartTagOpen()) {
+    throw CQvException("Attributes must be added before elements");
+  }
+  return *context;
+}
+
+template <bool kInAttribute>
+void CXmlTextWriter::PadAndAppend(const std::string& text) {
+  const char* run = text.data();
+  const char* const end = run + text.size();
+  for (;;) {
+    const char* const found = detail::FindEscaped<kInAttribute>(run, end);
+    m_stream.Append(run, static_cast<size_t>(found - run));
+    if (found == end) return;
+    switch (*found) {
+      case '&':
+        Append(m_stream, "&amp;");
+        break;
+      case '<':
+        Append(m_stream, "&lt;");
+        break;
+      case '>':
+        Append(m_stream, "&gt;");
+        break;
+      case '"':
+        Append(m_stream, "&quot;");
+        break;
+      case '\n':
+        if (kInAttribute) {
+          Append(m_stream, "&#xA;");
+        } else {
+          WriteEOL();
+        }
+        break;
+      default:
+        // Kept: carriage returns are lost.
+        break;
+    }
+    run = found + 1;
+  }
+}
+
+}  // namespace QvXmlLib16

@@ -1,0 +1,414 @@
+#include "qvxml/types/big_integer.h"
+
+#include <climits>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/qv_gtest.h"
+#include <gtest/gtest.h>
+
+#ifdef QVXML_HAVE_GMP
+#include <gmp.h>
+#endif
+
+using QvXmlLib16::CBigInteger;
+using QvXmlLib16::CInstanceMonitor;
+
+namespace {
+
+std::string Nines(std::size_t count) { return std::string(count, '9'); }
+
+std::string PowerOfTen(std::size_t exponent) { return "1" + std::string(exponent, '0'); }
+
+std::string InvalidChar(std::size_t position, const std::string& text) {
+  return "The string representing a Big Integer, contained an invalid char at position " +
+         std::to_string(position) + " [" + text + "].";
+}
+
+// Puts the process-wide limits back.
+class LimitScope {
+ public:
+  LimitScope(std::size_t digits, unsigned int exponent) {
+    CBigInteger::SetDigitLimit(digits);
+    CBigInteger::SetExponentLimit(exponent);
+  }
+  ~LimitScope() {
+    CBigInteger::SetDigitLimit(1000000);
+    CBigInteger::SetExponentLimit(1000000);
+  }
+};
+
+}  // namespace
+
+TEST(CBigInteger, ReadsAndWritesText) {
+  const struct {
+    std::string text;
+    std::string expected;
+  } rows[] = {
+      {"0", "0"},
+      {"-0", "0"},
+      {"+7", "7"},
+      {"-7", "-7"},
+      {" \t\r\n42 \t\r\n", "42"},
+      {"007", "7"},
+      {Nines(17), Nines(17)},
+      {Nines(18), Nines(18)},
+      {PowerOfTen(18), PowerOfTen(18)},
+      {"-" + PowerOfTen(36), "-" + PowerOfTen(36)},
+      {"123456789012345678000000000000000009", "123456789012345678000000000000000009"},
+      {std::string(100, '0') + "5", "5"},
+      {std::string(100, '0'), "0"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(CBigInteger(row.text).ToString(), row.expected);
+    EXPECT_EQ(CBigInteger(row.text.c_str()).ToString(), row.expected);
+  }
+}
+
+TEST(CBigInteger, RefusesOtherTextAndKeepsItsValue) {
+  const struct {
+    std::string text;
+    std::size_t position;
+  } rows[] = {
+      {"", 0},
+      {"  ", 2},
+      {"-", 1},
+      {"+ ", 1},
+      {"- 5", 1},
+      {"--5", 1},
+      {"12 3", 3},
+      {"1.5", 1},
+      {"1e5", 1},
+      {"0x10", 1},
+      {"12a", 2},
+      {"\v1", 0},
+      {"\xC2\xA0"
+       "1",
+       0},
+      {" 12-", 3},
+      {"/", 0},
+      {":", 0},
+  };
+  CBigInteger value(77);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_QV_THROW(value.Parse(row.text.c_str()), CQvInvalidValueException,
+                    InvalidChar(row.position, row.text));
+    EXPECT_EQ(value.ToString(), "77");
+  }
+  EXPECT_QV_THROW(value.Parse(nullptr), CQvInvalidValueException, InvalidChar(0, ""));
+  // An embedded NUL is refused, not taken for the end.
+  EXPECT_QV_THROW(CBigInteger(std::string("12\0"
+                                          "3",
+                                          4)),
+                  CQvInvalidValueException, InvalidChar(2, "12"));
+  value.Parse("1234", 2);
+  EXPECT_EQ(value.ToString(), "12");
+}
+
+TEST(CBigInteger, LimitsDigitsAndExponents) {
+  EXPECT_EQ(CBigInteger::GetDigitLimit(), 1000000u);
+  EXPECT_EQ(CBigInteger::GetExponentLimit(), 1000000u);
+  EXPECT_EQ(CBigInteger(Nines(1000000)).GetDigitCount(), 1000000u);
+  EXPECT_QV_THROW(CBigInteger(Nines(1000001)), CQvInvalidValueException,
+                  InvalidChar(1000000, Nines(1000001)));
+  EXPECT_EQ(CBigInteger::Pow10(1000000).GetTrailingZeroCount(), 1000000u);
+  EXPECT_QV_THROW(CBigInteger::Pow10(UINT_MAX), CQvInvalidValueException,
+                  InvalidChar(1, "1E4294967295"));
+
+  const LimitScope limits(3, 2);
+  EXPECT_EQ(CBigInteger(" 000999 ").ToString(), "999");
+  EXPECT_QV_THROW(CBigInteger(" 0001234"), CQvInvalidValueException, InvalidChar(7, " 0001234"));
+  EXPECT_EQ(CBigInteger::Pow10(2).ToString(), "100");
+  EXPECT_QV_THROW(CBigInteger::Pow10(3), CQvInvalidValueException, InvalidChar(1, "1E3"));
+  // Arithmetic may go beyond.
+  EXPECT_EQ((CBigInteger(999) * CBigInteger(999)).ToString(), "998001");
+  CBigInteger::SetDigitLimit(SIZE_MAX);
+  EXPECT_EQ(CBigInteger::GetDigitLimit(), 1000000000u);
+}
+
+TEST(CBigInteger, ConvertsFromAndToMachineTypes) {
+  EXPECT_EQ(CBigInteger().ToString(), "0");
+  EXPECT_EQ(CBigInteger(0).ToString(), "0");
+  EXPECT_EQ(CBigInteger(0L).ToString(), "0");
+  EXPECT_EQ(CBigInteger(INT_MIN).ToString(), "-2147483648");
+  EXPECT_EQ(CBigInteger(UINT_MAX).ToString(), "4294967295");
+  EXPECT_EQ(CBigInteger(LLONG_MIN).ToString(), "-9223372036854775808");
+  EXPECT_EQ(CBigInteger(LONG_MAX).ToString(), "9223372036854775807");
+  EXPECT_EQ(CBigInteger(ULLONG_MAX).ToString(), "18446744073709551615");
+
+  EXPECT_EQ(CBigInteger("-9223372036854775808").ToLongLong(), LLONG_MIN);
+  EXPECT_EQ(CBigInteger("9223372036854775807").ToLong(), LONG_MAX);
+  EXPECT_EQ(CBigInteger("-42").ToLong(), -42);
+  for (const char* text :
+       {"9223372036854775808", "-9223372036854775809", "1000000000000000000000000000000000000"}) {
+    SCOPED_TRACE(text);
+    EXPECT_QV_THROW(CBigInteger(text).ToLong(), CQvOverFlowException,
+                    "The Big Integer value if to large to fit into a LONG");
+    EXPECT_QV_THROW(CBigInteger(text).ToLongLong(), CQvOverFlowException,
+                    "The Big Integer value if to large to fit into a LONGLONG");
+  }
+
+  EXPECT_EQ(CBigInteger("-9007199254740993").ToDouble(), -9007199254740992.0);
+  EXPECT_EQ(CBigInteger::Pow10(308).ToDouble(), 1e308);
+  for (unsigned int exponent : {309u, 1000u}) {
+    EXPECT_QV_THROW(CBigInteger::Pow10(exponent).ToDouble(), CQvOverFlowException,
+                    "The Big Integer value if to large to fit into a Double");
+  }
+}
+
+TEST(CBigInteger, CountsDigits) {
+  const struct {
+    std::string text;
+    std::size_t digits;
+    std::size_t trailingZeros;
+  } rows[] = {
+      {"0", 1, 0},
+      {"-9", 1, 0},
+      {"10", 2, 1},
+      {Nines(18), 18, 0},
+      {PowerOfTen(17), 18, 17},
+      {PowerOfTen(18), 19, 18},
+      {"5" + PowerOfTen(35), 37, 35},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(CBigInteger(row.text).GetDigitCount(), row.digits);
+    EXPECT_EQ(CBigInteger(row.text).GetTrailingZeroCount(), row.trailingZeros);
+  }
+}
+
+TEST(CBigInteger, OrdersBySignLengthAndDigits) {
+  const std::vector<CBigInteger> ascending = {CBigInteger("-" + PowerOfTen(36)),
+                                              CBigInteger("-" + Nines(36)),
+                                              CBigInteger(LLONG_MIN),
+                                              CBigInteger(-1),
+                                              CBigInteger(0),
+                                              CBigInteger(1),
+                                              CBigInteger(Nines(18)),
+                                              CBigInteger(PowerOfTen(18)),
+                                              CBigInteger("1000000000000000001"),
+                                              CBigInteger(Nines(36))};
+  for (std::size_t left = 0; left < ascending.size(); ++left) {
+    for (std::size_t right = 0; right < ascending.size(); ++right) {
+      SCOPED_TRACE(ascending[left].ToString() + " and " + ascending[right].ToString());
+      EXPECT_EQ(ascending[left] < ascending[right], left < right);
+      EXPECT_EQ(ascending[left] > ascending[right], left > right);
+      EXPECT_EQ(ascending[left] <= ascending[right], left <= right);
+      EXPECT_EQ(ascending[left] >= ascending[right], left >= right);
+      EXPECT_EQ(ascending[left] == ascending[right], left == right);
+      EXPECT_EQ(ascending[left] != ascending[right], left != right);
+    }
+  }
+}
+
+TEST(CBigInteger, AddsAndSubtractsAcrossSignsAndLimbs) {
+  const struct {
+    std::string left;
+    std::string right;
+    std::string sum;
+    std::string difference;
+  } rows[] = {
+      {"0", "0", "0", "0"},
+      {"0", "-5", "-5", "5"},
+      {"-5", "5", "0", "-10"},
+      {"3", "-5", "-2", "8"},
+      {"-3", "-5", "-8", "2"},
+      {Nines(18), "1", PowerOfTen(18), "999999999999999998"},
+      {PowerOfTen(18), "-1", Nines(18), "1000000000000000001"},
+      {"1", Nines(36), PowerOfTen(36), "-" + Nines(35) + "8"},
+      {"1", PowerOfTen(36), PowerOfTen(35) + "1", "-" + Nines(36)},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.left + " and " + row.right);
+    EXPECT_EQ((CBigInteger(row.left) + CBigInteger(row.right)).ToString(), row.sum);
+    EXPECT_EQ((CBigInteger(row.left) - CBigInteger(row.right)).ToString(), row.difference);
+  }
+}
+
+TEST(CBigInteger, DividesTowardZero) {
+  const struct {
+    std::string dividend;
+    std::string divisor;
+    std::string quotient;
+    std::string remainder;
+  } rows[] = {
+      {"7", "2", "3", "1"},
+      {"-7", "2", "-3", "-1"},
+      {"7", "-2", "-3", "1"},
+      {"-7", "-2", "3", "-1"},
+      {"-1", "2", "0", "-1"},
+      {"0", "-3", "0", "0"},
+      {"6", "-3", "-2", "0"},
+      {PowerOfTen(40), "7", "1428571428571428571428571428571428571428", "4"},
+      {"5", PowerOfTen(40), "0", "5"},
+      {PowerOfTen(36), PowerOfTen(36), "1", "0"},
+      // The estimate of the quotient's limb is one too large.
+      {"250000000000000000" + std::string(54, '0'),
+       "500000000000000000" + std::string(35, '0') + "1", "499999999999999999",
+       "4" + Nines(35) + "500000000000000001"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.dividend + " / " + row.divisor);
+    EXPECT_EQ((CBigInteger(row.dividend) / CBigInteger(row.divisor)).ToString(), row.quotient);
+    EXPECT_EQ((CBigInteger(row.dividend) % CBigInteger(row.divisor)).ToString(), row.remainder);
+  }
+  CBigInteger value(5);
+  EXPECT_QV_THROW(value / CBigInteger(), CQvInvalidValueException, "Division by zero");
+  EXPECT_QV_THROW(value %= CBigInteger(), CQvInvalidValueException, "Division by zero");
+  EXPECT_EQ(value.ToString(), "5");
+}
+
+TEST(CBigInteger, WorksOnItself) {
+  CBigInteger value(Nines(36));
+  value += value;
+  EXPECT_EQ(value.ToString(), "1" + Nines(35) + "8");
+  value /= CBigInteger(2);
+  value *= value;
+  EXPECT_EQ(value.ToString(), Nines(35) + "8" + std::string(35, '0') + "1");
+  CBigInteger remainder = value;
+  CBigInteger::Divide(remainder, CBigInteger(10), &value, &remainder);
+  EXPECT_EQ(value.ToString() + " " + remainder.ToString(),
+            Nines(35) + "8" + std::string(35, '0') + " 1");
+  value /= value;
+  EXPECT_EQ(value.ToString(), "1");
+  value -= value;
+  EXPECT_TRUE(value.IsZero());
+  EXPECT_FALSE((-value).IsNegative());
+
+  CBigInteger counter(-1);
+  EXPECT_EQ((counter++).ToString(), "-1");
+  EXPECT_EQ((++counter).ToString(), "1");
+  EXPECT_EQ((counter--).ToString(), "1");
+  EXPECT_EQ((--counter).ToString(), "-1");
+  EXPECT_EQ(CBigInteger(-5).GetAbs().ToString() + CBigInteger(5).Negate().ToString(), "5-5");
+}
+
+TEST(CBigInteger, LeavesZeroWhenMovedFrom) {
+  const long before = CInstanceMonitor::GetCount("CBigInteger");
+  {
+    CBigInteger longValue("-" + Nines(40));
+    CBigInteger shortValue(-3);
+    CBigInteger target(std::move(longValue));
+    EXPECT_EQ(longValue.ToString(), "0");
+    EXPECT_FALSE(longValue.IsNegative());
+    target = std::move(shortValue);
+    EXPECT_EQ(target.ToString() + shortValue.ToString(), "-30");
+    EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before + 3);
+  }
+  EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before);
+}
+
+TEST(CBigInteger, ScalesByPowersOfTen) {
+  const std::string digits = "123456789012345678901234567890123456789";
+  for (const std::size_t exponent : {0u, 1u, 17u, 18u, 19u, 36u, 38u, 39u, 40u, 100u}) {
+    SCOPED_TRACE(exponent);
+    CBigInteger value("-" + digits);
+    CBigInteger rest(99);
+    EXPECT_EQ(value.MultiplyByPow10(exponent).ToString(),
+              "-" + digits + std::string(exponent, '0'));
+    EXPECT_EQ(value.DivideByPow10(exponent, &rest).ToString(), "-" + digits);
+    EXPECT_EQ(rest.ToString(), "0");
+
+    const std::size_t kept = exponent < digits.size() ? digits.size() - exponent : 0;
+    value.DivideByPow10(exponent, &rest);
+    EXPECT_EQ(value, CBigInteger("-0" + digits.substr(0, kept)));
+    EXPECT_EQ(rest, CBigInteger("-0" + digits.substr(kept)));
+    EXPECT_FALSE(value.IsZero() && value.IsNegative());
+  }
+  EXPECT_EQ(CBigInteger(123).DivideByPow10(2).ToString(), "1");
+  EXPECT_EQ(CBigInteger().MultiplyByPow10(SIZE_MAX).ToString(), "0");
+}
+
+#ifdef QVXML_HAVE_GMP
+
+namespace {
+
+class Gmp {
+ public:
+  explicit Gmp(const std::string& text) { mpz_init_set_str(m_value, text.c_str(), 10); }
+  Gmp() { mpz_init(m_value); }
+  ~Gmp() { mpz_clear(m_value); }
+  Gmp(const Gmp&) = delete;
+  Gmp& operator=(const Gmp&) = delete;
+  mpz_ptr Get() { return m_value; }
+  std::string ToString() {
+    std::string text(mpz_sizeinbase(m_value, 10) + 2, '\0');
+    mpz_get_str(text.data(), 10, m_value);
+    return text.c_str();
+  }
+
+ private:
+  mpz_t m_value;
+};
+
+// Runs of nines and zeros make carries and the corrections of estimates likely.
+std::string RandomDigits(std::mt19937& random, std::size_t count) {
+  std::string digits = random() % 2 == 0 ? "-" : "";
+  digits += static_cast<char>('1' + random() % 9);
+  while (digits.size() < count) {
+    const std::size_t run = 1 + random() % 40;
+    const unsigned int kind = random() % 4;
+    for (std::size_t index = 0; index < run && digits.size() < count; ++index) {
+      digits += kind == 0 ? '9' : kind == 1 ? '0' : static_cast<char>('0' + random() % 10);
+    }
+  }
+  return digits;
+}
+
+void ExpectSameArithmetic(const std::string& left, const std::string& right) {
+  const CBigInteger a(left);
+  const CBigInteger b(right);
+  Gmp x(left);
+  Gmp y(right);
+  Gmp result;
+  ASSERT_EQ(a.ToString(), x.ToString());
+  mpz_add(result.Get(), x.Get(), y.Get());
+  ASSERT_EQ((a + b).ToString(), result.ToString());
+  mpz_sub(result.Get(), x.Get(), y.Get());
+  ASSERT_EQ((a - b).ToString(), result.ToString());
+  mpz_mul(result.Get(), x.Get(), y.Get());
+  const CBigInteger product = a * b;
+  ASSERT_EQ(product.ToString(), result.ToString());
+  mpz_tdiv_q(result.Get(), x.Get(), y.Get());
+  ASSERT_EQ((a / b).ToString(), result.ToString());
+  mpz_tdiv_r(result.Get(), x.Get(), y.Get());
+  ASSERT_EQ((a % b).ToString(), result.ToString());
+  // Just below and at an exact quotient.
+  ASSERT_EQ(product / b, a);
+  ASSERT_EQ(((product.GetAbs() - CBigInteger(1)) / b.GetAbs()), a.GetAbs() - CBigInteger(1));
+}
+
+}  // namespace
+
+TEST(CBigIntegerAgainstGmp, AgreesAroundTheEdgesOfLimbsAndAlgorithms) {
+  std::mt19937 random(16);
+  // In limbs: single, algorithm D, the recursive division, Karatsuba and twice that.
+  const std::size_t limbs[] = {1, 2, 3, 8, 23, 24, 25, 47, 48, 49, 50, 97, 98, 150, 400};
+  std::size_t count = 0;
+  for (const std::size_t left : limbs) {
+    for (const std::size_t right : limbs) {
+      for (int round = 0; round < 6; ++round, ++count) {
+        const std::string leftDigits = RandomDigits(random, left * 18 - random() % 18);
+        const std::string rightDigits = RandomDigits(random, right * 18 - random() % 18);
+        SCOPED_TRACE(leftDigits + " and " + rightDigits);
+        ASSERT_NO_FATAL_FAILURE(ExpectSameArithmetic(leftDigits, rightDigits));
+      }
+    }
+  }
+  EXPECT_EQ(count, 1350u);
+}
+
+TEST(CBigIntegerAgainstGmp, AgreesOnLongOperands) {
+  std::mt19937 random(17);
+  for (const std::size_t digits : {20000u, 60001u}) {
+    SCOPED_TRACE(digits);
+    ExpectSameArithmetic(RandomDigits(random, digits), RandomDigits(random, digits / 2));
+    ExpectSameArithmetic(RandomDigits(random, digits), RandomDigits(random, digits / 5));
+  }
+}
+
+#endif  // QVXML_HAVE_GMP

@@ -1,0 +1,427 @@
+#include "qvxml/types/decimal.h"
+
+#include <cfloat>
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/qv_gtest.h"
+#include <gtest/gtest.h>
+
+using QvXmlLib16::CBigInteger;
+using QvXmlLib16::CDecimal;
+using QvXmlLib16::CInstanceMonitor;
+
+namespace {
+
+std::string Zeros(std::size_t count) { return std::string(count, '0'); }
+
+std::string InvalidChar(std::size_t position, const std::string& text) {
+  return "The string representing a Decimal, contained an invalid char at position " +
+         std::to_string(position) + " [" + text + "].";
+}
+
+std::string Parts(const CDecimal& value) {
+  return value.GetIntegerPart().ToString() + "|" + value.GetFractionPart().ToString() + "|" +
+         std::to_string(value.GetFractionalDivider());
+}
+
+}  // namespace
+
+TEST(CDecimal, ReadsTextIntoItsParts) {
+  const struct {
+    std::string text;
+    std::string parts;
+    std::string expected;
+  } rows[] = {
+      {"0", "0|0|0", "0"},
+      {"1.050", "1|5|2", "1.05"},
+      {"1.000", "1|0|0", "1"},
+      {"0.001", "0|1|3", "0.001"},
+      {" \t\r\n12.5 \t\r\n", "12|5|1", "12.5"},
+      {"+.5", "0|5|1", "0.5"},
+      {"-5.", "-5|0|0", "-5"},
+      {"-0.5", "0|5|1", "-0.5"},
+      {"-12.5", "-12|5|1", "-12.5"},
+      {"-0", "0|0|0", "0"},
+      {"-0.000", "0|0|0", "0"},
+      {"000123.4500", "123|45|2", "123.45"},
+      {"123456789012345678901234567890.000000000000000000001",
+       "123456789012345678901234567890|1|21",
+       "123456789012345678901234567890.000000000000000000001"},
+      {"0." + Zeros(2000) + "1", "0|1|2001", "0." + Zeros(2000) + "1"},
+      // Exponents.
+      {"1.5E2", "150|0|0", "150"},
+      {"1.5e+1", "15|0|0", "15"},
+      {"-1.5E-3", "0|15|4", "-0.0015"},
+      {"123.456E1", "1234|56|2", "1234.56"},
+      {"123.456E-2", "1|23456|5", "1.23456"},
+      {"120E-1", "12|0|0", "12"},
+      {"1200E-3", "1|2|1", "1.2"},
+      {"0.0012E3", "1|2|1", "1.2"},
+      {"0.0012E2", "0|12|2", "0.12"},
+      {".5E0", "0|5|1", "0.5"},
+      {"0E-999999", "0|0|0", "0"},
+      {"1E0000000000000000000001", "10|0|0", "10"},
+      {"1E20", "100000000000000000000|0|0", "100000000000000000000"},
+      {"1E-20", "0|1|20", "0.00000000000000000001"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    const CDecimal value(row.text.c_str());
+    EXPECT_EQ(Parts(value), row.parts);
+    EXPECT_EQ(value.ToString(), row.expected);
+    EXPECT_EQ(value.GetNegative(), row.expected[0] == '-');
+  }
+}
+
+TEST(CDecimal, RefusesOtherTextAndKeepsItsValue) {
+  const struct {
+    std::string text;
+    std::size_t position;
+  } rows[] = {
+      {"", 0},     {"  ", 2},   {"+", 1},     {".", 1},    {"-.", 2},     {".E5", 1},
+      {"E5", 0},   {"12,5", 2}, {"1.2.3", 3}, {"1-", 1},   {"--1", 1},    {"- 1", 1},
+      {"1 E5", 2}, {"1E", 2},   {"1E+", 3},   {"1E 5", 2}, {"1E5.0", 3},  {"1E5E5", 3},
+      {"nan", 0},  {"INF", 0},  {"0x1", 1},   {"1 2", 2},  {" 1.5 x", 5}, {"1.5\v", 3},
+  };
+  CDecimal value("-0.25");
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_QV_THROW(value.Parse(row.text.c_str()), CQvInvalidValueException,
+                    InvalidChar(row.position, row.text));
+    EXPECT_EQ(value.ToString(), "-0.25");
+  }
+  EXPECT_QV_THROW(value.Parse(nullptr), CQvInvalidValueException, InvalidChar(0, ""));
+  EXPECT_QV_THROW(CDecimal(std::string("1\0"
+                                       "2",
+                                       3)),
+                  CQvInvalidValueException, InvalidChar(1, "1"));
+}
+
+TEST(CDecimal, LimitsDigitsExponentsAndScales) {
+  for (const char* exponent : {"1000001", "2000000000", "-1000001", "99999999999999999999999"}) {
+    const std::string text = std::string(" -0.1E") + exponent;
+    SCOPED_TRACE(text);
+    EXPECT_QV_THROW(CDecimal(text.c_str()), CQvInvalidValueException, InvalidChar(5, text));
+  }
+  EXPECT_EQ(CDecimal("1E1000000").GetIntegerDigitCount(), 1000001u);
+  EXPECT_EQ(CDecimal("1E-1000000").GetFractionalDivider(), 1000000);
+
+  CBigInteger::SetDigitLimit(4);
+  EXPECT_EQ(CDecimal("0012.34").ToString(), "12.34");
+  EXPECT_QV_THROW(CDecimal("0012.345"), CQvInvalidValueException, InvalidChar(7, "0012.345"));
+  EXPECT_QV_THROW(CDecimal("12345.6"), CQvInvalidValueException, InvalidChar(4, "12345.6"));
+  EXPECT_QV_THROW(CDecimal(".00000"), CQvInvalidValueException, InvalidChar(5, ".00000"));
+  CBigInteger::SetDigitLimit(1000000);
+
+  CDecimal value("1.5");
+  for (const int divider : {-1, INT_MIN, 1000001, INT_MAX}) {
+    const std::string message = "Invalid fractional divider [" + std::to_string(divider) + "]";
+    SCOPED_TRACE(message);
+    EXPECT_QV_THROW(value.ChangeFractionalDivider(divider), CQvInvalidValueException, message);
+    EXPECT_QV_THROW(CDecimal(1, 1, divider), CQvInvalidValueException, message);
+    if (divider > 0) {
+      EXPECT_QV_THROW(value.ToString(divider), CQvInvalidValueException, message);
+    }
+  }
+  EXPECT_QV_THROW(CDecimal(1, -5, 2), CQvInvalidValueException, "Invalid fractional divider [2]");
+  EXPECT_QV_THROW(CDecimal(1, 500, 2), CQvInvalidValueException, "Invalid fractional divider [2]");
+  EXPECT_EQ(value.ToString(), "1.5");
+
+  // A scale that doubles with each square ends with an exception, not with a wrapped number.
+  CDecimal tiny("1E-1000000");
+  for (int square = 0; square < 11; ++square) tiny *= tiny;
+  EXPECT_EQ(tiny.GetFractionalDivider(), 2048000000);
+  EXPECT_QV_THROW(tiny *= tiny, CQvInvalidValueException,
+                  "Invalid fractional divider [2147483647]");
+  EXPECT_LT(tiny, CDecimal("0.1"));
+  EXPECT_EQ(tiny.ToDouble(), 0);
+  EXPECT_TRUE((tiny / CDecimal(3)).IsZero());
+}
+
+TEST(CDecimal, RoundsHalfUpOnTheMagnitude) {
+  const struct {
+    const char* text;
+    int digits;
+    std::string expected;
+  } rows[] = {
+      {"1.005", 2, "1.01"},
+      {"-1.005", 2, "-1.01"},
+      {"1.00499999999999999999", 2, "1.00"},
+      {"1.5", 0, "2"},
+      {"-0.5", 0, "-1"},
+      {"0.49", 0, "0"},
+      {"-0.49", 0, "-0"},
+      {"-0.001", 2, "-0.00"},
+      {"0", 2, "0.00"},
+      {"-0", 2, "0.00"},
+      {"9.995", 2, "10.00"},
+      {"-999.5", 0, "-1000"},
+      {"0.99", 1, "1.0"},
+      {"12", 3, "12.000"},
+      {"1.05", 5, "1.05000"},
+      {"1.05", 2, "1.05"},
+      {"7.5", -1, "8"},
+      {"7.5", INT_MIN, "8"},
+      {"999999999999999999.9", 0, "1000000000000000000"},
+      {"0.1", 40, "0.1000000000000000000000000000000000000000"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.text) + " to " + std::to_string(row.digits));
+    EXPECT_EQ(CDecimal(row.text).ToString(row.digits), row.expected);
+  }
+}
+
+TEST(CDecimal, IsBuiltFromMachineTypes) {
+  EXPECT_EQ(CDecimal().ToString(), "0");
+  EXPECT_EQ(CDecimal(0).ToString(), "0");
+  EXPECT_EQ(CDecimal(LLONG_MIN).ToString(), "-9223372036854775808");
+  EXPECT_EQ(CDecimal(ULONG_MAX).ToString(), "18446744073709551615");
+  EXPECT_EQ(CDecimal(CBigInteger(-7)).ToString(), "-7");
+  EXPECT_EQ(CDecimal(-1, 50, 3).ToString(), "-1.050");
+  EXPECT_EQ(CDecimal(3, 0, 2).ToString(), "3");
+
+  const struct {
+    double value;
+    const char* expected;
+  } rows[] = {
+      {0.5, "0.5"},
+      {-0.0, "0"},
+      {0.1, "0.10000000000000001"},
+      {-1e22, "-10000000000000000000000"},
+      {1.5e-7, "0.00000014999999999999999"},
+      {123456.75, "123456.75"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(CDecimal(row.value).ToString(), row.expected);
+  EXPECT_EQ(CDecimal(DBL_MAX).ToString(), "17976931348623157" + Zeros(292));
+  EXPECT_QV_THROW(CDecimal(std::nan("")), CQvInvalidValueException, InvalidChar(0, "nan"));
+  EXPECT_QV_THROW(CDecimal(+HUGE_VAL), CQvInvalidValueException, InvalidChar(0, "inf"));
+  EXPECT_QV_THROW(CDecimal(-HUGE_VAL), CQvInvalidValueException, InvalidChar(1, "-inf"));
+}
+
+TEST(CDecimal, ConvertsToIntegersTowardZero) {
+  EXPECT_EQ(CDecimal("-1.999").ToLong(), -1);
+  EXPECT_EQ(CDecimal("-0.999").ToLongLong(), 0);
+  EXPECT_EQ(CDecimal("9223372036854775807.9").ToLongLong(), LLONG_MAX);
+  EXPECT_EQ(CDecimal("-9223372036854775808.9").ToLong(), LONG_MIN);
+  EXPECT_EQ(CDecimal("-123456789012345678901.5").ToBigInteger().ToString(),
+            "-123456789012345678901");
+  for (const char* text : {"9223372036854775808", "-9223372036854775809", "1E30"}) {
+    SCOPED_TRACE(text);
+    EXPECT_QV_THROW(CDecimal(text).ToLong(), CQvOverFlowException,
+                    "The Decimal value if to large to fit into a LONG");
+    EXPECT_QV_THROW(CDecimal(text).ToLongLong(), CQvOverFlowException,
+                    "The Decimal value if to large to fit into a LONGLONG");
+  }
+}
+
+TEST(CDecimal, ConvertsToTheNearestDouble) {
+  const std::string rows[] = {"0",
+                              "-0.1",
+                              "123.456",
+                              "9007199254740993",
+                              "9007199254740993.0000000000000000000001",
+                              "1.7976931348623157e308",
+                              "-179769313486231580793728971405301e276",
+                              "4.9e-324",
+                              "2.5e-324",
+                              "2.4e-324",
+                              "-1e-400",
+                              "1e-1000000",
+                              "0." + Zeros(400) + "5",
+                              "2.2250738585072011e-308",
+                              "1." + Zeros(300) + "1"};
+  for (const std::string& text : rows) {
+    SCOPED_TRACE(text);
+    const double expected = std::strtod(text.c_str(), nullptr);
+    EXPECT_EQ(CDecimal(text).ToDouble(), expected);
+    EXPECT_EQ(std::signbit(CDecimal(text).ToDouble()), std::signbit(expected));
+  }
+  for (const char* text : {"1.8e308", "-1e309", "1e310", "1e1000000"}) {
+    SCOPED_TRACE(text);
+    EXPECT_QV_THROW(CDecimal(text).ToDouble(), CQvOverFlowException,
+                    "The Decimal value if to large to fit into a Double");
+  }
+  std::mt19937_64 random(42);
+  for (int round = 0; round < 2000; ++round) {
+    const std::uint64_t bits = random();
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    if (std::isfinite(value)) {
+      EXPECT_EQ(CDecimal(value).ToDouble(), value);
+    }
+  }
+}
+
+TEST(CDecimal, ChangesItsScale) {
+  CDecimal value("-1.05");
+  value.ChangeFractionalDivider(4);
+  EXPECT_EQ(Parts(value), "-1|500|4");
+  EXPECT_EQ(value.ToString(), "-1.0500");
+  EXPECT_EQ(value.GetFractionDigitCount(), 2u);
+  value.Rationalise();
+  EXPECT_EQ(Parts(value), "-1|5|2");
+  value.ChangeFractionalDivider(1);
+  EXPECT_EQ(Parts(value), "-1|0|1");
+  value.Rationalise();
+  EXPECT_EQ(Parts(value), "-1|0|0");
+
+  CDecimal half("-0.59");
+  half.ChangeFractionalDivider(1);
+  EXPECT_EQ(half.ToString(), "-0.5");
+  half.ChangeFractionalDivider(0);
+  EXPECT_EQ(half.ToString(), "0");
+  EXPECT_FALSE(half.GetNegative());
+
+  CDecimal longer("0.001");
+  CDecimal shorter("2.5");
+  CDecimal::Normalize(longer, shorter);
+  EXPECT_EQ(Parts(longer) + " " + Parts(shorter), "0|1|3 2|500|3");
+  CDecimal::Normalize(shorter, shorter);
+  EXPECT_EQ(Parts(shorter), "2|500|3");
+
+  CDecimal manyZeros(1, CBigInteger("5" + Zeros(100000)), 100003);
+  manyZeros.Rationalise();
+  EXPECT_EQ(Parts(manyZeros), "1|5|3");
+}
+
+TEST(CDecimal, CountsDigitsOnBothSides) {
+  const struct {
+    const char* text;
+    std::size_t integerDigits;
+    std::size_t fractionDigits;
+  } rows[] = {{"0", 1, 0},     {"0.5", 0, 1},    {"-0.050", 0, 2},
+              {"-123", 3, 0},  {"10.01", 2, 2},  {"1E-30", 0, 30},
+              {"1E30", 31, 0}, {"100.00", 3, 0}, {"-1234567890123456789012.5", 22, 1}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(CDecimal(row.text).GetIntegerDigitCount(), row.integerDigits);
+    EXPECT_EQ(CDecimal(row.text).GetFractionDigitCount(), row.fractionDigits);
+  }
+}
+
+TEST(CDecimal, AddsSubtractsAndMultiplies) {
+  const struct {
+    const char* left;
+    const char* right;
+    const char* sum;
+    const char* difference;
+    const char* product;
+  } rows[] = {
+      {"0.1", "0.2", "0.3", "-0.1", "0.02"},
+      {"1.05", "0.95", "2", "0.1", "0.9975"},
+      {"-0.5", "0.25", "-0.25", "-0.75", "-0.125"},
+      {"-0.5", "-0.5", "-1", "0", "0.25"},
+      {"0.3", "-1", "-0.7", "1.3", "-0.3"},
+      {"-1", "0.999", "-0.001", "-1.999", "-0.999"},
+      {"0", "-0.5", "-0.5", "0.5", "0"},
+      {"999999999999999999.999999999999999999", "0.000000000000000001", "1000000000000000000",
+       "999999999999999999.999999999999999998", "0.999999999999999999999999999999999999"},
+      {"1E20", "1E-20", "100000000000000000000.00000000000000000001",
+       "99999999999999999999.99999999999999999999", "1"},
+      {"2.5", "4", "6.5", "-1.5", "10"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.left) + " and " + row.right);
+    const CDecimal left(row.left);
+    const CDecimal right(row.right);
+    EXPECT_EQ((left + right).ToString(), row.sum);
+    EXPECT_EQ((right + left).ToString(), row.sum);
+    EXPECT_EQ((left - right).ToString(), row.difference);
+    EXPECT_EQ((left * right).ToString(), row.product);
+    CDecimal changed(row.left);
+    changed += right;
+    changed -= left;
+    EXPECT_EQ(changed, right);
+  }
+
+  CDecimal value("-0.5");
+  EXPECT_EQ((value++).ToString(), "-0.5");
+  EXPECT_EQ((++value).ToString(), "1.5");
+  EXPECT_EQ((value--).ToString(), "1.5");
+  EXPECT_EQ((--value).ToString(), "-0.5");
+  EXPECT_EQ((-value).ToString(), "0.5");
+  EXPECT_EQ((value *= value).ToString(), "0.25");
+  EXPECT_EQ(CDecimal(0).Negate().ToString(2), "0.00");
+}
+
+TEST(CDecimal, DividesToThirtyFourDigits) {
+  const struct {
+    const char* dividend;
+    const char* divisor;
+    const char* quotient;
+  } rows[] = {
+      {"1", "3", "0.3333333333333333333333333333333333"},
+      {"2", "3", "0.6666666666666666666666666666666667"},
+      {"-2", "3", "-0.6666666666666666666666666666666667"},
+      {"1", "-7", "-0.1428571428571428571428571428571429"},
+      {"1", "8", "0.125"},
+      {"-10", "-4", "2.5"},
+      {"0", "-4", "0"},
+      {"1E30", "3", "333333333333333333333333333333.3333333333333333333333333333333333"},
+      {"5E-35", "1", "0.0000000000000000000000000000000001"},
+      {"-5E-35", "1", "-0.0000000000000000000000000000000001"},
+      {"4.9E-35", "1", "0"},
+      {"1", "2E34", "0.0000000000000000000000000000000001"},
+      {"1", "2.1E34", "0"},
+      {"-1", "2.1E34", "0"},
+      {"0.00000000000000000000000000000000000000000004",
+       "0.00000000000000000000000000000000000000000005", "0.8"},
+      {"1", "1E-40", "10000000000000000000000000000000000000000"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.dividend) + " / " + row.divisor);
+    EXPECT_EQ((CDecimal(row.dividend) / CDecimal(row.divisor)).ToString(), row.quotient);
+  }
+  CDecimal value("1.5");
+  EXPECT_QV_THROW(value /= CDecimal("0.00"), CQvInvalidValueException, "Division by zero");
+  EXPECT_EQ(value.ToString(), "1.5");
+}
+
+TEST(CDecimal, OrdersByValueWhateverTheScale) {
+  const std::vector<CDecimal> ascending = {
+      CDecimal("-1E30"), CDecimal("-2.1"),     CDecimal("-2.05"), CDecimal("-1"),
+      CDecimal("-0.5"),  CDecimal("-0.0001"),  CDecimal(0),       CDecimal("1E-1000000"),
+      CDecimal("1E-30"), CDecimal("0.000999"), CDecimal("0.001"), CDecimal("0.0010001"),
+      CDecimal("0.5"),   CDecimal("2.05"),     CDecimal("2.1"),   CDecimal("1E30")};
+  for (std::size_t left = 0; left < ascending.size(); ++left) {
+    for (std::size_t right = 0; right < ascending.size(); ++right) {
+      SCOPED_TRACE(std::to_string(left) + " and " + std::to_string(right));
+      EXPECT_EQ(ascending[left] < ascending[right], left < right);
+      EXPECT_EQ(ascending[left] > ascending[right], left > right);
+      EXPECT_EQ(ascending[left] <= ascending[right], left <= right);
+      EXPECT_EQ(ascending[left] >= ascending[right], left >= right);
+      EXPECT_EQ(ascending[left] == ascending[right], left == right);
+      EXPECT_EQ(ascending[left] != ascending[right], left != right);
+    }
+  }
+  const CDecimal scaled(-1, 500, 3);
+  EXPECT_EQ(scaled, CDecimal("-1.5"));
+  EXPECT_EQ(scaled, -1.5);
+  EXPECT_EQ(CDecimal(3, 0, 5), 3);
+  EXPECT_EQ(scaled.GetFractionalDivider(), 3);
+}
+
+TEST(CDecimal, LeavesZeroWhenMovedFrom) {
+  const long before = CInstanceMonitor::GetCount("CDecimal");
+  {
+    CDecimal source("-0.5");
+    CDecimal target(std::move(source));
+    EXPECT_EQ(target.ToString() + " " + source.ToString(1), "-0.5 0.0");
+    source = std::move(target);
+    EXPECT_EQ(source.ToString() + " " + target.ToString(1), "-0.5 0.0");
+    target = source;
+    target = *&target;
+    EXPECT_EQ(source.ToString() + " " + target.ToString(), "-0.5 -0.5");
+    EXPECT_EQ(CInstanceMonitor::GetCount("CDecimal"), before + 2);
+  }
+  EXPECT_EQ(CInstanceMonitor::GetCount("CDecimal"), before);
+}
