@@ -54,11 +54,10 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
 
   /// Writes an XML file. Compression may be none or gzip; zlib throws CQvException before the file
   /// is touched.
-  virtual void ToXmlFile(
-      const char* path, bool includeDocHeader = true, bool format = true,
-      XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_LF,
-      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
-      CompressionType compression = CompressionType_None) const;
+  virtual void ToXmlFile(const char* path, bool includeDocHeader = true, bool format = true,
+                         XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_LF,
+                         const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+                         CompressionType compression = CompressionType_None) const;
   /// Returns the document as text of the process' locale, see Encoding; `includeDocHeader` adds the
   /// XML declaration.
   virtual std::string ToXml(
@@ -75,28 +74,25 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
 
   /// Reads a file of XML, plain or compressed with gzip or zlib.
   virtual void FromXmlFile(
-      const char* path,
-      const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+      const char* path, const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   /// Reads XML text; null is empty, which throws.
-  virtual void FromXml(const char* text, const CSerializationContext& ctx =
-                                             CSerializationContext::m_defaultContext);
-  virtual void FromXml(const wchar_t* text, const CSerializationContext& ctx =
-                                                CSerializationContext::m_defaultContext);
+  virtual void FromXml(const char* text,
+                       const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  virtual void FromXml(const wchar_t* text,
+                       const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   /// Reads `length` bytes of XML, plain or compressed; they are copied.
   virtual void FromXmlStream(
       unsigned char* bytes, unsigned long length,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
-  virtual void FromXmlStream(
-      const CBinaryData& data,
-      const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  virtual void FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx =
+                                                          CSerializationContext::m_defaultContext);
   /// Reads an element of a loaded document.
   virtual void FromXmlElement(
       const CXmlElement* element,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   /// Reads what an untyped holder holds.
-  virtual void FromXmlElement(
-      const CElement* element,
-      const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  virtual void FromXmlElement(const CElement* element, const CSerializationContext& ctx =
+                                                           CSerializationContext::m_defaultContext);
 
   virtual ~CXmlObjectBase();
 
@@ -148,8 +144,8 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   /// when `isValid` is false. Throws CQvInvalidStateException when another member, or none, is
   /// selected.
   static void Choice_SetElementValid(bool isValid, const char* name, std::string& selected);
-  /// Selects the choice's member `name` for `newValue`, or gives the selection up when that is null.
-  /// Throws CQvInvalidStateException when another member is selected.
+  /// Selects the choice's member `name` for `newValue`, or gives the selection up when that is
+  /// null. Throws CQvInvalidStateException when another member is selected.
   static void Choice_SelectElement(const char* name, CXmlObjectBase* newValue,
                                    std::string& selected);
   /// The same for a collection that now holds `count` items.
@@ -170,8 +166,8 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   /// An index of -1 means all items.
   static void FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection,
                                           int index);
-  static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink,
-                                                  CXmlCollectionBase* collection, int index);
+  static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                  int index);
 
   // Name and namespace tests.
 
@@ -193,8 +189,6 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
  private:
   friend class TInstanceCounted<CXmlObjectBase>;
   static CInstanceCounter s_instances;
-
-  void ReadDocument(CXmlElement* documentElement, const CSerializationContext& ctx);
 
   std::string m_elementName;
   CQVCriticalSection m_section;

@@ -3,7 +3,9 @@
 #ifndef QVXML_BINDING_METADATA_PARENT_ELEMENT_INFO_H_
 #define QVXML_BINDING_METADATA_PARENT_ELEMENT_INFO_H_
 
+#include <atomic>
 #include <string>
+#include <typeinfo>
 
 #include "qvxml/binding/element_types.h"
 #include "qvxml/core/item_type.h"
@@ -46,6 +48,15 @@ class QVXML_API CParentElementInfo : private QvXmlLib16::TInstanceCounted<CParen
     return m_valuePropertyIndex != -1 && m_valueItemType != QvXmlLib16::ItemType_none;
   }
 
+  // Whether objects of that type are known not to be nillable. Asking the object is a search
+  // through its bases, so the answer is kept for the type that asked last.
+  bool IsKnownNotNillable(const std::type_info& type) const {
+    return m_notNillable.load(std::memory_order_relaxed) == &type;
+  }
+  void RememberNotNillable(const std::type_info& type) const {
+    m_notNillable.store(&type, std::memory_order_relaxed);
+  }
+
  private:
   friend class QvXmlLib16::TInstanceCounted<CParentElementInfo>;
   static QvXmlLib16::CInstanceCounter s_instances;
@@ -60,6 +71,7 @@ class QVXML_API CParentElementInfo : private QvXmlLib16::TInstanceCounted<CParen
   QvXmlLib16::ItemType m_valueItemType;
   std::string m_valueFormat;
   bool m_isRawText;
+  mutable std::atomic<const std::type_info*> m_notNillable{nullptr};
 };
 
 }  // namespace QvXmlLib16Data
