@@ -1,0 +1,34 @@
+#include "qvxml/binding/primitive_restrictions.h"
+
+#include <utility>
+
+namespace QvXmlLib16 {
+
+constinit CInstanceCounter CPrimitiveRestrictions::s_instances("CPrimitiveRestrictions");
+
+CPrimitiveRestrictions::CPrimitiveRestrictions(std::string pattern, std::int64_t minLength,
+                                               std::int64_t maxLength, std::string minInclusive,
+                                               std::string maxInclusive, std::string minExclusive,
+                                               std::string maxExclusive, std::int64_t length,
+                                               std::int64_t totalDigits,
+                                               std::int64_t fractionDigits,
+                                               std::vector<std::string> enumeration)
+    : m_pattern(std::move(pattern)),
+      m_minLength(minLength),
+      m_maxLength(maxLength),
+      m_minInclusive(std::move(minInclusive)),
+      m_maxInclusive(std::move(maxInclusive)),
+      m_minExclusive(std::move(minExclusive)),
+      m_maxExclusive(std::move(maxExclusive)),
+      m_length(length),
+      m_totalDigits(totalDigits),
+      m_fractionDigits(fractionDigits),
+      m_enumeration(std::move(enumeration)),
+      m_hasFacets(!m_pattern.empty() || m_minLength >= 0 || m_maxLength >= 0 ||
+                  !m_minInclusive.empty() || !m_maxInclusive.empty() || !m_minExclusive.empty() ||
+                  !m_maxExclusive.empty() || m_length >= 0 || m_totalDigits >= 0 ||
+                  m_fractionDigits >= 0 || !m_enumeration.empty()) {}
+
+CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
+
+}  // namespace QvXmlLib16

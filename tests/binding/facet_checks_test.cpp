@@ -1,0 +1,420 @@
+#include "qvxml/binding/facet_checks.h"
+
+#include <climits>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "tests/support/qv_gtest.h"
+#include <gtest/gtest.h>
+
+#include "qvxml/binding/primitive_restrictions.h"
+#include "qvxml/core/value/variant.h"
+#include "qvxml/support/instance_monitor.h"
+#include "qvxml/types/big_integer.h"
+#include "qvxml/types/binary_data.h"
+#include "qvxml/types/date_time.h"
+#include "qvxml/types/date_time_span.h"
+#include "qvxml/types/decimal.h"
+
+using namespace QvXmlLib16;
+
+namespace {
+
+struct CFacets {
+  std::string pattern;
+  long minLength = -1, maxLength = -1;
+  std::string minInclusive, maxInclusive, minExclusive, maxExclusive;
+  long length = -1, totalDigits = -1, fractionDigits = -1;
+  std::vector<std::string> enumeration;
+
+  operator CPrimitiveRestrictions() const {
+    return CPrimitiveRestrictions(pattern, minLength, maxLength, minInclusive, maxInclusive,
+                                  minExclusive, maxExclusive, length, totalDigits, fractionDigits,
+                                  enumeration);
+  }
+};
+
+// "" when the value passes, else the message.
+std::string Check(ItemType type, const std::string& text, const CPrimitiveRestrictions& facets) {
+  QvVariant value;
+  value.FromString(text, type, CWhitespaceUtils::ws_none);
+  try {
+    CXmlObjectHelper::CheckRestriction("n", value, type, facets);
+    return std::string();
+  } catch (const CQvException& exception) {
+    EXPECT_TRUE(typeid(exception) == typeid(CQvException) || exception.GetMessage()[0] == 'T');
+    return exception.GetMessage();
+  }
+}
+
+struct CBoundedRow {
+  ItemType type;
+  const char *below, *bound, *above;
+  const char *belowMessage, *boundMessage, *aboveMessage;
+};
+
+const CBoundedRow kBounded[] = {
+    {ItemType_i1, "-128", "-127", "-126", "Invalid Value for n [-128]",
+     "Invalid Value for n [-127]", "Invalid Value for n [-126]"},
+    {ItemType_i2, "32765", "32766", "32767", "Invalid Value for n [32765]",
+     "Invalid Value for n [32766]", "Invalid Value for n [32767]"},
+    {ItemType_i4, "9223372036854775805", "9223372036854775806", "9223372036854775807",
+     "Invalid Value for n [9223372036854775805]", "Invalid Value for n [9223372036854775806]",
+     "Invalid Value for n [9223372036854775807]"},
+    {ItemType_i8, "-9223372036854775808", "-9223372036854775807", "0",
+     "Invalid Value for n [-9223372036854775808]", "Invalid Value for n [-9223372036854775807]",
+     "Invalid Value for n [0]"},
+    {ItemType_ui1, "127", "128", "129", "Invalid Value for n [127]", "Invalid Value for n [128]",
+     "Invalid Value for n [129]"},
+    {ItemType_ui2, "32767", "32768", "65535", "Invalid Value for n [32767]",
+     "Invalid Value for n [32768]", "Invalid Value for n [65535]"},
+    {ItemType_ui4, "0", "9223372036854775808", "18446744073709551615", "Invalid Value for n [0]",
+     "Invalid Value for n [9223372036854775808]", "Invalid Value for n [18446744073709551615]"},
+    {ItemType_ui8, "0", "18446744073709551614", "18446744073709551615", "Invalid Value for n [0]",
+     "Invalid Value for n [18446744073709551614]", "Invalid Value for n [18446744073709551615]"},
+    {ItemType_year, "1999", "2000", "2001", "Invalid Value for n [1999]",
+     "Invalid Value for n [2000]", "Invalid Value for n [2001]"},
+    {ItemType_month, "--09", "--10", "--11", "Invalid Value for n [9]", "Invalid Value for n [10]",
+     "Invalid Value for n [11]"},
+    {ItemType_day, "---01", "---02", "---31", "Invalid Value for n [1]", "Invalid Value for n [2]",
+     "Invalid Value for n [31]"},
+    {ItemType_r4, "-INF", "1.5", "1.6", "Invalid Value for n [-INF].", "Invalid Value for n [1.5].",
+     "Invalid Value for n [1.6]."},
+    {ItemType_r8, "0.1", "0.2", "INF", "Invalid Value for n [0.1].", "Invalid Value for n [0.2].",
+     "Invalid Value for n [INF]."},
+    {ItemType_decimal, "-0.6", "-0.50", "-0.4999999999999999999999999",
+     "Invalid Value for n [-0.6].", "Invalid Value for n [-0.5].",
+     "Invalid Value for n [-0.4999999999999999999999999]."},
+    {ItemType_integer, "-100000000000000000000001", "-100000000000000000000000", "5",
+     "Invalid Value for n [-100000000000000000000001].",
+     "Invalid Value for n [-100000000000000000000000].", "Invalid Value for n [5]."},
+    {ItemType_duration, "P27D", "PT672H", "P2M", "Invalid Value for n [P27D].",
+     "Invalid Value for n [PT672H].", "Invalid Value for n [P2M]."},
+    {ItemType_date, "2000-02-28", "2000-02-29", "2000-03-01", "Invalid Value for n [2000-02-28].",
+     "Invalid Value for n [2000-02-29].", "Invalid Value for n [2000-03-01]."},
+    {ItemType_time, "11:59:59.999", "12:00:00", "12:00:00.001",
+     "Invalid Value for n [11:59:59.999].", "Invalid Value for n [12:00:00].",
+     "Invalid Value for n [12:00:00.001]."},
+    {ItemType_datetime, "2000-01-01T11:59:59Z", "2000-01-01T12:00:00Z", "2000-01-01T12:00:01Z",
+     "Invalid Value for n [2000-01-01T11:59:59Z].", "Invalid Value for n [2000-01-01T12:00:00Z].",
+     "Invalid Value for n [2000-01-01T12:00:01Z]."},
+    {ItemType_yearMonth, "1999-12", "2000-01", "2000-02", "Invalid Value for n [1999-12].",
+     "Invalid Value for n [2000-01].", "Invalid Value for n [2000-02]."},
+    {ItemType_monthDay, "--02-28", "--02-29", "--03-01", "Invalid Value for n [--02-28].",
+     "Invalid Value for n [--02-29].", "Invalid Value for n [--03-01]."},
+};
+
+}  // namespace
+
+TEST(CheckRestriction, TestsEachBoundOfEveryOrderedKind) {
+  for (const CBoundedRow& row : kBounded) {
+    SCOPED_TRACE(row.type);
+    CFacets minInclusive, maxInclusive, minExclusive, maxExclusive, enumeration;
+    // Bounds are collapsed before they are read.
+    minInclusive.minInclusive = std::string("\n ") + row.bound + " ";
+    maxInclusive.maxInclusive = row.bound;
+    minExclusive.minExclusive = row.bound;
+    maxExclusive.maxExclusive = row.bound;
+    enumeration.enumeration = {row.above, row.bound};
+    const struct {
+      const CFacets& facets;
+      const char *below, *bound, *above;
+    } expected[] = {
+        {minInclusive, row.belowMessage, "", ""},
+        {maxInclusive, "", "", row.aboveMessage},
+        {minExclusive, row.belowMessage, row.boundMessage, ""},
+        {maxExclusive, "", row.boundMessage, row.aboveMessage},
+        {enumeration, row.belowMessage, "", ""},
+    };
+    for (const auto& facet : expected) {
+      EXPECT_EQ(Check(row.type, row.below, facet.facets), facet.below);
+      EXPECT_EQ(Check(row.type, row.bound, facet.facets), facet.bound);
+      EXPECT_EQ(Check(row.type, row.above, facet.facets), facet.above);
+    }
+  }
+}
+
+TEST(CheckRestriction, LimitsDigits) {
+  struct CRow {
+    ItemType type;
+    const char* text;
+    long totalDigits, fractionDigits;
+    const char* message;
+  };
+  const CRow rows[] = {
+      {ItemType_i4, "999", 3, -1, ""},
+      {ItemType_i4, "-99", 3, -1, ""},
+      {ItemType_i4, "-999", 3, -1, "Invalid Value for n [-999]"},
+      {ItemType_i4, "0", 0, -1, "Invalid Value for n [0]"},
+      {ItemType_i4, "123", -1, 0, ""},
+      {ItemType_i1, "-5", 1, -1, "Invalid Value for n [-5]"},
+      {ItemType_ui8, "18446744073709551615", 20, -1, ""},
+      {ItemType_ui8, "18446744073709551615", 19, -1, "Invalid Value for n [18446744073709551615]"},
+      {ItemType_month, "--05", 3, -1, "Invalid Value for n [5]"},
+      {ItemType_r8, "-1.5", 3, -1, "Invalid Value for n [-1.5]."},
+      {ItemType_r8, "1.50", 3, -1, ""},
+      {ItemType_integer, "-99999999999999999999", 21, -1, ""},
+      {ItemType_integer, "-99999999999999999999", 20, -1,
+       "Invalid Value for n [-99999999999999999999]."},
+      {ItemType_decimal, "-12.345", 5, 3, ""},
+      {ItemType_decimal, "-12.345", 4, 3, "Invalid Value for n [-12.345]."},
+      {ItemType_decimal, "-12.345", 5, 2, "Invalid Value for n [-12.345]."},
+      {ItemType_decimal, "0.05", 2, 2, ""},
+      {ItemType_decimal, "0.05", 1, -1, "Invalid Value for n [0.05]."},
+      {ItemType_decimal, "1.500", 2, 1, ""},
+      {ItemType_decimal, "0", 1, 0, ""},
+      {ItemType_decimal, "0", 0, 0, "Invalid Value for n [0]."},
+      {ItemType_decimal, "007", 1, 0, ""},
+      {ItemType_date, "2000-01-01", 1, 0, ""},
+  };
+  for (const CRow& row : rows) {
+    SCOPED_TRACE(row.text);
+    CFacets facets;
+    facets.totalDigits = row.totalDigits;
+    facets.fractionDigits = row.fractionDigits;
+    EXPECT_EQ(Check(row.type, row.text, facets), row.message);
+  }
+}
+
+TEST(CXmlObjectHelper, CountsTheDigitsOfADecimal) {
+  const struct {
+    const char* text;
+    long long integerPart, fractionPart;
+  } rows[] = {{"0", 1, 0},    {"-0.5", 0, 1}, {"0.050", 0, 2}, {"-120.00", 3, 0},
+              {"1.05", 1, 2}, {"1E3", 4, 0},  {"1E-3", 0, 3}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(CXmlObjectHelper::GetDecimalIntegerPartLen(CDecimal(row.text)), row.integerPart);
+    EXPECT_EQ(CXmlObjectHelper::GetDecimalFractionPartLen(CDecimal(row.text)), row.fractionPart);
+  }
+}
+
+TEST(CheckRestriction, LimitsBytesOfTextAndBinaryData) {
+  struct CRow {
+    ItemType type;
+    const char* text;
+    long minLength, maxLength, length;
+    const char* message;
+  };
+  const CRow rows[] = {
+      {ItemType_string, "abc", 3, 3, 3, ""},
+      {ItemType_string, "ab", 3, -1, -1, "Invalid Value for n [ab]."},
+      {ItemType_string, "abcd", -1, 3, -1, "Invalid Value for n [abcd]."},
+      {ItemType_string, "abcde", 1, 9, 4, "Invalid Value for n [abcde]."},
+      {ItemType_string, "", -1, -1, 0, ""},
+      {ItemType_string, "a", -1, 0, -1, "Invalid Value for n [a]."},
+      {ItemType_string, "\xC3\xA9", -1, 1, -1, "Invalid Value for n [\xC3\xA9]."},
+      {ItemType_hexBinary, "0A0B", 2, 2, 2, ""},
+      {ItemType_hexBinary, "0a0B", 3, -1, -1, "Invalid Value for n [0A0B]."},
+      {ItemType_hexBinary, "", 1, -1, -1, "Invalid Value for n []."},
+      {ItemType_base64Binary, "AQID", 3, 3, 3, ""},
+      {ItemType_base64Binary, "AQID", -1, 2, -1, "Invalid Value for n [AQID]."},
+      {ItemType_base64Binary, "AQID", -1, -1, 4, "Invalid Value for n [AQID]."},
+  };
+  for (const CRow& row : rows) {
+    SCOPED_TRACE(row.text);
+    CFacets facets;
+    facets.minLength = row.minLength;
+    facets.maxLength = row.maxLength;
+    facets.length = row.length;
+    EXPECT_EQ(Check(row.type, row.text, facets), row.message);
+  }
+}
+
+TEST(CheckRestriction, TestsPatternAndEnumerationOfStrings) {
+  struct CRow {
+    const char *pattern, *text, *message;
+    std::vector<std::string> enumeration;
+  };
+  const CRow rows[] = {
+      {"[a-z]+", "abc", "", {}},
+      {"[a-z]+", "abc1", "Invalid Value for n [abc1].", {}},
+      {"[a-z",
+       "abc",
+       "Invalid Regular Expression: [a-z Error: 'missing terminating ] for character class'\n"
+       "Invalid Value for n [abc].",
+       {}},
+      {"(a+)+",
+       "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab",
+       "Invalid Regular Expression: (a+)+ Error: 'match limit of 1000000 steps exceeded'\n"
+       "Invalid Value for n [aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab].",
+       {}},
+      // A byte that is no text is matched as "?", and quoted as it is.
+      {"\\?", "\xFF", "", {}},
+      {"x", "\xFF", "Invalid Value for n [\xFF].", {}},
+      {"", "red", "", {"green", "red"}},
+      {"", "Red", "Invalid Value for n [Red].", {"green", "red"}},
+      {"", " red", "Invalid Value for n [ red].", {"red"}},
+      {"", "", "", {""}},
+      {"r.*", "green", "Invalid Value for n [green].", {"green", "red"}},
+  };
+  for (const CRow& row : rows) {
+    SCOPED_TRACE(row.text);
+    CFacets facets;
+    facets.pattern = row.pattern;
+    facets.enumeration = row.enumeration;
+    EXPECT_EQ(Check(ItemType_string, row.text, facets), row.message);
+  }
+}
+
+TEST(CheckRestriction, TestsFacetsInTheirOrder) {
+  CFacets facets;
+  facets.minInclusive = "1";
+  facets.maxInclusive = "x";
+  facets.minExclusive = "y";
+  facets.maxExclusive = "2.5";
+  facets.totalDigits = 1;
+  facets.enumeration = {"5", "z"};
+  // Each row's facet is reached only because those before it are met; it is then read.
+  EXPECT_EQ(Check(ItemType_i4, "0", facets), "Invalid Value for n [0]");
+  EXPECT_EQ(Check(ItemType_i4, "5", facets), "The value [x] can not be converted to a i4");
+  facets.maxInclusive = "99";
+  EXPECT_EQ(Check(ItemType_i4, "5", facets), "The value [y] can not be converted to a i4");
+  facets.minExclusive = "";
+  EXPECT_EQ(Check(ItemType_i4, "5", facets), "The value [2.5] can not be converted to a i4");
+  facets.maxExclusive = "100";
+  EXPECT_EQ(Check(ItemType_i4, "12", facets), "Invalid Value for n [12]");
+  EXPECT_EQ(Check(ItemType_i4, "5", facets), "");
+  EXPECT_EQ(Check(ItemType_i4, "6", facets), "The value [z] can not be converted to a i4");
+  facets.minInclusive = " ";
+  EXPECT_EQ(Check(ItemType_i4, "6", facets), "The value [] can not be converted to a i4");
+}
+
+TEST(CheckRestriction, LetsPassWhatHasNoOrder) {
+  CFacets facets;
+  facets.minInclusive = facets.minExclusive = "P1M";
+  EXPECT_EQ(Check(ItemType_duration, "P30D", facets), "");
+  facets.minInclusive = facets.minExclusive = "2000-01-01T12:00:00";
+  EXPECT_EQ(Check(ItemType_datetime, "2000-01-01T12:00:00Z", facets), "");
+  EXPECT_EQ(Check(ItemType_datetime, "1999-12-30T12:00:00Z", facets),
+            "Invalid Value for n [1999-12-30T12:00:00Z].");
+  facets.minInclusive = facets.minExclusive = "1";
+  EXPECT_EQ(Check(ItemType_r8, "NaN", facets), "");
+  facets.minInclusive = facets.minExclusive = "NaN";
+  EXPECT_EQ(Check(ItemType_r4, "0", facets), "");
+  CFacets enumeration;
+  enumeration.enumeration = {"1", "NaN"};
+  EXPECT_EQ(Check(ItemType_r8, "NaN", enumeration), "");
+  EXPECT_EQ(Check(ItemType_r8, "2", enumeration), "Invalid Value for n [2].");
+}
+
+TEST(CheckRestriction, ComparesEnumerationsByValue) {
+  const struct {
+    ItemType type;
+    const char *allowed, *text;
+  } rows[] = {{ItemType_i4, " +007 ", "7"},
+              {ItemType_r8, "1.50", "15e-1"},
+              {ItemType_decimal, "1.50", "1.5"},
+              {ItemType_hexBinary, "0a0b", "0A0B"},
+              {ItemType_base64Binary, "AQ ID", "AQID"},
+              {ItemType_datetime, "2000-01-01T12:00:00+02:00", "2000-01-01T10:00:00Z"},
+              {ItemType_duration, "PT60M", "PT1H"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.allowed);
+    CFacets facets;
+    facets.enumeration = {row.allowed};
+    EXPECT_EQ(Check(row.type, row.text, facets), "");
+  }
+}
+
+TEST(CheckRestriction, HasNothingToCheckForBooleansAndNil) {
+  CFacets facets;
+  facets.pattern = "x";
+  facets.length = 7;
+  facets.minInclusive = "bad";
+  facets.enumeration = {"true"};
+  EXPECT_EQ(Check(ItemType_boolean, "false", facets), "");
+  QvVariant nil;
+  nil.SetString("text");
+  nil.SetNil();
+  EXPECT_NO_THROW(CXmlObjectHelper::CheckRestriction("n", nil, ItemType_string, facets));
+}
+
+TEST(CheckRestriction, RefusesTypesWithoutACheck) {
+  QvVariant value;
+  value.SetChar('x');
+  const struct {
+    int type;
+    const char* message;
+  } rows[] = {{ItemType_char, "Cannot CheckRestriction for type: char"},
+              {ItemType_none, "Cannot CheckRestriction for type: none"},
+              {ItemType_xmlObject, "Cannot CheckRestriction for type: xmlObject"},
+              {ItemType_xmlCollection, "Cannot CheckRestriction for type: xmlCollection"},
+              {29, "Cannot CheckRestriction for type: 29"}};
+  for (const auto& row : rows) {
+    EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, static_cast<ItemType>(row.type),
+                                                       CPrimitiveRestrictions()),
+                    CQvException, row.message);
+  }
+}
+
+TEST(CheckRestriction, ConvertsAValueStoredUnderAnotherTag) {
+  CFacets facets;
+  facets.maxLength = 2;
+  facets.maxInclusive = "99";
+  const CPrimitiveRestrictions restrictions = facets;
+  QvVariant value;
+  value.SetI8(100);
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_string, restrictions),
+                  CQvException, "Invalid Value for n [100].");
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_i4, restrictions),
+                  CQvException, "Invalid Value for n [100]");
+  value.SetString(" 5 ");
+  EXPECT_NO_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_decimal, restrictions));
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_string, restrictions),
+                  CQvException, "Invalid Value for n [ 5 ].");
+  value.SetString("five");
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_i4, restrictions),
+                  CQvInvalidValueException, "The value [five] can not be converted to a i4");
+  CBinaryData bytes;
+  bytes.SetAsHexString("010203");
+  value.SetHexBinary(bytes);
+  EXPECT_QV_THROW(
+      CXmlObjectHelper::CheckRestriction("n", value, ItemType_base64Binary, restrictions),
+      CQvException, "Invalid Value for n [AQID].");
+  value.SetXmlObject(nullptr);
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_string, restrictions),
+                  CQvException, "Invalid Type 27");
+  value.SetInvalid();
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestriction("n", value, ItemType_decimal, restrictions),
+                  CQvException, "Invalid Type 0");
+}
+
+TEST(CheckRestriction, OfOneKindIsTheCheckOfItsName) {
+  CFacets facets;
+  facets.maxInclusive = "2000-01";
+  CDateTime value(CDateTime::dt_gYearMonth);
+  value.ParseXSDDate("2000-02");
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestrictionFormonthYear("n", value, facets), CQvException,
+                  "Invalid Value for n [2000-02].");
+  facets.maxInclusive = "4";
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestrictionFori1(nullptr, 5, facets), CQvException,
+                  "Invalid Value for  [5]");
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestrictionForui8("n", ULLONG_MAX, facets), CQvException,
+                  "Invalid Value for n [18446744073709551615]");
+  EXPECT_QV_THROW(
+      CXmlObjectHelper::CheckRestrictionForr4("n", std::numeric_limits<float>::infinity(), facets),
+      CQvException, "Invalid Value for n [INF].");
+  facets.maxInclusive = "--04";
+  EXPECT_QV_THROW(CXmlObjectHelper::CheckRestrictionFormonth("n", 5, facets), CQvException,
+                  "Invalid Value for n [5]");
+}
+
+TEST(CPrimitiveRestrictions, TellsWhetherThereIsAFacet) {
+  EXPECT_FALSE(CPrimitiveRestrictions().HasFacets());
+  const CPrimitiveRestrictions onlyOne[] = {
+      CPrimitiveRestrictions("x"),
+      CPrimitiveRestrictions("", 0),
+      CPrimitiveRestrictions("", -1, 0),
+      CPrimitiveRestrictions("", -1, -1, "x"),
+      CPrimitiveRestrictions("", -1, -1, "", "x"),
+      CPrimitiveRestrictions("", -1, -1, "", "", "x"),
+      CPrimitiveRestrictions("", -1, -1, "", "", "", "x"),
+      CPrimitiveRestrictions("", -1, -1, "", "", "", "", 0),
+      CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1, 0),
+      CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1, -1, 0),
+      CPrimitiveRestrictions("", -1, -1, "", "", "", "", -1, -1, -1, {""}),
+  };
+  for (const CPrimitiveRestrictions& restrictions : onlyOne) EXPECT_TRUE(restrictions.HasFacets());
+}
