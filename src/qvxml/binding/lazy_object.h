@@ -5,6 +5,7 @@
 
 #include <atomic>
 
+#include "qvxml/core/smart_ptr.h"
 #include "qvxml/support/export.h"
 
 namespace QvXmlLib16 {
@@ -31,6 +32,8 @@ class QVXML_API CLazyObject {
     if (object == nullptr) object = Store(make());
     return static_cast<TObject*>(object);
   }
+  /// Hands the reference over; there is none afterwards.
+  CSmartPtr<CXmlObjectBase> Take();
 
  private:
   // Returns the object that is held afterwards: another thread may have been faster.

@@ -113,6 +113,8 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   /// is first asked for, from any thread. A copy of the context shares it, if it was made by then,
   /// so what is added later shows in both. Defined in xml/untyped/attribute_col.cpp.
   CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+  /// Whether they have been asked for.
+  bool HasAdditionalRootAttributes() const { return m_additionalRootAttributes.Get() != nullptr; }
   /// Processing instructions written before the root, for the caller to fill.
   std::vector<std::string>& GetProcessingInstructions() { return m_processingInstructions; }
   const std::vector<std::string>& GetProcessingInstructions() const {

@@ -12,6 +12,8 @@
 
 namespace QvXmlLib16 {
 
+class CXmlAttribute;  // xml/xml_attribute.h
+
 /// A local name, a namespace and a value.
 ///
 /// Writers do not check names: one that is no XML name makes a document that parsers refuse, and so
@@ -21,6 +23,7 @@ class QVXML_API CAttribute final : public CXmlObjectBase, private TInstanceCount
   /// Null namespaces and values are "". Throws CQvInvalidParamException for a name that is null or
   /// empty.
   explicit CAttribute(const char* name, const char* value = "", const char* namespaceUri = "");
+  explicit CAttribute(const CXmlAttribute& attribute);
   CAttribute(const CAttribute&) = default;
   CAttribute& operator=(const CAttribute&) = default;
   ~CAttribute() override;
@@ -41,6 +44,10 @@ class QVXML_API CAttribute final : public CXmlObjectBase, private TInstanceCount
   CXmlObjectBase* GetBase() override;
   /// "".
   std::string GetTargetNamespace() const override;
+  /// Whether this is a declaration of the default namespace. Documents hold such attributes only
+  /// when they were read without namespace processing.
+  bool IsDefaultNamespaceDeclaration() const;
+
   /// Writes the attribute into the open start tag.
   void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                  const CSerializationContext& ctx, bool optional) const override;

@@ -17,6 +17,10 @@ namespace QvXmlLib16 {
 class CAttributeCol;  // xml/untyped/attribute_col.h
 class CElementCol;    // xml/untyped/element_col.h
 
+namespace detail {
+class CUntypedWriter;  // xml/untyped/untyped_writer_internal.h
+}
+
 /// A name, a namespace, text, attributes and child elements.
 ///
 /// The namespace must be one that the restriction, the list of a wildcard, admits:
@@ -107,12 +111,22 @@ class QVXML_API CElement final : public CXmlObjectBase,
   void ReadRoot_Int(CXmlElement* root, const CSerializationContext& ctx) override;
 
  private:
+  friend class detail::CUntypedWriter;
   friend class CElementCol;
   friend class QvXmlLib16::TInstanceCounted<CElement>;
   static CInstanceCounter s_instances;
 
+  // Without a name yet.
+  CElement(const std::string& namespaceRestriction, const std::string& targetNamespace);
+
   void Init(const char* name, const char* namespaceUri, const char* namespaceRestriction,
             const char* targetNamespace);
+  void CopyOwnContent(const CXmlElement& source);
+  CSmartPtr<CElement> CloneWithoutElements() const;
+  // Null when there are none yet.
+  const CAttributeCol* FindAttributes() const noexcept;
+  const CElementCol* FindElements() const noexcept;
+  [[noreturn]] static void ThrowInvalidElement(const CXmlElement& element);
 
   std::string m_namespace;
   std::string m_text;

@@ -57,8 +57,10 @@ class QVXML_API CElementCol : public TUntypedCollection<CElement>,
 
   bool IsAdmittedElement(const CXmlElement* element, const CSerializationContext& ctx) const;
   void AddCopy(const CXmlElement* element);
+  // Releases the collection, and what it alone holds, in a loop, not by recursion.
+  static void ReleaseIteratively(CSmartPtr<CElementCol> elements) noexcept;
 
-  // The next one of the collections that are waiting to be released, see CElement's destructor.
+  // Where the collection waits to be released, the next one that waits.
   CSmartPtr<CElementCol> m_nextReleased;
 };
 
