@@ -80,6 +80,9 @@ class QVXML_API CXmlCollectionBase : public CXmlObjectBase {
  private:
   template <class TRaise>
   void ForEachListener(TRaise&& raise);
+  void RaiseChange();
+  bool HasTooMany() const;
+  bool HasTooFew() const;
 
   std::string m_namespace;
   int m_minOccurs;
