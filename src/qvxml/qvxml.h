@@ -3,6 +3,7 @@
 #ifndef QVXML_QVXML_H_
 #define QVXML_QVXML_H_
 
+#include "qvxml/binding/class_factory.h"
 #include "qvxml/binding/facet_checks.h"
 #include "qvxml/binding/primitive_restrictions.h"
 #include "qvxml/binding/serialization_context.h"
@@ -31,6 +32,10 @@
 #include "qvxml/types/decimal.h"
 #include "qvxml/xml/compression.h"
 #include "qvxml/xml/expat_reader.h"
+#include "qvxml/xml/untyped/attribute.h"
+#include "qvxml/xml/untyped/attribute_col.h"
+#include "qvxml/xml/untyped/element.h"
+#include "qvxml/xml/untyped/element_col.h"
 #include "qvxml/xml/xml_attribute.h"
 #include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element.h"
