@@ -29,10 +29,18 @@
 #include "qvxml/types/date_time.h"
 #include "qvxml/types/date_time_span.h"
 #include "qvxml/types/decimal.h"
+#include "qvxml/xml/binary_stream.h"
 #include "qvxml/xml/compression.h"
+#include "qvxml/xml/encoder.h"
+#include "qvxml/xml/encoding.h"
 #include "qvxml/xml/expat_reader.h"
+#include "qvxml/xml/namespace_alias_map.h"
+#include "qvxml/xml/string_buffer.h"
+#include "qvxml/xml/text_stream.h"
 #include "qvxml/xml/xml_attribute.h"
 #include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element.h"
+#include "qvxml/xml/xml_text_writer.h"
+#include "qvxml/xml/xml_writer.h"
 
 #endif  // QVXML_QVXML_H_
