@@ -15,6 +15,7 @@
 
 namespace QvXmlLib16 {
 class CSerializationContext;  // binding/serialization_context.h
+class CXmlCollectionBase;     // binding/xml_collection_base.h
 class CXmlElement;            // xml/xml_element.h
 class CXmlGeneratedClass;     // binding/metadata/xml_generated_class.h
 class CXmlObjectBase;         // binding/xml_object_base.h
@@ -53,6 +54,20 @@ using ClassFactory = QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlObjectBase> (*)(int c
 /// Makes a new object of the class that fits an element, or null when none does.
 using ElementFactory =
     QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlObjectBase> (*)(QvXmlLib16::CXmlElement* element);
+
+class CElementInfo;
+
+namespace detail {
+
+/// Whether a member would read an element, which is not null.
+using ClaimTest = bool (*)(const CElementInfo& info, const QvXmlLib16::CSerializationContext& ctx,
+                           const QvXmlLib16::CXmlGeneratedClass* object,
+                           QvXmlLib16::CXmlElement* element);
+
+template <QvXmlLib16::XmlElementGroupType, ElementKind, ElementOccurrence>
+class TElementMark;  // binding/metadata/element_occurrence.h
+
+}  // namespace detail
 
 /// One child element that a class may hold. It holds no state of an object: one instance serves all
 /// objects of its class, on any number of threads. Null text in a constructor is "".
@@ -131,6 +146,13 @@ class QVXML_API CElementInfo {
   /// InvokePropertyGet for an object that is only read.
   void ReadProperty(const QvXmlLib16::CXmlGeneratedClass* object,
                     QvXmlLib16::QvVariant& value) const;
+  /// What the property holds, or null.
+  QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlObjectBase> ReadObject(
+      const QvXmlLib16::CXmlGeneratedClass* object) const;
+  QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlCollectionBase> ReadCollection(
+      const QvXmlLib16::CXmlGeneratedClass* object) const;
+
+  // Writing: each returns whether it wrote something.
 
   bool ElementToXmlPrim(const QvXmlLib16::CSerializationContext& ctx,
                         const QvXmlLib16::CXmlGeneratedClass* object,
@@ -145,7 +167,8 @@ class QVXML_API CElementInfo {
   bool ElementToXmlCol(const QvXmlLib16::CSerializationContext& ctx,
                        const QvXmlLib16::CXmlGeneratedClass* object, QvXmlLib16::CXmlWriter* writer,
                        bool checkEmpty) const;
-  /// The element at the cursor must be this member's.
+  // Reading: the element at the cursor must be this member's.
+
   void ElementFromXmlPrim(const QvXmlLib16::CSerializationContext& ctx,
                           QvXmlLib16::CXmlGeneratedClass* object,
                           QvXmlLib16::CXmlElement** cursor) const;
@@ -183,7 +206,22 @@ class QVXML_API CElementInfo {
   TextToEnum m_textToEnum = nullptr;
   bool m_hasPrimitiveType = false;
   QvXmlLib16::XmlElementType m_elementType = QvXmlLib16::XmlElementType_Element;
+
+ private:
+  template <QvXmlLib16::XmlElementGroupType, ElementKind, ElementOccurrence>
+  friend class detail::TElementMark;
+
+  bool WritePrim(QvXmlLib16::CXmlWriter* writer, const QvXmlLib16::QvVariant& value,
+                 const std::string& text) const;
+  bool WriteNil(QvXmlLib16::CXmlWriter* writer) const;
+  bool WriteText(QvXmlLib16::CXmlWriter* writer, const std::string& text,
+                 QvXmlLib16::ItemType itemType, bool isDefault) const;
+  bool IsDefault(const std::string& text) const;
+  const std::string& TextOrDefault(const std::string& text) const;
+
+  // Set by the concrete class, so that what depends on its axes needs no further virtual operation.
   CElementDescriptor m_descriptor;
+  detail::ClaimTest m_claims = nullptr;
 };
 
 }  // namespace QvXmlLib16Data
