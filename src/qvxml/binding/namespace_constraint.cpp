@@ -48,4 +48,14 @@ void RequireNamespaceAdmitted(std::string_view namespaceUri, std::string_view al
       std::string());
 }
 
+std::string GetAnyDefaultNamespace(std::string_view allowedList, std::string_view targetNamespace) {
+  if (allowedList == "##targetNamespace" || allowedList == "DefaultNamespace") {
+    return std::string(targetNamespace);
+  }
+  if (allowedList.substr(0, 2) == "##" || allowedList.find(' ') != std::string_view::npos) {
+    return std::string();
+  }
+  return std::string(allowedList);
+}
+
 }  // namespace QvXmlLib16

@@ -3,6 +3,7 @@
 #ifndef QVXML_BINDING_NAMESPACE_CONSTRAINT_H_
 #define QVXML_BINDING_NAMESPACE_CONSTRAINT_H_
 
+#include <string>
 #include <string_view>
 
 #include "qvxml/support/export.h"
@@ -17,6 +18,11 @@ QVXML_API bool IsNamespaceAdmitted(std::string_view namespaceUri, std::string_vi
 /// where the target namespace is [%s]." unless IsNamespaceAdmitted.
 QVXML_API void RequireNamespaceAdmitted(std::string_view namespaceUri, std::string_view allowedList,
                                         std::string_view targetNamespace);
+
+/// A namespace that a new element may be given under the list: the list itself when it is one URI,
+/// the target namespace for "##targetNamespace" and "DefaultNamespace", "" otherwise.
+QVXML_API std::string GetAnyDefaultNamespace(std::string_view allowedList,
+                                             std::string_view targetNamespace);
 
 }  // namespace QvXmlLib16
 

@@ -1,5 +1,6 @@
 // The entry points that read. The one that takes an untyped holder is in xml/untyped/element.cpp.
 
+#include "qvxml/binding/root_reader.h"
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/licence/licence_check.h"
@@ -11,7 +12,11 @@ namespace QvXmlLib16 {
 namespace {
 
 void ReadRoot(CXmlObjectBase& object, CXmlElement* root, const CSerializationContext& ctx) {
-  object.FromXml_Int(root, root->GetFirstElement(), ctx, false);
+  if (auto* reader = dynamic_cast<IRootReader*>(&object)) {
+    reader->ReadRoot_Int(root, ctx);
+  } else {
+    object.FromXml_Int(root, root->GetFirstElement(), ctx, false);
+  }
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/xml/untyped/attribute_col.h"
 #include "qvxml/xml/xml_writer.h"
 
 namespace QvXmlLib16 {
@@ -53,6 +54,10 @@ void CXmlGeneratedClass::WriteElement(CXmlWriter* writer, bool isRoot, const cha
   if (hasElement) {
     if (isRoot) WriteRootDeclarations(writer, ctx);
     StartElement(writer, GetElementName(), targetNamespace, classInfo);
+    // Not asked for where there are none: that would make them.
+    if (isRoot && ctx.HasAdditionalRootAttributes()) {
+      ctx.GetAdditionalRootAttributes()->ToXml_Int(writer, false, targetNamespace, ctx, false);
+    }
     AttributesToXml_Int(writer, ctx);
     if (isRoot) {
       const std::string schema = ctx.GetInLineSchema();
