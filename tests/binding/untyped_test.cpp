@@ -57,7 +57,7 @@ std::vector<std::string> NamesOf(const CElementColPtr& elements) {
 }
 
 // Notes the events of a collection, and ends those of the type given with an exception.
-struct CRecordingSink : IEventSink {
+struct CRecordingSink final : IEventSink {
   void OnEvent(CXmlObjectBase*, MsgType type, void* data) override {
     events.push_back(std::to_string(type) + (data != nullptr ? "+" : ""));
     if (type == refused) throw CQvException("refused");
@@ -512,7 +512,7 @@ TEST_F(CUntyped, ThreadsThatShareAContextGetTheSameRootAttributes) {
 // ---- Depth
 
 TEST_F(CUntyped, DepthIsLimitedByMemoryAlone) {
-  constexpr int kLevels = 1000000;
+  static constexpr int kLevels = 1000000;
   RunOnSmallStack([] {
     const std::string text = Nested(kLevels - 1, "<a>", "</a>");
     CElementPtr element =
