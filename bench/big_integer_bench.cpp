@@ -11,8 +11,11 @@
 #include "qvxml/types/big_integer.h"
 #include "qvxml/types/decimal.h"
 
-#ifdef QVXML_HAVE_GMP
+// The library may be installed without its header.
+#if defined(QVXML_HAVE_GMP) && __has_include(<gmp.h>)
 #include <gmp.h>
+#else
+#undef QVXML_HAVE_GMP
 #endif
 
 using QvXmlLib16::CBigInteger;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -148,13 +149,13 @@ struct StringSink : pugi::xml_writer {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main() {
   const std::vector<Record> records = MakeRecords();
   CTextStream stream;
   WriteDocument(stream, records);
   const std::string document = stream.GetString();
   const std::string path =
-      (argc > 1 ? std::string(argv[1]) : std::string("/tmp")) + "/xml_writer_bench.xml";
+      (std::filesystem::temp_directory_path() / "xml_writer_bench.xml").string();
 
   std::vector<Program> programs;
   programs.push_back({"libexpat, namespaces, empty handlers", [&] { ParseWithExpat(document); }});

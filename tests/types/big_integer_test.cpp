@@ -9,8 +9,11 @@
 #include "tests/support/qv_gtest.h"
 #include <gtest/gtest.h>
 
-#ifdef QVXML_HAVE_GMP
+// The library may be installed without its header.
+#if defined(QVXML_HAVE_GMP) && __has_include(<gmp.h>)
 #include <gmp.h>
+#else
+#undef QVXML_HAVE_GMP
 #endif
 
 using QvXmlLib16::CBigInteger;
@@ -61,10 +64,12 @@ TEST(CBigInteger, ReadsAndWritesText) {
       {std::string(100, '0') + "5", "5"},
       {std::string(100, '0'), "0"},
   };
+  CBigInteger value(-7);
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
     EXPECT_EQ(CBigInteger(row.text).ToString(), row.expected);
-    EXPECT_EQ(CBigInteger(row.text.c_str()).ToString(), row.expected);
+    value.Parse(row.text.c_str());
+    EXPECT_EQ(value.ToString(), row.expected);
   }
 }
 
@@ -225,7 +230,9 @@ TEST(CBigInteger, AddsAndSubtractsAcrossSignsAndLimbs) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.left + " and " + row.right);
     EXPECT_EQ((CBigInteger(row.left) + CBigInteger(row.right)).ToString(), row.sum);
-    EXPECT_EQ((CBigInteger(row.left) - CBigInteger(row.right)).ToString(), row.difference);
+    CBigInteger difference = CBigInteger(row.left) - CBigInteger(row.right);
+    EXPECT_EQ(difference.ToString(), row.difference);
+    EXPECT_TRUE(difference.DivideByPow10(37).IsZero());
   }
 }
 
@@ -264,18 +271,20 @@ TEST(CBigInteger, DividesTowardZero) {
 
 TEST(CBigInteger, WorksOnItself) {
   CBigInteger value(Nines(36));
-  value += value;
+  // The reference keeps compilers from warning of what is tested here.
+  const CBigInteger& same = value;
+  value += same;
   EXPECT_EQ(value.ToString(), "1" + Nines(35) + "8");
   value /= CBigInteger(2);
-  value *= value;
+  value *= same;
   EXPECT_EQ(value.ToString(), Nines(35) + "8" + std::string(35, '0') + "1");
   CBigInteger remainder = value;
   CBigInteger::Divide(remainder, CBigInteger(10), &value, &remainder);
   EXPECT_EQ(value.ToString() + " " + remainder.ToString(),
             Nines(35) + "8" + std::string(35, '0') + " 1");
-  value /= value;
+  value /= same;
   EXPECT_EQ(value.ToString(), "1");
-  value -= value;
+  value -= same;
   EXPECT_TRUE(value.IsZero());
   EXPECT_FALSE((-value).IsNegative());
 

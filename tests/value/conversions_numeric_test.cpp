@@ -58,7 +58,7 @@ std::vector<double> SampleReals() {
                                 123456,    9007199254740993.0,
                                 0.5,       2.5};
   std::mt19937_64 random(1);
-  for (int i = 0; i < 100000; ++i) {
+  for (int i = 0; i < 25000; ++i) {
     const double any = FromBits<double>(static_cast<std::uint64_t>(random()));
     if (std::isfinite(any)) values.push_back(any);
     const auto integer = static_cast<std::int64_t>(random()) >> (random() % 64);

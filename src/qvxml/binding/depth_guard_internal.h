@@ -5,7 +5,7 @@
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
-#include "qvxml/support/stack_space.h"
+#include "qvxml/support/thread_stack_internal.h"
 
 namespace QvXmlLib16::detail {
 
@@ -16,7 +16,7 @@ class CDepthGuard {
   CDepthGuard() {
     // Room for one level of user code and of ours, and for building and throwing the exception.
     constexpr size_t kReserve = 48 * 1024;
-    if (GetRemainingStack() < kReserve) ThrowTooDeep();
+    if (RemainingStackBytes() < kReserve) ThrowTooDeep();
     ++t_depth;
   }
   ~CDepthGuard() { --t_depth; }

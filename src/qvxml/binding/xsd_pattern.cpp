@@ -115,10 +115,14 @@ bool HasAnyOf(const std::string& perl, std::initializer_list<const char*> marks)
 }
 
 // True for a pattern in which pcre_dfa_exec finds the same matches as pcre_exec and needs no
-// recursion: no assertion, atomic group, subroutine, verb or possessive repeat. Looks for their
-// characters only, so some patterns that have none of these are called unsuitable.
-bool IsPlain(const std::string& perl) {
-  return !HasAnyOf(perl, {"(?", "(*", "*+", "++", "?+", "}+", "\\g"});
+// recursion: no assertion, atomic group, subroutine, verb, possessive repeat or back reference.
+// Looks for their characters only, so some patterns that have none of these are called unsuitable.
+// Back references are looked for in the pattern as passed: the translation of the blocks looks like
+// them.
+bool IsPlain(const std::string& pattern, const std::string& perl) {
+  return !HasAnyOf(perl, {"(?", "(*", "*+", "++", "?+", "}+"}) &&
+         !HasAnyOf(pattern, {"\\1", "\\2", "\\3", "\\4", "\\5", "\\6", "\\7", "\\8", "\\9", "\\g",
+                             "\\k", "\x01"});
 }
 
 // True when a group is repeated, which is what lets matching explode; also for some other patterns.
@@ -269,7 +273,7 @@ bool TestRegEx(const std::string& value, const std::string& pattern) {
   const int result = matcher.Run();
   if (result >= 0) return true;
   if (result == PCRE_ERROR_NOMATCH) return false;
-  if (CMatcher::IsLimit(result) && IsPlain(perl)) {
+  if (CMatcher::IsLimit(result) && IsPlain(pattern, perl)) {
     const int proof = matcher.RunBreadthFirst();
     if (proof >= 0) return true;
     // The limit then only says that the value is long. In any other case it must be reported: that

@@ -104,6 +104,15 @@ void CNormalisedText::Keep(std::string&& copy) {
   m_isCopy = true;
 }
 
+const std::string& ApplyRule(CWhitespaceUtils::WhitespaceRule rule, const std::string& text,
+                             std::string& storage) {
+  CNormalisedText normalised(rule, text);
+  const std::string_view view = normalised.View();
+  if (view.data() == text.data() && view.size() == text.size()) return text;
+  storage = normalised.TakeText();
+  return storage;
+}
+
 }  // namespace detail
 
 }  // namespace QvXmlLib16

@@ -40,6 +40,11 @@ class CNormalisedText {
   bool m_isCopy = false;
 };
 
+/// What CWhitespaceUtils::ApplyRule returns: `text` itself when the rule leaves it as it is,
+/// otherwise `storage`, into which the result is put. Throws as ApplyRule does.
+const std::string& ApplyRule(CWhitespaceUtils::WhitespaceRule rule, const std::string& text,
+                             std::string& storage);
+
 }  // namespace QvXmlLib16::detail
 
 #endif  // QVXML_CORE_WHITESPACE_INTERNAL_H_

@@ -62,10 +62,11 @@ void CBigInteger::Widen(std::size_t limbCount) {
   if (wasSmall && limbCount != 0) m_limbs[0] = std::exchange(m_limb, 0);
 }
 
+// Makes a value of m_limbs, whatever m_limb holds.
 void CBigInteger::Trim() noexcept {
   while (!m_limbs.empty() && m_limbs.back() == 0) m_limbs.pop_back();
-  if (m_limbs.size() == 1) m_limb = m_limbs[0];
-  if (m_limbs.size() <= 1) SetSmall(m_limb, m_isNegative);
+  m_limb = 0;
+  if (m_limbs.size() <= 1) SetSmall(m_limbs.empty() ? 0 : m_limbs[0], m_isNegative);
 }
 
 CBigInteger CBigInteger::GetAbs() const {
@@ -308,7 +309,6 @@ CBigInteger& CBigInteger::MultiplyByPow10(std::size_t exponent) {
   std::copy(GetLimbs(), GetLimbs() + count, scaled.data() + shift);
   scaled[count + shift] = detail::MultiplyByLimb(scaled.data() + shift, count, factor);
   m_limbs = std::move(scaled);
-  m_limb = 0;
   Trim();
   return *this;
 }

@@ -185,8 +185,8 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
                            CBigInteger& quotient, CBigInteger& remainder);
   CBigInteger TakeLowDigits(std::size_t count) const;
 
-  // Sets the magnitude from `count` digits, which the caller has checked.
-  void AssignDigits(const char* digits, std::size_t count);
+  // Sets the value from `count` digits, which the caller has checked. Cannot fail for up to 18.
+  void AssignDigits(const char* digits, std::size_t count, bool isNegative);
   // Writes the magnitude as exactly `width` digits, zeros in front; `width` holds all its digits.
   void WriteDigits(char* target, std::size_t width) const noexcept;
 

@@ -15,20 +15,25 @@ namespace {
 // Measured: quotients of fewer limbs are faster one limb at a time.
 constexpr std::size_t kRecursiveQuotientLimbs = 24;
 
+// The base for 1 and 0 for 0, by a mask: carries are as good as random, and branches would stall.
+Limb BaseIf(Limb carry) { return kLimbBase & (0 - carry); }
+
 // Subtracts divisor * factor from as many limbs and returns what is still to be taken from the
-// next.
+// next. The products are split before carries are added, so that the processor can overlap them.
 Limb SubtractProduct(Limb* target, const Limb* divisor, std::size_t count, Limb factor) {
-  Limb borrow = 0;
+  constexpr std::int64_t kBase = kLimbBase;
+  Limb high = 0;
+  std::int64_t borrow = 0;
   for (std::size_t index = 0; index < count; ++index) {
     Limb low = 0;
-    borrow = SplitLimb(WideLimb{divisor[index]} * factor + borrow, low);
-    if (target[index] < low) {
-      target[index] += kLimbBase;
-      ++borrow;
-    }
-    target[index] -= low;
+    const Limb nextHigh = SplitLimb(WideLimb{divisor[index]} * factor, low);
+    // From -2 * kBase + 1 to kBase - 1.
+    const std::int64_t difference = static_cast<std::int64_t>(target[index] - low - high) - borrow;
+    borrow = static_cast<std::int64_t>(difference < 0) + (difference < -kBase);
+    target[index] = static_cast<Limb>(difference + borrow * kBase);
+    high = nextHigh;
   }
-  return borrow;
+  return high + static_cast<Limb>(borrow);
 }
 
 // At most one too large: the top limb of the divisor is at least half the base.
@@ -131,7 +136,7 @@ Limb AddLimbs(Limb* target, std::size_t count, const Limb* addend, std::size_t a
   for (std::size_t index = 0; index < addendCount; ++index) {
     const Limb sum = target[index] + addend[index] + carry;
     carry = sum >= kLimbBase ? 1 : 0;
-    target[index] = carry != 0 ? sum - kLimbBase : sum;
+    target[index] = sum - BaseIf(carry);
   }
   for (std::size_t index = addendCount; carry != 0 && index < count; ++index) {
     carry = target[index] == kLimbBase - 1 ? 1 : 0;
@@ -147,7 +152,7 @@ Limb SubtractLimbs(Limb* target, std::size_t count, const Limb* subtrahend,
     const Limb taken = subtrahend[index] + borrow;
     const Limb left = target[index];
     borrow = left < taken ? 1 : 0;
-    target[index] = borrow != 0 ? left + kLimbBase - taken : left - taken;
+    target[index] = left - taken + BaseIf(borrow);
   }
   for (std::size_t index = subtrahendCount; borrow != 0 && index < count; ++index) {
     borrow = target[index] == 0 ? 1 : 0;

@@ -70,15 +70,9 @@ void FinishMiddle(Limb* middle, std::size_t half, const Limb* low, const Limb* h
     std::int64_t sum = static_cast<std::int64_t>(low[index]) + carry;
     if (index < highCount) sum += static_cast<std::int64_t>(high[index]);
     sum += isSubtracted ? -difference : difference;
-    carry = 0;
-    if (sum < 0) {
-      sum += kBase;
-      carry = -1;
-    }
-    while (sum >= kBase) {
-      sum -= kBase;
-      ++carry;
-    }
+    // From -kBase to 3 * kBase - 1; as good as random, so branches would stall.
+    carry = static_cast<std::int64_t>(sum >= 0) + (sum >= kBase) + (sum >= 2 * kBase) - 1;
+    sum -= carry * kBase;
     middle[index] = static_cast<Limb>(sum);
   }
   middle[2 * half] = static_cast<Limb>(carry);

@@ -127,12 +127,11 @@ void CBigInteger::Parse(const char* text, std::size_t length) {
   const std::size_t last = skip(end, CWhitespaceUtils::IsWhiteSpace);
   if (last != length) ThrowInvalidChar(text, length, last);
 
-  AssignDigits(text + significant, end - significant);
-  m_isNegative = hasSign && text[start] == '-' && !IsZero();
+  AssignDigits(text + significant, end - significant, hasSign && text[start] == '-');
 }
 
-void CBigInteger::AssignDigits(const char* digits, std::size_t count) {
-  if (count <= kLimbDigits) return SetSmall(ReadLimb(digits, count), m_isNegative);
+void CBigInteger::AssignDigits(const char* digits, std::size_t count, bool isNegative) {
+  if (count <= kLimbDigits) return SetSmall(ReadLimb(digits, count), isNegative);
   std::vector<Limb> limbs((count + kLimbDigits - 1) / kLimbDigits);
   const std::size_t topCount = count - (limbs.size() - 1) * kLimbDigits;
   limbs.back() = ReadLimb(digits, topCount);
@@ -141,7 +140,7 @@ void CBigInteger::AssignDigits(const char* digits, std::size_t count) {
     limbs[index] = ReadWholeLimb(digits);
   }
   m_limbs = std::move(limbs);
-  m_limb = 0;
+  m_isNegative = isNegative;
   Trim();
 }
 

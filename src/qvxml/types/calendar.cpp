@@ -49,6 +49,17 @@ long long DaysBeforeYear(int year) {
          ExactFloorQuotient(years, 400);
 }
 
+int DaysBeforeMonth(int year, int month) {
+  return g_monthDayInYear[month - 1] + (month > 2 && IsLeapYear(year) ? 1 : 0);
+}
+
+// The number of whole cycles of 400 years.
+Int128 CyclesOf(Int128 dayNumber) {
+  const auto narrow = static_cast<long long>(dayNumber);
+  if (narrow == dayNumber) return ExactFloorQuotient(narrow, kDaysIn400Years);
+  return ExactFloorQuotient(dayNumber, kDaysIn400Years);
+}
+
 }  // namespace
 
 int DaysInMonth(int year, int month) {
@@ -56,14 +67,13 @@ int DaysInMonth(int year, int month) {
 }
 
 long long DayNumber(int year, int month, int day) {
-  const int leapDay = month > 2 && IsLeapYear(year) ? 1 : 0;
   const int gap = year < 0 ? kDaysInYearZero : 0;
-  return DaysBeforeYear(year) + gap + g_monthDayInYear[month - 1] + leapDay + day - 1;
+  return DaysBeforeYear(year) + gap + DaysBeforeMonth(year, month) + day - 1;
 }
 
 CalendarDate DateOfDayNumber(Int128 dayNumber) {
   if (dayNumber < 0) dayNumber -= kDaysInYearZero;
-  const Int128 cycle = ExactFloorQuotient(dayNumber, kDaysIn400Years);
+  const Int128 cycle = CyclesOf(dayNumber);
   int day = static_cast<int>(dayNumber - cycle * kDaysIn400Years);
   // The last century of a cycle and the last year of four are a day longer than the others.
   const int century = std::min(day / kDaysIn100Years, 3);
@@ -75,17 +85,20 @@ CalendarDate DateOfDayNumber(Int128 dayNumber) {
 
   const int yearInCycle = century * 100 + fourYears * 4 + singleYear + 1;
   const auto year = static_cast<long long>(cycle * 400) + yearInCycle;
-  int month = 1;
-  while (day >= DaysInMonth(yearInCycle, month)) day -= DaysInMonth(yearInCycle, month++);
-  return {year, month, day + 1};
+  // No month is longer than 31 days, so the first guess is right or a month too low.
+  int month = day / 31 + 1;
+  if (month < 12 && day >= DaysBeforeMonth(yearInCycle, month + 1)) ++month;
+  return {year, month, day - DaysBeforeMonth(yearInCycle, month) + 1};
 }
 
 Int128 FloorQuotient(Int128 a, int b) {
+  if (a >= 0 && a < b) return 0;
   if (IsExactInFloat(a)) return GetQuotient(static_cast<long long>(a), b);
   return ExactFloorQuotient(a, b);
 }
 
 int FloorModulo(Int128 a, int b) {
+  if (a >= 0 && a < b) return static_cast<int>(a);
   if (IsExactInFloat(a)) return static_cast<int>(GetModulo(static_cast<long long>(a), b));
   return static_cast<int>(a - ExactFloorQuotient(a, b) * b);
 }

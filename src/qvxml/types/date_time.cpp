@@ -1,10 +1,9 @@
-// Construction, fields and validation; text is in date_time_text.cpp, order and arithmetic in
-// date_time_order.cpp.
+// Construction, kind, fields and zone; validation is in date_time_validation.cpp, text in
+// date_time_text.cpp, order and arithmetic in date_time_order.cpp.
 
 #include "qvxml/types/date_time.h"
 
 #include <ctime>
-#include <iterator>
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
@@ -41,32 +40,6 @@ constexpr int kSecondsInDay = 86400;
 constexpr const char* kTypeNames[] = {"yearZero", "dateTime", "date",   "gYearMonth", "gYear",
                                       "time",     "gDay",     "gMonth", "gMonthDay"};
 
-// In the order of TimeField.
-struct TimeFieldRule {
-  int highest;
-  const char* rangeMessage;
-  const char* absentMessage;
-};
-// clang-format off
-constexpr TimeFieldRule kTimeFieldRules[] = {
-    {23, "Invalid Hour [%d] (0 <= hour <= 23)", "Invalid Hour [%d] for type %s"},
-    {59, "Invalid Minute [%d] (0 <= minute <= 59)", "Invalid Minute [%d] for type %s"},
-    {59, "Invalid Second [%d] (0 <= second <= 59)", "Invalid Second [%d] for type %s"},
-    {999, "Invalid Milli-Second [%d] (0 <= milli <= 999)", "Invalid Milli-Second [%d] for type %s"},
-    {999, "Invalid Micro-Second [%d] (0 <= micro <= 999)", "Invalid Micro-Second [%d] for type %s"},
-    {999, "Invalid Nano-Second [%d] (0 <= nano <= 999)", "Invalid Nano-Second [%d] for type %s"},
-};
-// clang-format on
-
-[[noreturn]] void ThrowInvalidField(const char* message, int value) {
-  throw CQvInvalidValueException(FormatString(message, value));
-}
-
-[[noreturn]] void ThrowAbsentField(const char* message, int value, CDateTime::DTType type) {
-  throw CQvInvalidValueException(
-      FormatString(message, value, CDateTime::GetTypeAsString(type).c_str()));
-}
-
 [[noreturn]] void ThrowCopyFailure(CDateTime::DTType type, CDateTime::DTType expected) {
   throw CQvInvalidStateException(FormatString(
       "Failed to copy CDateTime. Invalid Date Type: %s, expected: %s.",
@@ -74,22 +47,6 @@ constexpr TimeFieldRule kTimeFieldRules[] = {
 }
 
 }  // namespace
-
-namespace detail {
-
-void ValidateTimeField(TimeField field, int value) {
-  const TimeFieldRule& rule = kTimeFieldRules[static_cast<size_t>(field)];
-  if (value > rule.highest) ThrowInvalidField(rule.rangeMessage, value);
-}
-
-void ThrowInvalidYear(long long year) {
-  // Kept: the higher bound comes first.
-  throw CQvInvalidValueException(FormatString("Invalid Year [%lld] (%d <= year <= %d && year != 0)",
-                                              year, static_cast<int>(MAX_YEAR),
-                                              static_cast<int>(MIN_YEAR)));
-}
-
-}  // namespace detail
 
 CDateTime::CDateTime(short year, unsigned char month, unsigned char day) {
   SetDate(year, month, day);
@@ -272,46 +229,43 @@ void CDateTime::SetDay(unsigned char day) {
   *this = changed;
 }
 
-void CDateTime::SetHour(unsigned char hour) {
-  CDateTime changed = CopyToSet(kTime, "Failed to SetHour. Invalid Date Type: %s.");
-  ValidateTimeField(TimeField::Hour, hour);
-  changed.m_hour = hour;
+template <class TNumber>
+void CDateTime::SetTimeField(TimeField field, TNumber CDateTime::*member, TNumber value,
+                             const char* message) {
+  CDateTime changed = CopyToSet(kTime, message);
+  ValidateTimeField(field, value);
+  changed.*member = value;
   *this = changed;
+}
+
+void CDateTime::SetHour(unsigned char hour) {
+  SetTimeField(TimeField::Hour, &CDateTime::m_hour, hour,
+               "Failed to SetHour. Invalid Date Type: %s.");
 }
 
 void CDateTime::SetMinute(unsigned char minute) {
-  CDateTime changed = CopyToSet(kTime, "Failed to SetMinute. Invalid Date Type: %s.");
-  ValidateTimeField(TimeField::Minute, minute);
-  changed.m_minute = minute;
-  *this = changed;
+  SetTimeField(TimeField::Minute, &CDateTime::m_minute, minute,
+               "Failed to SetMinute. Invalid Date Type: %s.");
 }
 
 void CDateTime::SetSecond(unsigned char second) {
-  CDateTime changed = CopyToSet(kTime, "Failed to SetSecond. Invalid Date Type: %s.");
-  ValidateTimeField(TimeField::Second, second);
-  changed.m_second = second;
-  *this = changed;
+  SetTimeField(TimeField::Second, &CDateTime::m_second, second,
+               "Failed to SetSecond. Invalid Date Type: %s.");
 }
 
 void CDateTime::SetMilliSecond(unsigned short milliSecond) {
-  CDateTime changed = CopyToSet(kTime, "Failed to SetMilliSecond. Invalid Date Type: %s.");
-  ValidateTimeField(TimeField::MilliSecond, milliSecond);
-  changed.m_milliSecond = milliSecond;
-  *this = changed;
+  SetTimeField(TimeField::MilliSecond, &CDateTime::m_milliSecond, milliSecond,
+               "Failed to SetMilliSecond. Invalid Date Type: %s.");
 }
 
 void CDateTime::SetMicroSecond(unsigned short microSecond) {
-  CDateTime changed = CopyToSet(kTime, "Failed to SetMicroSecond. Invalid Date Type: %s.");
-  ValidateTimeField(TimeField::MicroSecond, microSecond);
-  changed.m_microSecond = microSecond;
-  *this = changed;
+  SetTimeField(TimeField::MicroSecond, &CDateTime::m_microSecond, microSecond,
+               "Failed to SetMicroSecond. Invalid Date Type: %s.");
 }
 
 void CDateTime::SetNanoSecond(unsigned short nanoSecond) {
-  CDateTime changed = CopyToSet(kTime, "Failed to SetNanoSecond. Invalid Date Type: %s.");
-  ValidateTimeField(TimeField::NanoSecond, nanoSecond);
-  changed.m_nanoSecond = nanoSecond;
-  *this = changed;
+  SetTimeField(TimeField::NanoSecond, &CDateTime::m_nanoSecond, nanoSecond,
+               "Failed to SetNanoSecond. Invalid Date Type: %s.");
 }
 
 void CDateTime::SetFracTime(unsigned short milliSecond, unsigned short microSecond,
@@ -433,69 +387,6 @@ void CDateTime::SetUTC() {
   m_hasTimeZone = false;
   m_zoneHour = 0;
   m_zoneMinute = 0;
-}
-
-void CDateTime::Validate() const {
-  if (m_type == dt_unset) throw CQvInvalidValueException("Invalid Year Zero");
-  ValidateMonth();
-  ValidateYear();
-  ValidateDay();
-  ValidateTime();
-}
-
-void CDateTime::ValidateMonth() const {
-  if (Carries(kMonth)) {
-    if (m_month < 1 || m_month > 12)
-      ThrowInvalidField("Invalid Month [%d] (1 <= month <= 12)", m_month);
-  } else if (m_month != 0) {
-    ThrowAbsentField("Invalid Month [%d] for type %s", m_month, m_type);
-  }
-}
-
-void CDateTime::ValidateYear() const {
-  if (Carries(kYear)) {
-    if (m_year == 0 || m_year < MIN_YEAR || m_year > MAX_YEAR) ThrowInvalidYear(m_year);
-  } else if (m_year != 0) {
-    ThrowAbsentField("Invalid Year [%d] for type %s", m_year, m_type);
-  }
-}
-
-// A month or year that is not set yet, or that a failed setter left behind, limits nothing.
-void CDateTime::ValidateDay() const {
-  if (!Carries(kDay)) {
-    if (m_day != 0) ThrowAbsentField("Invalid Day [%d] for type %s", m_day, m_type);
-    return;
-  }
-  if (m_type == dt_gDay) {
-    // Kept: the upper bound is tested on the month, which is 0, so every day but 0 passes.
-    if (m_day == 0 || m_month > 31) ThrowInvalidField("Invalid Day [%d] (1 <= day <= 31)", m_day);
-    return;
-  }
-  const int highest = m_month >= 1 && m_month <= 12 ? g_monthMax[m_month - 1] : 31;
-  if (m_type == dt_gMonthDay) {
-    if (m_day < 1 || m_day > highest)
-      ThrowInvalidField("Invalid Day [%d] (1 <= day <= days in month)", m_day);
-    return;
-  }
-  const bool isMissingLeapDay = m_month == 2 && m_day == 29 && m_year != 0 && !IsLeapYear(m_year);
-  // Kept: no closing parenthesis.
-  if (m_day < 1 || m_day > highest || isMissingLeapDay)
-    ThrowInvalidField("Invalid Day [%d] (1 <= day <= days in month", m_day);
-}
-
-void CDateTime::ValidateStartedDay() const {
-  if (m_day != 0) ValidateDay();
-}
-
-void CDateTime::ValidateTime() const {
-  const int values[] = {m_hour, m_minute, m_second, m_milliSecond, m_microSecond, m_nanoSecond};
-  const bool carriesTime = Carries(kTime);
-  for (size_t i = 0; i < std::size(values); ++i) {
-    const TimeFieldRule& rule = kTimeFieldRules[i];
-    if (values[i] <= (carriesTime ? rule.highest : 0)) continue;
-    if (carriesTime) ThrowInvalidField(rule.rangeMessage, values[i]);
-    ThrowAbsentField(rule.absentMessage, values[i], m_type);
-  }
 }
 
 }  // namespace QvXmlLib16

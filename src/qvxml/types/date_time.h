@@ -13,8 +13,9 @@
 namespace QvXmlLib16 {
 
 namespace detail {
-struct Moment;  // qvxml/types/date_time_internal.h
-}
+struct Moment;               // qvxml/types/date_time_internal.h
+enum class TimeField : int;  // qvxml/types/date_time_internal.h
+}  // namespace detail
 
 /// A date, a time of day, both, or a part of a date, with an optional zone.
 ///
@@ -39,8 +40,8 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
     dt_gMonthDay = 8
   };
 
-  // Construction. All that take fields or text throw CQvInvalidValueException as Validate and the
-  // parses do.
+  // Construction. All that take fields or text throw CQvInvalidValueException when a field is out
+  // of range or the text is malformed.
 
   /// A value without a kind.
   CDateTime() = default;
@@ -262,6 +263,9 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   void RequireField(unsigned field, const char* message) const;
   void RequireTimeZone() const;
   CDateTime CopyToSet(unsigned field, const char* message) const;
+  template <class TNumber>
+  void SetTimeField(detail::TimeField field, TNumber CDateTime::*member, TNumber value,
+                    const char* message);
   void SetSecondsSinceEpoch(long seconds);
 
   void Validate() const;

@@ -4,6 +4,7 @@
 #ifndef QVXML_TYPES_DATE_TIME_INTERNAL_H_
 #define QVXML_TYPES_DATE_TIME_INTERNAL_H_
 
+#include <charconv>
 #include <compare>
 #include <cstddef>
 #include <string_view>
@@ -40,7 +41,7 @@ constexpr unsigned CarriedFields(CDateTime::DTType type) {
   return 0;
 }
 
-enum class TimeField { Hour, Minute, Second, MilliSecond, MicroSecond, NanoSecond };
+enum class TimeField : int { Hour, Minute, Second, MilliSecond, MicroSecond, NanoSecond };
 
 // Throws the message of that field when `value` is above its highest value.
 void ValidateTimeField(TimeField field, int value);
@@ -85,13 +86,19 @@ enum class YearRange { Limited, Cyclic };
 // moment then holds only that year. A cyclic year ends up any year with the same calendar.
 bool AddDuration(Moment& moment, const CDateTimeSpan& span, YearRange yearRange);
 
-// Writes `value` with leading zeros to at least `width` digits; returns the end.
-char* WritePadded(char* out, unsigned value, int width);
-// Writes "." and the fraction without trailing zeros, or nothing for 0; returns the end.
-char* WriteFraction(char* out, unsigned milliSecond, unsigned microSecond, unsigned nanoSecond);
-// No number that WritePadded or WriteFraction is given here is longer.
+// The digits of the largest field, 16 bits wide.
 inline constexpr size_t kMaxPaddedLength = 5;
 
+// Writes `value` with leading zeros to at least `kWidth` digits; returns the end.
+template <int kWidth>
+char* WritePadded(char* out, unsigned value) {
+  unsigned rest = value;
+  for (int i = kWidth - 1; i >= 0; --i, rest /= 10) out[i] = static_cast<char>('0' + rest % 10);
+  if (rest == 0) return out + kWidth;
+  return std::to_chars(out, out + kMaxPaddedLength, value).ptr;
+}
+// Writes "." and the fraction without trailing zeros, or nothing for 0; returns the end.
+char* WriteFraction(char* out, unsigned milliSecond, unsigned microSecond, unsigned nanoSecond);
 inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Reads fraction digits from the start of `text`, at most nine, into three groups, and returns

@@ -1,6 +1,5 @@
 // Text of dates and times: parsing and writing.
 
-#include <charconv>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -88,20 +87,12 @@ size_t ReadFraction(std::string_view text, unsigned short (&groups)[3]) {
   return count;
 }
 
-char* WritePadded(char* out, unsigned value, int width) {
-  char digits[10];
-  char* const end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-  for (auto length = static_cast<int>(end - digits); length < width; ++length) *out++ = '0';
-  for (const char* digit = digits; digit != end; ++digit) *out++ = *digit;
-  return out;
-}
-
 char* WriteFraction(char* out, unsigned milliSecond, unsigned microSecond, unsigned nanoSecond) {
   if (milliSecond == 0 && microSecond == 0 && nanoSecond == 0) return out;
   *out++ = '.';
-  out = WritePadded(out, milliSecond, 3);
-  if (microSecond != 0 || nanoSecond != 0) out = WritePadded(out, microSecond, 3);
-  if (nanoSecond != 0) out = WritePadded(out, nanoSecond, 3);
+  out = WritePadded<3>(out, milliSecond);
+  if (microSecond != 0 || nanoSecond != 0) out = WritePadded<3>(out, microSecond);
+  if (nanoSecond != 0) out = WritePadded<3>(out, nanoSecond);
   // The last group written is not zero, so this stops within it.
   while (out[-1] == '0') --out;
   return out;
@@ -246,28 +237,28 @@ char* CDateTime::WriteDate(char* out) const {
   const bool carriesDay = Carries(detail::kDay);
   if (Carries(detail::kYear)) {
     if (m_year < 0) *out++ = '-';
-    out = WritePadded(out, static_cast<unsigned>(std::abs(static_cast<int>(m_year))), 4);
+    out = WritePadded<4>(out, static_cast<unsigned>(std::abs(static_cast<int>(m_year))));
   } else if (carriesMonth || carriesDay) {
     *out++ = '-';
   }
   if (carriesMonth) {
     *out++ = '-';
-    out = WritePadded(out, m_month, 2);
+    out = WritePadded<2>(out, m_month);
   }
   if (carriesDay) {
     if (!carriesMonth) *out++ = '-';
     *out++ = '-';
-    out = WritePadded(out, m_day, 2);
+    out = WritePadded<2>(out, m_day);
   }
   return out;
 }
 
 char* CDateTime::WriteTime(char* out) const {
-  out = WritePadded(out, m_hour, 2);
+  out = WritePadded<2>(out, m_hour);
   *out++ = ':';
-  out = WritePadded(out, m_minute, 2);
+  out = WritePadded<2>(out, m_minute);
   *out++ = ':';
-  out = WritePadded(out, m_second, 2);
+  out = WritePadded<2>(out, m_second);
   return WriteFraction(out, m_milliSecond, m_microSecond, m_nanoSecond);
 }
 
@@ -278,9 +269,9 @@ char* CDateTime::WriteZone(char* out) const {
     return out;
   }
   *out++ = m_zoneHour < 0 ? '-' : '+';
-  out = WritePadded(out, static_cast<unsigned>(std::abs(static_cast<int>(m_zoneHour))), 2);
+  out = WritePadded<2>(out, static_cast<unsigned>(std::abs(static_cast<int>(m_zoneHour))));
   *out++ = ':';
-  return WritePadded(out, m_zoneMinute, 2);
+  return WritePadded<2>(out, m_zoneMinute);
 }
 
 }  // namespace QvXmlLib16

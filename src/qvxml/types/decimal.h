@@ -171,6 +171,8 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   static CInstanceCounter s_instances;
 
   void Assign(const detail::DecimalDigits& digits);
+  static void AssignParts(const detail::DecimalDigits& digits, CBigInteger& integer,
+                          CBigInteger& fraction);
   std::size_t GetTextLength() const noexcept;
   void WriteText(char* target) const noexcept;
 

@@ -148,18 +148,29 @@ void CDecimal::Parse(const char* text, std::size_t length) {
 }
 
 void CDecimal::Assign(const DecimalDigits& digits) {
-  // Everything that may run out of memory comes before the first change.
-  CBigInteger integer;
-  CBigInteger fraction;
-  integer.AssignDigits(digits.integer.data(), digits.integer.size());
-  integer.MultiplyByPow10(digits.integerZeros);
-  fraction.AssignDigits(digits.fraction.data(), digits.fraction.size());
-  if (digits.isNegative) integer.Negate();
-  m_isNegativeFraction = digits.isNegative && integer.IsZero() && !fraction.IsZero();
+  constexpr std::size_t kInlineDigits = 18;
+  if (digits.integer.size() + digits.integerZeros <= kInlineDigits &&
+      digits.fraction.size() <= kInlineDigits) {
+    AssignParts(digits, m_integerPart, m_fractionPart);
+  } else {
+    // These may run out of memory, which must not leave half a value.
+    CBigInteger integer;
+    CBigInteger fraction;
+    AssignParts(digits, integer, fraction);
+    m_integerPart = std::move(integer);
+    m_fractionPart = std::move(fraction);
+  }
+  const bool hasFraction = !m_fractionPart.IsZero();
+  m_isNegativeFraction = digits.isNegative && m_integerPart.IsZero() && hasFraction;
   m_fractionalDivider =
-      fraction.IsZero() ? 0 : static_cast<int>(digits.fraction.size() + digits.fractionZeros);
-  m_integerPart = std::move(integer);
-  m_fractionPart = std::move(fraction);
+      hasFraction ? static_cast<int>(digits.fraction.size() + digits.fractionZeros) : 0;
+}
+
+void CDecimal::AssignParts(const DecimalDigits& digits, CBigInteger& integer,
+                           CBigInteger& fraction) {
+  integer.AssignDigits(digits.integer.data(), digits.integer.size(), digits.isNegative);
+  integer.MultiplyByPow10(digits.integerZeros);
+  fraction.AssignDigits(digits.fraction.data(), digits.fraction.size(), false);
 }
 
 std::size_t CDecimal::GetTextLength() const noexcept {

@@ -73,6 +73,7 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   const detail::CXmlName* ReadName(const char* name);
   const detail::CXmlName* FindName(const char* name);
   std::string ToInternalText(std::string_view text) const;
+  void TakeOpenText(CXmlElement& element, size_t start);
   void FlushOpenText();
   void ChargeRepetition(size_t bytes);
 

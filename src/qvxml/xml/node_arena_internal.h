@@ -106,8 +106,9 @@ class CNodeArena {
   const CXmlName* Intern(std::string_view namespaceUri, std::string_view localName);
 
   const std::string* EmptyText() const noexcept { return m_sharedTexts.data(); }
-  /// A string equal to `text` that no node owns, or null when such a text is not worth sharing.
-  /// Whitespace between elements is: every record of a formatted document has the same.
+  /// A string equal to `text`, which is not empty, that no node owns, or null when such a text is
+  /// not worth sharing. Whitespace between elements is: every record of a formatted document has
+  /// the same.
   const std::string* FindSharedText(std::string_view text);
   bool IsSharedText(const std::string* text) const noexcept {
     return text >= m_sharedTexts.data() && text < m_sharedTexts.data() + m_sharedTexts.size();

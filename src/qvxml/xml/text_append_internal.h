@@ -15,10 +15,10 @@ inline void AppendExcludingCR(std::string& target, const char* text, size_t leng
   const char* const end = text + length;
   while (const void* found = std::memchr(text, '\r', static_cast<size_t>(end - text))) {
     const char* const carriageReturn = static_cast<const char*>(found);
-    target.append(text, carriageReturn);
+    target.append(text, static_cast<size_t>(carriageReturn - text));
     text = carriageReturn + 1;
   }
-  target.append(text, end);
+  target.append(text, static_cast<size_t>(end - text));
 }
 
 }  // namespace detail

@@ -1,7 +1,5 @@
 #include "qvxml/xml/xml_attribute.h"
 
-#include <string_view>
-
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element.h"

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 #include "qvxml/support/export.h"
@@ -45,8 +45,8 @@ class QVXML_API CXmlAttribute : private TInstanceCounted<CXmlAttribute> {
   friend class TInstanceCounted<CXmlAttribute>;
   static CInstanceCounter s_instances;
 
-  CXmlAttribute(const CXmlElement* element, const detail::CXmlName* name, std::string&& value)
-      : m_element(element), m_name(name), m_value(std::move(value)) {}
+  CXmlAttribute(const CXmlElement* element, const detail::CXmlName* name, std::string_view value)
+      : m_element(element), m_name(name), m_value(value) {}
   ~CXmlAttribute() = default;
 
   const CXmlElement* m_element;

@@ -9,6 +9,7 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/text_append_internal.h"
+#include "qvxml/xml/xml_element_internal.h"
 
 namespace QvXmlLib16 {
 

@@ -1,6 +1,7 @@
 #include "qvxml/xml/xml_element.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -8,23 +9,9 @@
 
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/xml_document.h"
+#include "qvxml/xml/xml_element_internal.h"
 
 namespace QvXmlLib16 {
-
-namespace detail {
-
-// Followed by room for `capacity` pointers.
-struct CAttributeBlock {
-  size_t size;
-  size_t capacity;
-
-  CXmlAttribute** Items() noexcept { return reinterpret_cast<CXmlAttribute**>(this + 1); }
-  static size_t Bytes(size_t capacity) {
-    return sizeof(CAttributeBlock) + capacity * sizeof(CXmlAttribute*);
-  }
-};
-
-}  // namespace detail
 
 using detail::CAttributeBlock;
 using detail::CNodeArena;
@@ -41,13 +28,6 @@ const std::string& EmptyString() {
 }  // namespace
 
 constinit CInstanceCounter CXmlElement::s_instances("CXmlElement");
-
-CXmlElement* CXmlElement::Create(CNodeArena& arena, CXmlElement* parent,
-                                 const detail::CXmlName* name) {
-  static_assert(sizeof(CXmlElement) == 64);
-  return ::new (arena.AllocateElement(sizeof(CXmlElement)))
-      CXmlElement(parent, name, arena.EmptyText());
-}
 
 CXmlElement::~CXmlElement() {
   DeleteChildren();
@@ -159,13 +139,6 @@ std::string CXmlElement::GetXPath() const {
   return path;
 }
 
-CXmlElement* CXmlElement::AppendChild(CNodeArena& arena, const detail::CXmlName* name) {
-  CXmlElement* child = Create(arena, this, name);
-  child->m_previousSibling = m_lastChild;
-  (m_lastChild != nullptr ? m_lastChild->m_nextSibling : m_firstChild) = child;
-  return m_lastChild = child;
-}
-
 CXmlElement* CXmlElement::CreateNewChildElement() {
   CNodeArena& arena = CNodeArena::Of(this);
   return AppendChild(arena, arena.Intern("", ""));
@@ -179,14 +152,6 @@ void CXmlElement::SetNamespace(const char* namespaceUri) {
   m_name = CNodeArena::Of(this).Intern(ViewOf(namespaceUri), GetLocalName());
 }
 
-std::string& CXmlElement::OwnText(CNodeArena& arena) {
-  if (arena.IsSharedText(m_text)) {
-    std::string shared = *m_text;
-    m_text = ::new (arena.Allocate(sizeof(std::string))) std::string(std::move(shared));
-  }
-  return const_cast<std::string&>(*m_text);
-}
-
 void CXmlElement::AppendText(const char* text, int length) {
   if (text == nullptr || length < 1) return;
   OwnText(CNodeArena::Of(this)).append(text, static_cast<size_t>(length));
@@ -197,19 +162,10 @@ void CXmlElement::AppendText(const char* text) {
   OwnText(CNodeArena::Of(this)).append(text);
 }
 
-void CXmlElement::AppendWholeText(CNodeArena& arena, std::string_view text) {
-  if (text.empty()) return;
-  const std::string* shared = m_text == arena.EmptyText() ? arena.FindSharedText(text) : nullptr;
-  if (shared != nullptr) {
-    m_text = shared;
-  } else {
-    OwnText(arena).append(text);
-  }
-}
-
 void CXmlElement::ReserveAttributes(CNodeArena& arena, size_t count) {
   if (m_attributes != nullptr && count <= m_attributes->capacity) return;
-  auto* block = ::new (arena.Allocate(CAttributeBlock::Bytes(count))) CAttributeBlock{0, count};
+  auto* block = ::new (arena.Allocate(CAttributeBlock::Bytes(count)))
+      CAttributeBlock{0, static_cast<uint32_t>(count)};
   if (m_attributes != nullptr) {
     std::copy_n(m_attributes->Items(), m_attributes->size, block->Items());
     block->size = m_attributes->size;
@@ -218,22 +174,14 @@ void CXmlElement::ReserveAttributes(CNodeArena& arena, size_t count) {
   m_attributes = block;
 }
 
-void CXmlElement::AppendAttribute(CNodeArena& arena, const detail::CXmlName* name,
-                                  std::string&& value) {
-  void* memory = arena.Allocate(sizeof(CXmlAttribute));
-  m_attributes->Items()[m_attributes->size++] =
-      ::new (memory) CXmlAttribute(this, name, std::move(value));
-}
-
 void CXmlElement::AddAttribute(const char* localName, const char* namespaceUri, const char* value) {
   CNodeArena& arena = CNodeArena::Of(this);
   const detail::CXmlName* name = arena.Intern(ViewOf(namespaceUri), ViewOf(localName));
-  std::string text(ViewOf(value));
   if (const size_t size = GetAttributes().size();
       m_attributes == nullptr || size == m_attributes->capacity) {
     ReserveAttributes(arena, 2 * size + 1);
   }
-  AppendAttribute(arena, name, std::move(text));
+  AppendAttribute(arena, name, ViewOf(value));
 }
 
 void CXmlElement::Unlink() noexcept {

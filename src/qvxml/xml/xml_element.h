@@ -17,7 +17,7 @@ class CXmlDocument;  // xml/xml_document.h
 
 namespace detail {
 class CNodeArena;        // xml/node_arena_internal.h
-struct CAttributeBlock;  // xml/xml_element.cpp
+struct CAttributeBlock;  // xml/xml_element_internal.h
 }  // namespace detail
 
 /// A name, attributes, text and child elements. Comments and processing instructions are not kept,
@@ -93,9 +93,10 @@ class QVXML_API CXmlElement : private TInstanceCounted<CXmlElement> {
   void DeleteAttributes(detail::CNodeArena& arena) noexcept;
   void ReserveAttributes(detail::CNodeArena& arena, size_t count);
   void AppendAttribute(detail::CNodeArena& arena, const detail::CXmlName* name,
-                       std::string&& value);
+                       std::string_view value);
   // For text that is complete in one piece, as whitespace between children then is shared.
   void AppendWholeText(detail::CNodeArena& arena, std::string_view text);
+  std::string& SetOwnText(detail::CNodeArena& arena, std::string_view text);
   std::string& OwnText(detail::CNodeArena& arena);
   bool HasQName(std::string_view qName, const detail::CXmlName* name) const;
   const std::string& GetAlias() const;

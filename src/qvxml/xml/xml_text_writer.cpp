@@ -120,18 +120,17 @@ void CXmlTextWriter::CloseParentElm() {
 void CXmlTextWriter::WriteStartTag(CXmlWriterContext& context) {
   context.SetStartTagOpen(true);
   if (m_isFormatted) WriteIndent(context.GetDepth());
+  const bool isNewPrefix =
+      context.GetPrefix().empty() && !context.IsUnprefixed(context.GetNamespaceUri());
+  if (isNewPrefix) BindUniquePrefix(context, context.GetNamespaceUri());
+  const std::string& prefix = context.GetPrefix();
   m_stream.Append('<');
-  if (!context.GetPrefix().empty()) {
-    m_stream.Append(context.GetPrefix());
-    m_stream.Append(':');
-    m_stream.Append(context.GetLocalName());
-  } else if (context.IsUnprefixed(context.GetNamespaceUri())) {
-    m_stream.Append(context.GetLocalName());
-  } else {
-    const std::string& prefix = BindUniquePrefix(context, context.GetNamespaceUri());
+  if (!prefix.empty()) {
     m_stream.Append(prefix);
     m_stream.Append(':');
-    m_stream.Append(context.GetLocalName());
+  }
+  m_stream.Append(context.GetLocalName());
+  if (isNewPrefix) {
     m_stream.Append(' ');
     WriteDeclaration(prefix, context.GetNamespaceUri());
   }
@@ -199,22 +198,29 @@ void CXmlTextWriter::WriteString(const std::string& text, ItemType, bool isDefau
 
 void CXmlTextWriter::WriteEndElement() {
   const CXmlWriterContext& context = GetOpenContext();
-  if (context.IsStartTagOpen()) {
+  const bool isEmpty = context.IsStartTagOpen();
+  if (m_isFormatted && !isEmpty && context.GetChildCount() > 0) WriteIndent(context.GetDepth());
+  WriteEndTag(context, isEmpty);
+  FlushIfFull();
+  PopContext();
+}
+
+void CXmlTextWriter::WriteEndTag(const CXmlWriterContext& context, bool isEmpty) {
+  // Looked up anew, so a default namespace or prefix set since the start tag shows here.
+  const std::string& prefix = context.GetPrefix();
+  const bool isPrefixed = !prefix.empty() || !context.IsUnprefixed(context.GetNamespaceUri());
+  if (isEmpty) {
     Append(m_stream, "/>");
   } else {
-    if (m_isFormatted && context.GetChildCount() > 0) WriteIndent(context.GetDepth());
     Append(m_stream, "</");
-    // Looked up anew, so a default namespace or prefix set since the start tag shows here.
-    if (!context.GetPrefix().empty() || !context.IsUnprefixed(context.GetNamespaceUri())) {
-      m_stream.Append(context.GetPrefix());
+    if (isPrefixed) {
+      m_stream.Append(prefix);
       m_stream.Append(':');
     }
     m_stream.Append(context.GetLocalName());
     m_stream.Append('>');
   }
   if (m_isFormatted) WriteEOL();
-  FlushIfFull();
-  PopContext();
 }
 
 void CXmlTextWriter::WriteRawElement(const std::string& text) {
@@ -227,17 +233,18 @@ void CXmlTextWriter::WriteAttributeString(const std::string& localName,
                                           const std::string& namespaceUri, const std::string& value,
                                           ItemType) {
   CXmlWriterContext& context = GetOpenStartTag();
-  m_stream.Append(' ');
+  const std::string* prefix = nullptr;
   if (!namespaceUri.empty()) {
-    const std::string& prefix = context.GetNamespaceMapValue(namespaceUri);
-    if (!prefix.empty()) {
-      m_stream.Append(prefix);
-    } else {
-      const std::string& newPrefix = BindUniquePrefix(context, namespaceUri);
-      WriteDeclaration(newPrefix, namespaceUri);
+    prefix = &context.GetNamespaceMapValue(namespaceUri);
+    if (prefix->empty()) {
+      prefix = &BindUniquePrefix(context, namespaceUri);
       m_stream.Append(' ');
-      m_stream.Append(newPrefix);
+      WriteDeclaration(*prefix, namespaceUri);
     }
+  }
+  m_stream.Append(' ');
+  if (prefix != nullptr) {
+    m_stream.Append(*prefix);
     m_stream.Append(':');
   }
   m_stream.Append(localName);

@@ -99,6 +99,7 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
 
  private:
   void WriteStartTag(CXmlWriterContext& context);
+  void WriteEndTag(const CXmlWriterContext& context, bool isEmpty);
   // Binds a generated prefix, which the caller declares.
   static const std::string& BindUniquePrefix(CXmlWriterContext& context,
                                              const std::string& namespaceUri);

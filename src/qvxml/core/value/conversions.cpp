@@ -7,6 +7,7 @@
 
 #include "qvxml/core/text.h"
 #include "qvxml/core/value/conversions_internal.h"
+#include "qvxml/core/whitespace_internal.h"
 #include "qvxml/types/big_integer.h"
 #include "qvxml/types/binary_data.h"
 #include "qvxml/types/date_time.h"
@@ -28,7 +29,8 @@ int FractionDigits(const std::string& format) {
 CDateTime ParseDateTime(CDateTime::DTType kind, void (CDateTime::*parse)(const char*),
                         const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
   CDateTime value(kind);
-  (value.*parse)(CWhitespaceUtils::ApplyRule(rule, text).c_str());
+  std::string storage;
+  (value.*parse)(detail::ApplyRule(rule, text, storage).c_str());
   return value;
 }
 
@@ -54,14 +56,16 @@ std::string CConversions::decimalToString(const CDecimal& value) {
 
 CDecimal CConversions::decimalFromString(const std::string& text,
                                          CWhitespaceUtils::WhitespaceRule rule) {
-  return CDecimal(CWhitespaceUtils::ApplyRule(rule, text));
+  std::string storage;
+  return CDecimal(detail::ApplyRule(rule, text, storage));
 }
 
 std::string CConversions::integerToString(const CBigInteger& value) { return value.ToString(); }
 
 CBigInteger CConversions::integerFromString(const std::string& text,
                                             CWhitespaceUtils::WhitespaceRule rule) {
-  return CBigInteger(CWhitespaceUtils::ApplyRule(rule, text));
+  std::string storage;
+  return CBigInteger(detail::ApplyRule(rule, text, storage));
 }
 
 std::string CConversions::hexBinaryToString(const CBinaryData& value) {
@@ -71,7 +75,8 @@ std::string CConversions::hexBinaryToString(const CBinaryData& value) {
 CBinaryData CConversions::hexBinaryFromString(const std::string& text,
                                               CWhitespaceUtils::WhitespaceRule rule) {
   CBinaryData value;
-  value.SetAsHexString(CWhitespaceUtils::ApplyRule(rule, text).c_str());
+  std::string storage;
+  value.SetAsHexString(detail::ApplyRule(rule, text, storage).c_str());
   return value;
 }
 
@@ -82,7 +87,8 @@ std::string CConversions::base64BinaryToString(const CBinaryData& value) {
 CBinaryData CConversions::base64BinaryFromString(const std::string& text,
                                                  CWhitespaceUtils::WhitespaceRule rule) {
   CBinaryData value;
-  value.SetAsBase64(CWhitespaceUtils::ApplyRule(rule, text).c_str());
+  std::string storage;
+  value.SetAsBase64(detail::ApplyRule(rule, text, storage).c_str());
   return value;
 }
 
@@ -91,7 +97,8 @@ std::string CConversions::durationToString(const CDateTimeSpan& value) { return 
 CDateTimeSpan CConversions::durationFromString(const std::string& text,
                                                CWhitespaceUtils::WhitespaceRule rule) {
   CDateTimeSpan value;
-  value.ParseXSDDuration(CWhitespaceUtils::ApplyRule(rule, text).c_str());
+  std::string storage;
+  value.ParseXSDDuration(detail::ApplyRule(rule, text, storage).c_str());
   return value;
 }
 

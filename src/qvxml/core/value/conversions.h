@@ -20,7 +20,8 @@ class CDecimal;       // types/decimal.h
 ///
 /// Each `...FromString` applies the whitespace rule first and throws CQvInvalidValueException,
 /// quoting the text, when the result is not a value of the kind; CQvException for an unknown rule.
-/// Whatever follows a NUL byte in the text of a number is ignored.
+/// In the text of the built-in numbers and booleans, of binary data, dates, times and durations
+/// whatever follows a NUL byte is ignored.
 class QVXML_API CConversions {
  public:
   // Integers. From text they accept what strtol and its kin do in base 10: leading whitespace where

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "qvxml/core/whitespace.h"
+
 namespace QvXmlLib16::detail {
 
 /// Room for the text of any one number; results are cut at 31 characters.
@@ -33,6 +35,15 @@ enum class ParseResult { Valid, NotANumber, OutOfRange };
 /// `value` is its result in every case. The text need not be terminated.
 ParseResult ReadInteger(std::string_view text, long long& value);
 ParseResult ReadInteger(std::string_view text, unsigned long long& value);
+
+/// Text that is read as a value byte for byte holds no whitespace, so that every rule leaves it as
+/// it is: values are first tried without the rule, provided that it is one.
+inline bool IsRule(CWhitespaceUtils::WhitespaceRule rule) {
+  return rule >= CWhitespaceUtils::ws_none && rule <= CWhitespaceUtils::ws_collapse;
+}
+
+/// Throws CQvInvalidValueException; the one "%s" of `message` is `text` up to its first NUL.
+[[noreturn, gnu::cold]] void ThrowInvalidValue(const char* message, std::string_view text);
 
 }  // namespace QvXmlLib16::detail
 

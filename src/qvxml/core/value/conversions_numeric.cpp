@@ -1,15 +1,14 @@
-// The conversions of built-in types; conversions.cpp has those of classes.
+// The conversions of integers, booleans, char and string; conversions_real.cpp has those of
+// floating point, conversions.cpp those of classes.
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <type_traits>
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
-#include "qvxml/core/locale_text.h"
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/conversions_internal.h"
 #include "qvxml/core/whitespace_internal.h"
@@ -17,25 +16,12 @@
 namespace QvXmlLib16 {
 
 using detail::CNormalisedText;
+using detail::IsRule;
 using detail::NumberBuffer;
 using detail::ParseResult;
-using detail::TrimWhiteSpace;
+using detail::ThrowInvalidValue;
 
 namespace {
-
-// `text` may hold NUL bytes and lack one at its end; the message ends at the first.
-[[noreturn, gnu::cold]] void ThrowInvalidValue(const char* message, std::string_view text) {
-  throw CQvInvalidValueException(FormatString(message, std::string(text).c_str()));
-}
-
-// What is left to parse under `rule` unless whitespace or a fault is inside; nothing for an unknown
-// rule. Spares the common case the look at every byte that the whole rule needs.
-std::string_view PlainCandidate(CWhitespaceUtils::WhitespaceRule rule, std::string_view text) {
-  if (rule == CWhitespaceUtils::ws_collapse) return TrimWhiteSpace(text);
-  return rule >= CWhitespaceUtils::ws_none && rule < CWhitespaceUtils::ws_collapse
-             ? text
-             : std::string_view();
-}
 
 // Integers.
 
@@ -114,7 +100,7 @@ template <class TWide>
 TWide IntegerFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
                         const IntegerMessages& messages) {
   TWide value;
-  if (ReadPlainInteger(PlainCandidate(rule, text), value)) return value;
+  if (IsRule(rule) && ReadPlainInteger(text, value)) return value;
   return ReadLenientInteger<TWide>(text, rule, messages);
 }
 
@@ -157,146 +143,7 @@ ParseResult ReadIntegerAs(std::string_view text, TWide& value) {
   return stop == end || *stop == '\0' ? ParseResult::Valid : ParseResult::NotANumber;
 }
 
-// Floating point.
-
-// The end of the floating conversion whose "%" lies before `position`; null when it is another one.
-const char* SkipRealConversion(const char* position) {
-  const auto skipNumber = [&position] {
-    const size_t digits = std::strspn(position, "0123456789");
-    position += digits;
-    return digits <= 4;
-  };
-  position += std::strspn(position, "-+ #0'");
-  if (!skipNumber()) return nullptr;
-  if (*position == '.') {
-    ++position;
-    if (!skipNumber()) return nullptr;
-  }
-  if (*position == 'l') ++position;
-  return *position != '\0' && std::strchr("eEfFgGaA", *position) != nullptr ? position + 1
-                                                                            : nullptr;
-}
-
-// Formats come from metadata: printf must not be led to arguments that are not there.
-bool HasOneRealConversion(const char* format) {
-  int count = 0;
-  while ((format = std::strchr(format, '%')) != nullptr) {
-    if (format[1] == '%') {
-      format += 2;
-      continue;
-    }
-    format = SkipRealConversion(format + 1);
-    if (format == nullptr || ++count > 1) return false;
-  }
-  return count == 1;
-}
-
-// Writes the value as "%.<precision><letter>"; an empty result says that it does not fit.
-std::string_view WritePlainReal(double value, char letter, int precision, NumberBuffer& buffer) {
-  const std::chars_format form = letter == 'f'   ? std::chars_format::fixed
-                                 : letter == 'e' ? std::chars_format::scientific
-                                                 : std::chars_format::general;
-  const auto [end, error] =
-      std::to_chars(buffer.text, buffer.text + sizeof buffer.text - 1, value, form, precision);
-  if (error != std::errc()) return std::string_view();
-  return std::string_view(buffer.text, static_cast<size_t>(end - buffer.text));
-}
-
-// Handles "%f", "%.3f" and the like, up to 99 digits; gives an empty result for all other formats.
-std::string_view WriteBySimpleFormat(double value, const char* format, NumberBuffer& buffer) {
-  if (*format++ != '%') return std::string_view();
-  int precision = 6;
-  if (*format == '.') {
-    const size_t digits = std::strspn(++format, "0123456789");
-    if (digits > 2) return std::string_view();
-    precision = 0;
-    for (const char* const end = format + digits; format != end; ++format) {
-      precision = precision * 10 + (*format - '0');
-    }
-  }
-  const char letter = *format;
-  if ((letter != 'e' && letter != 'f' && letter != 'g') || format[1] != '\0') {
-    return std::string_view();
-  }
-  return WritePlainReal(value, letter, precision, buffer);
-}
-
-std::string_view WriteByFormat(double value, const char* format, NumberBuffer& buffer) {
-  const std::string_view text = WriteBySimpleFormat(value, format, buffer);
-  if (!text.empty() || !HasOneRealConversion(format)) return text;
-  const CInvariantLocaleScope locale;
-  const int length = std::snprintf(buffer.text, sizeof buffer.text, format, value);
-  if (length < 0) return std::string_view();
-  return std::string_view(buffer.text,
-                          std::min(static_cast<size_t>(length), sizeof buffer.text - 1));
-}
-
-template <class TReal>
-constexpr int kDefaultPrecision = std::is_same_v<TReal, float> ? 7 : 16;
-
-// Integers below this limit have no more digits than the default precision.
-template <class TReal>
-constexpr double kIntegerLimit = std::is_same_v<TReal, float> ? 1e7 : 1e15;
-
-template <class TReal>
-std::string_view WriteRealAs(TReal value, const std::string& format, NumberBuffer& buffer) {
-  if (value != value) return "NaN";
-  if (value < -std::numeric_limits<TReal>::max()) return "-INF";
-  if (value > std::numeric_limits<TReal>::max()) return "INF";
-  if (!format.empty()) {
-    const std::string_view text = WriteByFormat(value, format.c_str(), buffer);
-    if (!text.empty()) return text;
-  }
-  if (value > -kIntegerLimit<TReal> && value < kIntegerLimit<TReal> && value != 0) {
-    const auto integer = static_cast<long long>(value);
-    if (static_cast<TReal>(integer) == value) return detail::WriteInteger(integer, buffer);
-  }
-  return WritePlainReal(value, 'g', kDefaultPrecision<TReal>, buffer);
-}
-
-// Reads decimal numbers in range, for which from_chars and strtod agree on grammar and value.
-bool ReadPlainReal(std::string_view text, double& value) {
-  const size_t first = !text.empty() && text.front() == '-' ? 1 : 0;
-  if (first == text.size()) return false;
-  const bool startsNumber = (text[first] >= '0' && text[first] <= '9') || text[first] == '.';
-  if (!startsNumber) return false;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, value);
-  return stop == end && error == std::errc();
-}
-
-bool ReadSpecialReal(std::string_view text, double& value) {
-  if (text == "NaN" || text == "1.#QNAN" || text == "-NAN") {
-    value = std::numeric_limits<double>::quiet_NaN();
-  } else if (text == "-INF") {
-    value = -std::numeric_limits<double>::infinity();
-  } else if (text == "INF") {
-    value = std::numeric_limits<double>::infinity();
-  } else {
-    return false;
-  }
-  return true;
-}
-
-double ReadLenientReal(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
-                       const char* message) {
-  const std::string normalised = CWhitespaceUtils::ApplyRule(rule, text);
-  if (normalised.empty()) ThrowInvalidValue(message, normalised);
-  double value;
-  if (ReadSpecialReal(normalised, value)) return value;
-  const CInvariantLocaleScope locale;
-  char* stop = nullptr;
-  value = std::strtod(normalised.c_str(), &stop);
-  if (*stop != '\0') ThrowInvalidValue(message, normalised);
-  return value;
-}
-
-double RealFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
-                      const char* message) {
-  double value;
-  if (ReadPlainReal(PlainCandidate(rule, text), value)) return value;
-  return ReadLenientReal(text, rule, message);
-}
+// Booleans.
 
 bool IsSameIgnoringCase(std::string_view text, std::string_view lowerCase) {
   return std::equal(text.begin(), text.end(), lowerCase.begin(), lowerCase.end(),
@@ -305,16 +152,17 @@ bool IsSameIgnoringCase(std::string_view text, std::string_view lowerCase) {
                     });
 }
 
+bool ReadBoolean(std::string_view text, bool& value) {
+  value = text == "1" || IsSameIgnoringCase(text, "true");
+  return value || text == "0" || IsSameIgnoringCase(text, "false");
+}
+
 }  // namespace
 
 namespace detail {
 
-std::string_view WriteReal(float value, const std::string& format, NumberBuffer& buffer) {
-  return WriteRealAs(value, format, buffer);
-}
-
-std::string_view WriteReal(double value, const std::string& format, NumberBuffer& buffer) {
-  return WriteRealAs(value, format, buffer);
+void ThrowInvalidValue(const char* message, std::string_view text) {
+  throw CQvInvalidValueException(FormatString(message, std::string(text).c_str()));
 }
 
 ParseResult ReadInteger(std::string_view text, long long& value) {
@@ -373,38 +221,14 @@ unsigned long long CConversions::ui8FromString(const std::string& text,
   return IntegerFromString<unsigned long long>(text, rule, kUI8Messages);
 }
 
-std::string CConversions::r4ToString(float value, const std::string& format) {
-  NumberBuffer buffer;
-  return std::string(detail::WriteReal(value, format, buffer));
-}
-
-std::string CConversions::r4ToString(float value) { return r4ToString(value, std::string()); }
-
-std::string CConversions::r8ToString(double value, const std::string& format) {
-  NumberBuffer buffer;
-  return std::string(detail::WriteReal(value, format, buffer));
-}
-
-std::string CConversions::r8ToString(double value) { return r8ToString(value, std::string()); }
-
-float CConversions::r4FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  // Kept: rounds twice, so the result may differ in its last bit from the float nearest the text.
-  return static_cast<float>(
-      RealFromString(text, rule, "The value [%s] can not be converted to a r4"));
-}
-
-double CConversions::r8FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  return RealFromString(text, rule, "The value [%s] can not be converted to a r8");
-}
-
 std::string CConversions::booleanToString(bool value) { return value ? "true" : "false"; }
 
 bool CConversions::booleanFromString(const std::string& text,
                                      CWhitespaceUtils::WhitespaceRule rule) {
+  bool value;
+  if (IsRule(rule) && ReadBoolean(text, value)) return value;
   const CNormalisedText normalised(rule, text);
-  const std::string_view view = normalised.View().substr(0, normalised.View().find('\0'));
-  if (IsSameIgnoringCase(view, "true") || view == "1") return true;
-  if (IsSameIgnoringCase(view, "false") || view == "0") return false;
+  if (ReadBoolean(normalised.View().substr(0, normalised.View().find('\0')), value)) return value;
   ThrowInvalidValue(
       "A Boolean Value read from an XML document was invalid [%s]. Valid values are 'true', 'false', '1', or '0'",
       text);

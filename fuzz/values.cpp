@@ -1,0 +1,120 @@
+// Input: a letter that picks the kind of value, upper case for text that is collapsed before it is
+// read, lower case for text read as it is; then the text.
+//
+// A value that is read is written, read and written again: both texts must be the same.
+
+#include <iterator>
+
+#include "fuzz/fuzz_target.h"
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/value/conversions.h"
+#include "qvxml/types/big_integer.h"
+#include "qvxml/types/binary_data.h"
+#include "qvxml/types/date_time.h"
+#include "qvxml/types/date_time_span.h"
+#include "qvxml/types/decimal.h"
+
+using namespace QvXmlLib16;
+
+namespace {
+
+using Rule = CWhitespaceUtils::WhitespaceRule;
+
+template <auto kFromString, auto kToString>
+std::string Rewrite(const std::string& text, Rule rule) {
+  return kToString(kFromString(text, rule));
+}
+
+constexpr std::string (*kR4ToString)(float) = &CConversions::r4ToString;
+constexpr std::string (*kR8ToString)(double) = &CConversions::r8ToString;
+constexpr std::string (*kDecimalToString)(const CDecimal&) = &CConversions::decimalToString;
+
+// What may become of the text of a value when it is read and written again.
+enum class Rereading {
+  exact,
+  mayBecomeInfinite,  // The default digits round the largest values up beyond the range.
+  mayBeRefused,       // Years are written without padding, and without the sign.
+};
+
+using C = CConversions;
+
+using enum Rereading;
+
+// clang-format off
+const struct {
+  const char* name;
+  std::string (*rewrite)(const std::string& text, Rule rule);
+  Rereading rereading;
+} kKinds[] = {
+  /* A */ {"i1", Rewrite<&C::i1FromString, &C::i1ToString>, exact},
+  /* B */ {"i2", Rewrite<&C::i2FromString, &C::i2ToString>, exact},
+  /* C */ {"i4", Rewrite<&C::i4FromString, &C::i4ToString>, exact},
+  /* D */ {"i8", Rewrite<&C::i8FromString, &C::i8ToString>, exact},
+  /* E */ {"ui1", Rewrite<&C::ui1FromString, &C::ui1ToString>, exact},
+  /* F */ {"ui2", Rewrite<&C::ui2FromString, &C::ui2ToString>, exact},
+  /* G */ {"ui4", Rewrite<&C::ui4FromString, &C::ui4ToString>, exact},
+  /* H */ {"ui8", Rewrite<&C::ui8FromString, &C::ui8ToString>, exact},
+  /* I */ {"r4", Rewrite<&C::r4FromString, kR4ToString>, exact},
+  /* J */ {"r8", Rewrite<&C::r8FromString, kR8ToString>, mayBecomeInfinite},
+  /* K */ {"boolean", Rewrite<&C::booleanFromString, &C::booleanToString>, exact},
+  /* L */ {"char", Rewrite<&C::charFromString, &C::charToString>, exact},
+  /* M */ {"string", Rewrite<&C::stringFromString, &C::stringToString>, exact},
+  /* N */ {"decimal", Rewrite<&C::decimalFromString, kDecimalToString>, exact},
+  /* O */ {"integer", Rewrite<&C::integerFromString, &C::integerToString>, exact},
+  /* P */ {"hexBinary", Rewrite<&C::hexBinaryFromString, &C::hexBinaryToString>, exact},
+  /* Q */ {"base64Binary", Rewrite<&C::base64BinaryFromString, &C::base64BinaryToString>, exact},
+  /* R */ {"duration", Rewrite<&C::durationFromString, &C::durationToString>, exact},
+  /* S */ {"datetime", Rewrite<&C::datetimeFromString, &C::datetimeToString>, exact},
+  /* T */ {"date", Rewrite<&C::dateFromString, &C::dateToString>, exact},
+  /* U */ {"time", Rewrite<&C::timeFromString, &C::timeToString>, exact},
+  /* V */ {"yearMonth", Rewrite<&C::yearMonthFromString, &C::yearMonthToString>, exact},
+  /* W */ {"monthDay", Rewrite<&C::monthDayFromString, &C::monthDayToString>, exact},
+  /* X */ {"year", Rewrite<&C::yearFromString, &C::yearToString>, mayBeRefused},
+  /* Y */ {"month", Rewrite<&C::monthFromString, &C::monthToString>, exact},
+  /* Z */ {"day", Rewrite<&C::dayFromString, &C::dayToString>, exact},
+};
+// clang-format on
+static_assert(std::size(kKinds) == 26);
+
+std::string Shortened(const std::string& text) {
+  return text.size() <= 200 ? text : text.substr(0, 200) + "...";
+}
+
+void CheckRereading(size_t kind, Rule rule, const std::string& text) {
+  const auto& row = kKinds[kind];
+  std::string again;
+  try {
+    again = row.rewrite(text, rule);
+  } catch (const CQvException& exception) {
+    if (row.rereading == Rereading::mayBeRefused) return;
+    FuzzFailure(std::string(row.name) + " [" + Shortened(text) +
+                "] is not read: " + Shortened(exception.GetMessage()));
+  }
+  if (again == text) return;
+  const bool isInfinite = again == "INF" || again == "-INF";
+  if (isInfinite && row.rereading == Rereading::mayBecomeInfinite) return;
+  FuzzFailure(std::string(row.name) + " [" + Shortened(text) + "] becomes [" + Shortened(again) +
+              "]");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  if (size == 0) return 0;
+  // Keeps what is written below the limit on what is read.
+  CBigInteger::SetExponentLimit(1000);
+  const bool isLower = data[0] >= 'a' && data[0] <= 'z';
+  const Rule rule = isLower ? CWhitespaceUtils::ws_none : CWhitespaceUtils::ws_collapse;
+  // Other bytes than letters count on through the alphabet.
+  const size_t kind = (26 * 5 + data[0] - static_cast<size_t>(isLower ? 'a' : 'A')) % 26;
+  std::string text;
+  try {
+    text =
+        kKinds[kind].rewrite(std::string(reinterpret_cast<const char*>(data + 1), size - 1), rule);
+  } catch (const CQvException&) {
+    return 0;
+  }
+  CheckRereading(kind, rule, text);
+  return 0;
+}

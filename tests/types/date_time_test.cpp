@@ -1,0 +1,523 @@
+// Fields, zones, validation and text of CDateTime, and the calendar helpers.
+
+#include "qvxml/types/date_time.h"
+
+#include <chrono>
+#include <climits>
+#include <random>
+#include <string>
+#include <utility>
+
+#include "tests/support/qv_gtest.h"
+#include <gtest/gtest.h>
+
+#include "qvxml/support/instance_monitor.h"
+#include "qvxml/types/calendar.h"
+
+namespace QvXmlLib16 {
+namespace {
+
+using Parse = void (CDateTime::*)(const char*);
+
+struct AcceptedText {
+  Parse parse;
+  const char* text;
+  CDateTime::DTType type;
+  const char* written;
+};
+
+constexpr Parse kDate = &CDateTime::ParseXSDDate;
+constexpr Parse kTime = &CDateTime::ParseXSDTime;
+constexpr Parse kDateTime = &CDateTime::ParseXSDDateTime;
+
+constexpr AcceptedText kAcceptedTexts[] = {
+    {kDate, "2001-12-31", CDateTime::dt_date, "2001-12-31"},
+    {kDate, "-0044-03-15", CDateTime::dt_date, "-0044-03-15"},
+    {kDate, "-9999-01-01", CDateTime::dt_date, "-9999-01-01"},
+    {kDate, "9999-12-31Z", CDateTime::dt_date, "9999-12-31Z"},
+    {kDate, "2000-02-29", CDateTime::dt_date, "2000-02-29"},
+    {kDate, "2001-01-01+24:00", CDateTime::dt_date, "2001-01-01+00:00"},
+    {kDate, "2001-01-01-24:30", CDateTime::dt_date, "2001-01-01+00:30"},
+    {kDate, "2001-01-01-00:30", CDateTime::dt_date, "2001-01-01+00:30"},
+    {kDate, "2001-01-01-05:30", CDateTime::dt_date, "2001-01-01-05:30"},
+    {kDate, "2001-01-01+23:59", CDateTime::dt_date, "2001-01-01+23:59"},
+    {kDate, "2001-05", CDateTime::dt_gYearMonth, "2001-05"},
+    {kDate, "-0001-05-23:59", CDateTime::dt_gYearMonth, "-0001-05-23:59"},
+    {kDate, "0001", CDateTime::dt_gYear, "0001"},
+    {kDate, "-0444Z", CDateTime::dt_gYear, "-0444Z"},
+    {kDate, "2001+00:00", CDateTime::dt_gYear, "2001+00:00"},
+    {kDate, "--02-29", CDateTime::dt_gMonthDay, "--02-29"},
+    {kDate, "--12-31+01:00", CDateTime::dt_gMonthDay, "--12-31+01:00"},
+    {kDate, "--05", CDateTime::dt_gMonth, "--05"},
+    {kDate, "--05Z", CDateTime::dt_gMonth, "--05Z"},
+    {kDate, "--05--", CDateTime::dt_gMonth, "--05"},
+    {kDate, "--05---01:00", CDateTime::dt_gMonth, "--05-01:00"},
+    {kDate, "---01", CDateTime::dt_gDay, "---01"},
+    {kDate, "---45", CDateTime::dt_gDay, "---45"},
+    {kDate, "---31-14:00", CDateTime::dt_gDay, "---31-14:00"},
+    {kTime, "00:00:00", CDateTime::dt_time, "00:00:00"},
+    {kTime, "23:59:59.999999999", CDateTime::dt_time, "23:59:59.999999999"},
+    {kTime, "12:00:00.500", CDateTime::dt_time, "12:00:00.5"},
+    {kTime, "12:00:00.00004Z", CDateTime::dt_time, "12:00:00.00004Z"},
+    {kTime, "12:00:00.001000-08:00", CDateTime::dt_time, "12:00:00.001-08:00"},
+    {kTime, "12:00:00.120000009", CDateTime::dt_time, "12:00:00.120000009"},
+    {kTime, "12:00:00.", CDateTime::dt_time, "12:00:00"},
+    {kTime, "12:00:00.Z", CDateTime::dt_time, "12:00:00Z"},
+    {kTime, "12:00:00.+01:30", CDateTime::dt_time, "12:00:00+01:30"},
+    {kTime, "12:00:00+00:00", CDateTime::dt_time, "12:00:00+00:00"},
+    {kDateTime, "2001-02-03T04:05:06", CDateTime::dt_dateTime, "2001-02-03T04:05:06"},
+    {kDateTime, "-0001-12-31T23:59:59.5Z", CDateTime::dt_dateTime, "-0001-12-31T23:59:59.5Z"},
+    {kDateTime, "2001-02-03T04:05:06.070-11:15", CDateTime::dt_dateTime,
+     "2001-02-03T04:05:06.07-11:15"},
+};
+
+TEST(CDateTime, ReadsAndWritesEveryKind) {
+  for (const AcceptedText& row : kAcceptedTexts) {
+    SCOPED_TRACE(row.text);
+    CDateTime value(1999, 1, 1, 1, 1, 1);  // parses replace whatever was there
+    value.SetTimeZone(3, 3);
+    (value.*row.parse)(row.text);
+    EXPECT_EQ(value.GetType(), row.type);
+    EXPECT_EQ(value.ToString(), row.written);
+    CDateTime again;
+    (again.*row.parse)(value.ToString().c_str());
+    EXPECT_EQ(again.ToString(), row.written);
+    EXPECT_TRUE(again == value);
+  }
+}
+
+struct RefusedText {
+  Parse parse;
+  const char* text;
+  const char* message;
+};
+
+#define EXPECTED_DATE(text) "Invalid XSD Date [" text "] expected CCYY-MM-DD[Z|[+|-]hh:mm]"
+#define EXPECTED_TIME(text) "Invalid XSD Time [" text "] expected hh:mm:ss[.ff]"
+#define EXPECTED_DATETIME(text) "Invalid XSD DateTime [" text "] expected CCYY-MM-DDThh:mm:ss[.ff]"
+
+constexpr RefusedText kRefusedTexts[] = {
+    {kDate, nullptr, "Invalid Date (Null String)"},
+    {kDate, "", "Invalid Date (Empty String)"},
+    {kDate, "2001-01-01T00:00:00", "Invalid Date ('T' not allowed)"},
+    {kDate, "T", "Invalid Date ('T' not allowed)"},
+    {kDate, "2001-01-01+01:00Z", "Invalid Date (Bad Zone value)"},
+    {kDate, ":Z", "Invalid Date (Bad Zone value)"},
+    {kDate, ":", EXPECTED_DATE(":")},
+    {kDate, "01:00", EXPECTED_DATE("01:00")},
+    {kDate, "+01:00", EXPECTED_DATE("+01:00")},
+    {kDate, "Z", EXPECTED_DATE("Z")},
+    {kDate, "-", EXPECTED_DATE("-")},
+    {kDate, "--", EXPECTED_DATE("--")},
+    {kDate, "---1", EXPECTED_DATE("---1")},
+    {kDate, "--01-1", EXPECTED_DATE("--01-1")},
+    {kDate, "--2001-01", EXPECTED_DATE("--2001-01")},
+    {kDate, "12345-01-01", EXPECTED_DATE("12345-01-01")},
+    {kDate, "+2001-01-01", EXPECTED_DATE("+2001-01-01")},
+    {kDate, "2001-1-001", EXPECTED_DATE("2001-1-001")},
+    {kDate, "2001/01/01", EXPECTED_DATE("2001/01/01")},
+    {kDate, "2001-01-0:", "Invalid XSD Time Zone [-01-0:]."},
+    {kDate, " 2001-01-01", EXPECTED_DATE(" 2001-01-01")},
+    {kDate, "20a1Z", EXPECTED_DATE("20a1Z")},
+    {kDate, "2001-01-01z", EXPECTED_DATE("2001-01-01z")},
+    {kDate, "2001-01-01 01:00", "Invalid XSD Time Zone [ 01:00]."},
+    {kDate, "2001-01-01+1:000", "Invalid XSD Time Zone [+1:000]."},
+    {kDate, "2001-01-01+0a:00", "Invalid XSD Time Zone [+0a:00]."},
+    {kDate, "2001-01-01+25:00", "Invalid TimeZone [25:0]"},
+    {kDate, "2001-01-01-23:60", "Invalid TimeZone [-23:60]"},
+    {kDate, "0000-01-01", "Invalid Year [0] (9999 <= year <= -9999 && year != 0)"},
+    {kDate, "-0000", "Invalid Year [0] (9999 <= year <= -9999 && year != 0)"},
+    {kDate, "0000-13", "Invalid Month [13] (1 <= month <= 12)"},
+    {kDate, "--00", "Invalid Month [0] (1 <= month <= 12)"},
+    {kDate, "2001-02-29", "Invalid Day [29] (1 <= day <= days in month"},
+    {kDate, "1900-02-29", "Invalid Day [29] (1 <= day <= days in month"},
+    {kDate, "2001-04-31", "Invalid Day [31] (1 <= day <= days in month"},
+    {kDate, "2001-04-00", "Invalid Day [0] (1 <= day <= days in month"},
+    {kDate, "--02-30", "Invalid Day [30] (1 <= day <= days in month)"},
+    {kDate, "---00", "Invalid Day [0] (1 <= day <= 31)"},
+    {kTime, nullptr, "Invalid Time (Null String)"},
+    {kTime, "", "Invalid XSD Time (Empty String)"},
+    {kTime, "12:00", EXPECTED_TIME("12:00")},
+    {kTime, "24:00:00", EXPECTED_TIME("24:00:00")},
+    {kTime, "12:60:00", EXPECTED_TIME("12:60:00")},
+    {kTime, "12:00:60", EXPECTED_TIME("12:00:60")},
+    {kTime, "-1:00:00", EXPECTED_TIME("-1:00:00")},
+    {kTime, "12.00:00", EXPECTED_TIME("12.00:00")},
+    {kTime, "12:00:00.1234567890", "Invalid XSD Time [12:00:00.1234567890] Fraction part too long"},
+    {kTime, "12:00:00x", "Invalid XSD Time Zone [x]."},
+    {kTime, "12:00:00.5 Z", "Invalid XSD Time Zone [ Z]."},
+    {kTime, "12:00:00..5", "Invalid XSD Time Zone [.5]."},
+    {kTime, "12:00:00ZZ", "Invalid XSD Time Zone [ZZ]."},
+    {kTime, "12:00:00+01:000", "Invalid XSD Time Zone [+01:000]."},
+    {kDateTime, nullptr, "Invalid DateTime (Null String)"},
+    {kDateTime, "", EXPECTED_DATETIME("")},
+    {kDateTime, "2001-01-01", EXPECTED_DATETIME("2001-01-01")},
+    {kDateTime, "T00:00:00", "Invalid Date (Empty String)"},
+    {kDateTime, "2001-01-01T", "Invalid XSD Time (Empty String)"},
+    {kDateTime, "2001-1-01T00:00:00", EXPECTED_DATE("2001-1-01")},
+    {kDateTime, "2001-01T00:00:00", "Invalid XSD DateTime [2001-01T00:00:00]."},
+    {kDateTime, "2001-01-01ZT00:00:00", "Invalid XSD DateTime [2001-01-01ZT00:00:00]."},
+    {kDateTime, "2001-01-01+01:00T00:00:00", "Invalid XSD DateTime [2001-01-01+01:00T00:00:00]."},
+    {kDateTime, "2001-01-01T24:00:00", EXPECTED_TIME("24:00:00")},
+    {kDateTime, "2001-01-01T00:00:00T", "Invalid XSD Time Zone [T]."},
+    {kDateTime, "2001-02-30T00:00:00", "Invalid Day [30] (1 <= day <= days in month"},
+};
+
+TEST(CDateTime, RefusesMalformedTexts) {
+  for (const RefusedText& row : kRefusedTexts) {
+    SCOPED_TRACE(row.text != nullptr ? row.text : "null");
+    CDateTime value;
+    EXPECT_QV_THROW((value.*row.parse)(row.text), CQvInvalidValueException, row.message);
+  }
+  EXPECT_QV_THROW(CDateTime(nullptr), CQvInvalidValueException, "Invalid DateTime (Null String)");
+  CDateTime value;
+  EXPECT_QV_THROW(value.SetZone(nullptr), CQvInvalidValueException, "Invalid XSD Time Zone [].");
+}
+
+TEST(CDateTime, RefusesHugeTextsWithTheWholeText) {
+  const std::string digits(10'000'000, '1');
+  CDateTime value;
+  EXPECT_QV_THROW(value.ParseXSDDate(digits.c_str()), CQvInvalidValueException,
+                  "Invalid XSD Date [" + digits + "] expected CCYY-MM-DD[Z|[+|-]hh:mm]");
+  const std::string fraction = "12:00:00." + digits;
+  EXPECT_QV_THROW(value.ParseXSDTime(fraction.c_str()), CQvInvalidValueException,
+                  "Invalid XSD Time [" + fraction + "] Fraction part too long");
+  const std::string separators(10'000'000, 'T');
+  EXPECT_QV_THROW(value.ParseXSDDateTime(separators.c_str()), CQvInvalidValueException,
+                  "Invalid Date (Empty String)");
+}
+
+struct RefusedFields {
+  CDateTime::DTType type;
+  int year, month, day, hour, minute, second, milli, micro, nano;
+  const char* message;
+};
+
+constexpr RefusedFields kRefusedFields[] = {
+    {CDateTime::dt_unset, 2001, 1, 1, 0, 0, 0, 0, 0, 0, "Invalid Year Zero"},
+    // Month, year, day, time: the first that is wrong is told.
+    {CDateTime::dt_dateTime, 0, 0, 0, 24, 60, 0, 0, 0, 0, "Invalid Month [0] (1 <= month <= 12)"},
+    {CDateTime::dt_dateTime, 10000, 1, 0, 24, 60, 0, 0, 0, 0,
+     "Invalid Year [10000] (9999 <= year <= -9999 && year != 0)"},
+    {CDateTime::dt_dateTime, -10000, 1, 1, 0, 0, 0, 0, 0, 0,
+     "Invalid Year [-10000] (9999 <= year <= -9999 && year != 0)"},
+    {CDateTime::dt_dateTime, 1, 1, 32, 24, 60, 0, 0, 0, 0,
+     "Invalid Day [32] (1 <= day <= days in month"},
+    {CDateTime::dt_dateTime, 1, 1, 1, 24, 60, 60, 1000, 1000, 1000,
+     "Invalid Hour [24] (0 <= hour <= 23)"},
+    {CDateTime::dt_time, 0, 0, 0, 23, 60, 60, 1000, 1000, 1000,
+     "Invalid Minute [60] (0 <= minute <= 59)"},
+    {CDateTime::dt_time, 0, 0, 0, 23, 59, 60, 1000, 1000, 1000,
+     "Invalid Second [60] (0 <= second <= 59)"},
+    {CDateTime::dt_time, 0, 0, 0, 23, 59, 59, 1000, 1000, 1000,
+     "Invalid Milli-Second [1000] (0 <= milli <= 999)"},
+    {CDateTime::dt_time, 0, 0, 0, 23, 59, 59, 999, 1000, 1000,
+     "Invalid Micro-Second [1000] (0 <= micro <= 999)"},
+    {CDateTime::dt_time, 0, 0, 0, 23, 59, 59, 999, 999, 1000,
+     "Invalid Nano-Second [1000] (0 <= nano <= 999)"},
+    {CDateTime::dt_time, 0, 5, 0, 0, 0, 0, 0, 0, 0, "Invalid Month [5] for type time"},
+    {CDateTime::dt_gDay, 2001, 0, 1, 0, 0, 0, 0, 0, 0, "Invalid Year [2001] for type gDay"},
+    {CDateTime::dt_gYearMonth, 1, 1, 7, 0, 0, 0, 0, 0, 0, "Invalid Day [7] for type gYearMonth"},
+    {CDateTime::dt_date, 1, 1, 1, 1, 2, 3, 4, 5, 6, "Invalid Hour [1] for type date"},
+    {CDateTime::dt_gYear, 1, 0, 0, 0, 2, 3, 4, 5, 6, "Invalid Minute [2] for type gYear"},
+    {CDateTime::dt_gMonth, 0, 1, 0, 0, 0, 3, 4, 5, 6, "Invalid Second [3] for type gMonth"},
+    {CDateTime::dt_gDay, 0, 0, 1, 0, 0, 0, 4, 5, 6, "Invalid Milli-Second [4] for type gDay"},
+    {CDateTime::dt_date, 1, 1, 1, 0, 0, 0, 0, 5, 6, "Invalid Micro-Second [5] for type date"},
+    {CDateTime::dt_gMonthDay, 0, 1, 1, 0, 0, 0, 0, 0, 6,
+     "Invalid Nano-Second [6] for type gMonthDay"},
+    {static_cast<CDateTime::DTType>(9), 0, 1, 0, 0, 0, 0, 0, 0, 0, "Invalid Month [1] for type "},
+};
+
+TEST(CDateTime, ValidatesFieldsInOrder) {
+  for (const RefusedFields& row : kRefusedFields) {
+    SCOPED_TRACE(row.message);
+    CDateTime value;
+    const auto byte = [](int number) { return static_cast<unsigned char>(number); };
+    const auto word = [](int number) { return static_cast<unsigned short>(number); };
+    EXPECT_QV_THROW(
+        value.SetDateTime(row.type, static_cast<short>(row.year), byte(row.month), byte(row.day),
+                          byte(row.hour), byte(row.minute), byte(row.second), word(row.milli),
+                          word(row.micro), word(row.nano)),
+        CQvInvalidValueException, row.message);
+  }
+}
+
+TEST(CDateTime, WholeValueSettersKeepTheKind) {
+  CDateTime value(2001, 2, 3);
+  value.SetUTC();
+  EXPECT_QV_THROW(value.SetTime(1, 2, 3), CQvInvalidStateException,
+                  "Failed to copy CDateTime. Invalid Date Type: time, expected: date.");
+  EXPECT_EQ(value.ToString(), "2001-02-03Z");
+  value.SetDate(2002, 3, 4);
+  EXPECT_EQ(value.ToString(), "2002-03-04");  // the zone goes with the old value
+
+  const std::pair<const char*, void (*)(CDateTime&)> setters[] = {
+      {"2001-02-03T04:05:06", [](CDateTime& v) { v.SetDateTime(2001, 2, 3, 4, 5, 6); }},
+      {"2001-02-03T04:05:06.007008009",
+       [](CDateTime& v) { v.SetDateTime(2001, 2, 3, 4, 5, 6, 7, 8, 9); }},
+      {"04:05:06", [](CDateTime& v) { v.SetTime(4, 5, 6); }},
+      {"04:05:06.0000008", [](CDateTime& v) { v.SetTime(4, 5, 6, 0, 0, 800); }},
+      {"-0044", [](CDateTime& v) { v.SetGYear(-44); }},
+      {"0044-12", [](CDateTime& v) { v.SetGYearMonth(44, 12); }},
+      {"--12", [](CDateTime& v) { v.SetGMonth(12); }},
+      {"--02-29", [](CDateTime& v) { v.SetGMonthDay(2, 29); }},
+      {"---255", [](CDateTime& v) { v.SetGDay(255); }},
+  };
+  for (const auto& [written, set] : setters) {
+    value.Clear();
+    set(value);
+    EXPECT_EQ(value.ToString(), written);
+  }
+}
+
+TEST(CDateTime, CopiesThePartsOfAnotherKind) {
+  CDateTime source(2001, 2, 3, 4, 5, 6, 7, 8, 9);
+  source.SetTimeZone(-5, 30);
+  const std::pair<CDateTime::DTType, const char*> parts[] = {
+      {CDateTime::dt_dateTime, "2001-02-03T04:05:06.007008009-05:30"},
+      {CDateTime::dt_date, "2001-02-03-05:30"},
+      {CDateTime::dt_gYearMonth, "2001-02-05:30"},
+      {CDateTime::dt_gYear, "2001-05:30"},
+      {CDateTime::dt_time, "04:05:06.007008009-05:30"},
+      {CDateTime::dt_gDay, "---03-05:30"},
+      {CDateTime::dt_gMonth, "--02-05:30"},
+      {CDateTime::dt_gMonthDay, "--02-03-05:30"},
+  };
+  for (const auto& [type, written] : parts) {
+    CDateTime value;
+    value.SetDateTime(source, type);
+    EXPECT_EQ(value.ToString(), written);
+    EXPECT_TRUE(CDateTime::CheckConversion(type, type));
+  }
+  const CDateTime month = [] {
+    CDateTime value;
+    value.SetGYearMonth(2001, 2);
+    return value;
+  }();
+  CDateTime value;
+  EXPECT_QV_THROW(value.SetDateTime(month, CDateTime::dt_date), CQvInvalidStateException,
+                  "Failed to copy CDateTime. Invalid Date Type: gYearMonth, expected: date.");
+  value.SetDate(2002, 1, 1);
+  EXPECT_QV_THROW(value.SetDateTime(month, CDateTime::dt_gYear), CQvInvalidStateException,
+                  "Failed to copy CDateTime. Invalid Date Type: gYear, expected: date.");
+  source.SetDateTime(source, CDateTime::dt_dateTime);
+  EXPECT_EQ(source.ToString(), "2001-02-03T04:05:06.007008009-05:30");
+  EXPECT_FALSE(CDateTime::CheckConversion(CDateTime::dt_time, CDateTime::dt_dateTime));
+  EXPECT_FALSE(CDateTime::CheckConversion(CDateTime::dt_unset, CDateTime::dt_unset));
+  EXPECT_FALSE(CDateTime::CheckConversion(CDateTime::dt_dateTime, CDateTime::dt_unset));
+}
+
+TEST(CDateTime, RefusesFieldsThatTheKindDoesNotCarry) {
+  const std::pair<const char*, void (*)(CDateTime&)> yearCalls[] = {
+      {"GetMonth", [](CDateTime& v) { v.GetMonth(); }},
+      {"GetDay", [](CDateTime& v) { v.GetDay(); }},
+      {"GetHour", [](CDateTime& v) { v.GetHour(); }},
+      {"GetMinute", [](CDateTime& v) { v.GetMinute(); }},
+      {"GetSecond", [](CDateTime& v) { v.GetSecond(); }},
+      {"GetRealSecond", [](CDateTime& v) { v.GetRealSecond(); }},
+      {"GetMilliSecond", [](CDateTime& v) { v.GetMilliSecond(); }},
+      {"GetMicroSecond", [](CDateTime& v) { v.GetMicroSecond(); }},
+      {"GetNanoSecond", [](CDateTime& v) { v.GetNanoSecond(); }},
+      {"GetDayOfYear", [](CDateTime& v) { v.GetDayOfYear(); }},
+      {"GetDayOfWeek", [](CDateTime& v) { v.GetDayOfWeek(); }},
+      {"GetTime", [](CDateTime& v) { v.GetTime(); }},
+      {"SetMonth", [](CDateTime& v) { v.SetMonth(1); }},
+      {"SetDay", [](CDateTime& v) { v.SetDay(1); }},
+      {"SetHour", [](CDateTime& v) { v.SetHour(1); }},
+      {"SetMinute", [](CDateTime& v) { v.SetMinute(1); }},
+      {"SetSecond", [](CDateTime& v) { v.SetSecond(1); }},
+      {"SetMilliSecond", [](CDateTime& v) { v.SetMilliSecond(1); }},
+      {"SetMicroSecond", [](CDateTime& v) { v.SetMicroSecond(1); }},
+      {"SetNanoSecond", [](CDateTime& v) { v.SetNanoSecond(1); }},
+      {"SetFracTime", [](CDateTime& v) { v.SetFracTime(1, 1, 1); }},
+  };
+  CDateTime year;
+  year.SetGYear(2001);
+  for (const auto& row : yearCalls) {
+    EXPECT_QV_THROW(row.second(year), CQvInvalidStateException,
+                    std::string("Failed to ") + row.first + ". Invalid Date Type: gYear.");
+  }
+  CDateTime time(CDateTime::dt_time);
+  EXPECT_QV_THROW(time.GetYear(), CQvInvalidStateException,
+                  "Failed to GetYear. Invalid Date Type: time.");
+  EXPECT_QV_THROW(time.SetYear(1), CQvInvalidStateException,
+                  "Failed to SetYear. Invalid Date Type: time.");
+  EXPECT_QV_THROW(CDateTime().GetYear(), CQvInvalidStateException,
+                  "Failed to GetYear. Invalid Date Type: yearZero.");
+  EXPECT_QV_THROW(CDateTime(CDateTime::dt_date).GetDayOfYear(), CQvInvalidValueException,
+                  "Invalid Month [0] (1 <= month <= 12)");
+}
+
+TEST(CDateTime, FieldSettersRefuseWhatValidationRefuses) {
+  CDateTime value(2000, 2, 29, 12, 0, 0);
+  const std::pair<const char*, void (*)(CDateTime&)> calls[] = {
+      {"Invalid Year [0] (9999 <= year <= -9999 && year != 0)", [](CDateTime& v) { v.SetYear(0); }},
+      {"Invalid Day [29] (1 <= day <= days in month", [](CDateTime& v) { v.SetYear(2001); }},
+      {"Invalid Month [13] (1 <= month <= 12)", [](CDateTime& v) { v.SetMonth(13); }},
+      {"Invalid Day [30] (1 <= day <= days in month", [](CDateTime& v) { v.SetDay(30); }},
+      {"Invalid Hour [24] (0 <= hour <= 23)", [](CDateTime& v) { v.SetHour(24); }},
+      {"Invalid Minute [60] (0 <= minute <= 59)", [](CDateTime& v) { v.SetMinute(60); }},
+      {"Invalid Second [60] (0 <= second <= 59)", [](CDateTime& v) { v.SetSecond(60); }},
+      {"Invalid Micro-Second [1000] (0 <= micro <= 999)",
+       [](CDateTime& v) { v.SetFracTime(999, 1000, 999); }},
+  };
+  for (const auto& row : calls) {
+    EXPECT_QV_THROW(row.second(value), CQvInvalidValueException, row.first);
+    EXPECT_EQ(value.ToString(), "2000-02-29T12:00:00");
+  }
+}
+
+TEST(CDateTime, FieldSettersFillAnEmptyValue) {
+  CDateTime value;
+  EXPECT_QV_THROW(value.SetMonth(13), CQvInvalidValueException,
+                  "Invalid Month [13] (1 <= month <= 12)");
+  EXPECT_EQ(value.GetType(), CDateTime::dt_unset);
+  value.SetDay(29);
+  EXPECT_EQ(value.GetType(), CDateTime::dt_dateTime);
+  value.SetMonth(2);
+  value.SetYear(-4);
+  value.SetFracTime(1, 2, 3);
+  value.SetSecond(59);
+  EXPECT_EQ(value.ToString(), "-0004-02-29T00:00:59.001002003");
+  EXPECT_EQ(value.GetRealSecond(), 59.001002003);
+
+  // A failed setter leaves fields behind that later calls must survive.
+  CDateTime broken;
+  EXPECT_QV_THROW(broken.SetDate(2001, 200, 1), CQvInvalidValueException,
+                  "Invalid Month [200] (1 <= month <= 12)");
+  broken.SetDay(31);
+  EXPECT_EQ(broken.ToString(), "2001-200-31");
+  EXPECT_QV_THROW(broken.GetDayOfWeek(), CQvInvalidValueException,
+                  "Invalid Month [200] (1 <= month <= 12)");
+}
+
+TEST(CDateTime, KeepsZonesApartFromFields) {
+  CDateTime value(2001, 1, 1);
+  EXPECT_FALSE(value.IsUTC());
+  EXPECT_QV_THROW(value.GetZoneHour(), CQvInvalidStateException, "TimeZone is not been used");
+  value.SetTimeZone(-23, 59);
+  EXPECT_TRUE(value.IsUTC());
+  EXPECT_TRUE(value.HasTimeZone());
+  EXPECT_EQ(value.GetZoneHour(), -23);
+  EXPECT_EQ(value.GetZoneMinute(), 59);
+  EXPECT_QV_THROW(value.SetTimeZone(-24, 0), CQvInvalidValueException, "Invalid TimeZone [-24:0]");
+  value.SetUTC();
+  EXPECT_TRUE(value.IsUTC());
+  EXPECT_QV_THROW(value.GetZoneMinute(), CQvInvalidStateException, "TimeZone is not been used");
+  EXPECT_EQ(value.ToString(), "2001-01-01Z");
+}
+
+TEST(CDateTime, ReturnsTextsForWhatCannotBeFormatted) {
+  EXPECT_EQ(CDateTime().ToString("x"), "Error: Date Not Set");
+  EXPECT_EQ(CDateTime(CDateTime::dt_date).ToString(nullptr), "Error: Date Not Set");
+  EXPECT_EQ(CDateTime(CDateTime::dt_time).ToString(), "00:00:00");
+  const CDateTime value(2001, 1, 1);
+  EXPECT_EQ(value.ToString(nullptr), "");
+  EXPECT_EQ(value.ToString("G"), "");
+  EXPECT_EQ(value.ToString("S"), "Unknown Format: S");
+  EXPECT_EQ(value.ToString(""), "Unknown Format: ");
+  CDateTime cleared(value);
+  cleared.Clear();
+  EXPECT_EQ(cleared.ToString(), "Error: Date Not Set");
+  EXPECT_EQ(cleared.GetTypeAsString(), "yearZero");
+  EXPECT_EQ(CDateTime::GetTypeAsString(CDateTime::dt_gMonthDay), "gMonthDay");
+  EXPECT_EQ(CDateTime::GetTypeAsString(static_cast<CDateTime::DTType>(9)), "");
+}
+
+TEST(CDateTime, ConvertsSecondsSince1970) {
+  EXPECT_EQ(CDateTime(0).ToString(), "1970-01-01T00:00:00Z");
+  EXPECT_EQ(CDateTime(-1L).ToString(), "1969-12-31T23:59:59Z");
+  EXPECT_EQ(CDateTime(253402300799L).ToString(), "9999-12-31T23:59:59Z");
+  EXPECT_EQ(CDateTime(-62135596801L).ToString(), "-0001-12-31T23:59:59Z");
+  EXPECT_QV_THROW(CDateTime(253402300800L), CQvInvalidValueException,
+                  "Invalid Year [10000] (9999 <= year <= -9999 && year != 0)");
+  EXPECT_QV_THROW(CDateTime(LONG_MAX), CQvInvalidValueException,
+                  "Invalid Year [292277026596] (9999 <= year <= -9999 && year != 0)");
+  EXPECT_QV_THROW(CDateTime(LONG_MIN), CQvInvalidValueException,
+                  "Invalid Year [-292277022658] (9999 <= year <= -9999 && year != 0)");
+  CDateTime value("2001-01-01T02:00:00.9+02:30");
+  EXPECT_EQ(value.GetTime(), 978305400L);
+  value = 86400L;
+  EXPECT_EQ(value.ToString(), "1970-01-02T00:00:00Z");
+  CDateTime date(1970, 1, 2);
+  date.SetTimeZone(-1, 30);
+  EXPECT_EQ(date.GetTime(), 86400L + 5400L);
+  const CDateTime now = CDateTime::GetCurrentTime();
+  EXPECT_TRUE(now.IsUTC());
+  const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
+      std::chrono::system_clock::now().time_since_epoch());
+  EXPECT_LT(std::abs(now.GetTime() - seconds.count()), 3600);
+}
+
+TEST(CDateTime, AgreesWithTheStandardCalendar) {
+  using namespace std::chrono;
+  std::mt19937_64 random(1);
+  std::uniform_int_distribution<long> anySecond(-62135596800L, 253402300799L);
+  for (int i = 0; i < 100000; ++i) {
+    const long t = anySecond(random);
+    const CDateTime value(t);
+    const sys_seconds moment{seconds(t)};
+    const auto day = floor<days>(moment);
+    const year_month_day date(day);
+    const hh_mm_ss time(moment - day);
+    ASSERT_EQ(value.GetYear(), static_cast<int>(date.year()));
+    ASSERT_EQ(value.GetMonth(), static_cast<unsigned>(date.month()));
+    ASSERT_EQ(value.GetDay(), static_cast<unsigned>(date.day()));
+    ASSERT_EQ(value.GetHour(), time.hours().count());
+    ASSERT_EQ(value.GetMinute(), time.minutes().count());
+    ASSERT_EQ(value.GetSecond(), time.seconds().count());
+    ASSERT_EQ(static_cast<unsigned>(value.GetDayOfWeek()), weekday(day).c_encoding());
+    ASSERT_EQ(value.GetDayOfYear(), (day - sys_days(date.year() / 1 / 1)).count() + 1);
+    ASSERT_EQ(value.GetTime(), t);
+  }
+}
+
+TEST(CDateTime, GivesEveryDayBeforeTheCommonEraItsOwnNumber) {
+  // Walks back from 0001-01-01, a Monday, without a day counted twice or left out.
+  long expected = CDateTime(1, 1, 1).GetTime();
+  int weekday = 1;
+  for (short year = -1; year >= -801; --year) {
+    const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    int dayOfYear = isLeap ? 366 : 365;
+    for (unsigned char month = 12; month >= 1; --month) {
+      unsigned char day = g_monthMax[month - 1];
+      if (month == 2 && !isLeap) --day;
+      for (; day >= 1; --day, --dayOfYear) {
+        const CDateTime date(year, month, day);
+        expected -= 86400;
+        weekday = (weekday + 6) % 7;
+        ASSERT_EQ(date.GetTime(), expected) << date.ToString();
+        ASSERT_EQ(date.GetDayOfWeek(), weekday);
+        ASSERT_EQ(date.GetDayOfYear(), dayOfYear);
+        ASSERT_EQ(CDateTime(expected).ToString(), date.ToString() + "T00:00:00Z");
+      }
+    }
+  }
+}
+
+TEST(CDateTime, CountsItsInstances) {
+  const long before = CInstanceMonitor::GetCount("CDateTime");
+  {
+    const CDateTime value(2001, 1, 1);
+    const CDateTime copy(value);
+    EXPECT_EQ(CInstanceMonitor::GetCount("CDateTime"), before + 2);
+    EXPECT_QV_THROW(CDateTime("x"), CQvInvalidValueException, EXPECTED_DATETIME("x"));
+  }
+  EXPECT_EQ(CInstanceMonitor::GetCount("CDateTime"), before);
+}
+
+TEST(Calendar, KeepsTheSinglePrecisionDivision) {
+  EXPECT_EQ(GetQuotient(-1, 12), -1);
+  EXPECT_EQ(GetModulo(-1, 12), 11);
+  EXPECT_EQ(GetQuotient(119999999, 60), 2000000);
+  EXPECT_EQ(GetModulo(119999999, 60), -1);
+  EXPECT_EQ(GetQuotient(LLONG_MAX, 1), INT_MIN);
+  EXPECT_EQ(GetQuotient(1, 0), INT_MIN);
+  EXPECT_EQ(GetQuotient(0, 0), INT_MIN);
+  EXPECT_TRUE(IsLeapYear(2000));
+  EXPECT_FALSE(IsLeapYear(1900));
+  EXPECT_TRUE(IsLeapYear(-4));
+}
+
+}  // namespace
+}  // namespace QvXmlLib16

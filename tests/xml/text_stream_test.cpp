@@ -1,0 +1,130 @@
+#include "qvxml/xml/text_stream.h"
+
+#include <string>
+
+#include "tests/support/qv_gtest.h"
+#include "tests/support/temporary_folder.h"
+
+namespace {
+
+using namespace QvXmlLib16;
+using qv_test::ReadFile;
+using qv_test::TemporaryFolder;
+
+const std::string kWide("a\0\0\0\xE9\0\0\0", 8);
+constexpr char kText[] = "a\xC3\xA9";
+
+std::string BytesOf(const CBinaryData& data) {
+  return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+}
+
+TEST(CTextStream, EncodesItsText) {
+  const struct {
+    XmlEncoding encoding;
+    std::string bytes;
+  } rows[] = {
+      {Encoding_UTF8, kText},
+      {Encoding_UTF16, kWide},
+      {Encoding_UTF16_Unlabelled, kWide},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.encoding);
+    CTextStream stream(row.encoding);
+    stream.Append(kText);
+    stream.Flush();
+    stream.Close();
+    EXPECT_EQ(row.bytes, BytesOf(stream.GetEncodedStream()));
+  }
+  EXPECT_EQ(Encoding_UTF8, CTextStream().GetEncoding());
+  for (int number : {0, 4}) {
+    CTextStream stream(static_cast<XmlEncoding>(number));
+    EXPECT_QV_THROW(stream.GetEncodedStream(), CQvException,
+                    "Unknown Encoding, select UTF-8 (contact our support team)");
+  }
+}
+
+TEST(CTextStream, RegistersUnderTheNameOfItsSubclass) {
+  class CUserStream : public CTextStream {
+   public:
+    CUserStream() : CTextStream("CUserStream", Encoding_UTF8) {}
+  };
+  {
+    const CTextStream plain;
+    const CUserStream user;
+    const CFileTextStream file("");
+    EXPECT_EQ(1, CInstanceMonitor::GetCount("CTextStream"));
+    EXPECT_EQ(1, CInstanceMonitor::GetCount("CUserStream"));
+    EXPECT_EQ(1, CInstanceMonitor::GetCount("CFileTextStream"));
+  }
+  EXPECT_EQ(0, CInstanceMonitor::GetCount("CUserStream"));
+}
+
+TEST(CFileTextStream, WritesEncodedTextInPieces) {
+  const TemporaryFolder folder;
+  const struct {
+    const char* name;
+    XmlEncoding encoding;
+    std::string content;
+  } rows[] = {
+      {"utf8", Encoding_UTF8, std::string(kText) + kText},
+      {"utf16", Encoding_UTF16, "\xFF\xFE" + kWide + kWide},
+      {"unlabelled", Encoding_UTF16_Unlabelled, "\xFF\xFE" + kWide + kWide},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const std::string path = folder.PathOf(row.name);
+    CFileTextStream stream(path.c_str(), row.encoding);
+    stream.Append("dropped by Open");
+    stream.Open();
+    stream.Append(kText);
+    stream.Flush();
+    EXPECT_EQ(0u, stream.GetLength());
+    stream.Flush();
+    stream.Append(kText);
+    stream.Close();
+    stream.Close();
+    EXPECT_EQ(row.content, ReadFile(path));
+  }
+}
+
+TEST(CFileTextStream, KeepsWhatIsLeftWhenItIsNotClosed) {
+  const TemporaryFolder folder;
+  const std::string path = folder.PathOf("x");
+  {
+    CFileTextStream stream(path.c_str());
+    stream.Open();
+    stream.Append("rest");
+  }
+  EXPECT_EQ("rest", ReadFile(path));
+}
+
+TEST(CFileTextStream, ReportsEveryFailure) {
+  const TemporaryFolder folder;
+  const std::string missing = folder.PathOf("missing/file");
+  CFileTextStream nowhere(missing.c_str());
+  EXPECT_QV_THROW(nowhere.Open(), CQvException,
+                  "Failed to write data to the file [" + missing + "].");
+  EXPECT_QV_THROW(CFileTextStream(nullptr).Open(), CQvException,
+                  "Failed to write data to the file [].");
+  nowhere.Append("x");
+  EXPECT_QV_THROW(nowhere.Flush(), CQvException, "Failed to write data to the file");
+
+  // Every write to this device fails as on a full disk: more than a buffer at once, less at the
+  // end.
+  CFileTextStream full("/dev/full");
+  full.Open();
+  full.Append(std::string(100000, 'x'));
+  EXPECT_QV_THROW(full.Flush(), CQvException, "Failed to write data to the file");
+  full.Open();
+  full.Append("x");
+  EXPECT_QV_THROW(full.Close(), CQvException, "Failed to write data to the file [/dev/full].");
+
+  const std::string path = folder.PathOf("unspecified");
+  CFileTextStream unspecified(path.c_str(), Encoding_Unspecified);
+  unspecified.Open();
+  unspecified.Append("x");
+  EXPECT_QV_THROW(unspecified.Close(), CQvException,
+                  "Unknown Encoding, select UTF-8 (contact our support team)");
+}
+
+}  // namespace
