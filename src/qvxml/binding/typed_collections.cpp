@@ -198,19 +198,26 @@ struct DateKind {
   ItemType itemType;
   CDateTime::DTType kind;
   CDateTime (*fromText)(const std::string& text, CWhitespaceUtils::WhitespaceRule rule);
+  void (*checkFacets)(const char* name, const CDateTime& value,
+                      const CPrimitiveRestrictions& restrictions);
   const char* refusal;
 };
 
 constexpr DateKind kDateKinds[] = {
     {ItemType_date, CDateTime::dt_date, &CConversions::dateFromString,
+     &CXmlObjectHelper::CheckRestrictionFordate,
      "Dates added to this collection must be of type dt_date"},
     {ItemType_datetime, CDateTime::dt_dateTime, &CConversions::datetimeFromString,
+     &CXmlObjectHelper::CheckRestrictionFordatetime,
      "Dates added to this collection must be of type dt_dateTime"},
     {ItemType_time, CDateTime::dt_time, &CConversions::timeFromString,
+     &CXmlObjectHelper::CheckRestrictionFortime,
      "Dates added to this collection must be of type dt_time"},
     {ItemType_yearMonth, CDateTime::dt_gYearMonth, &CConversions::yearMonthFromString,
+     &CXmlObjectHelper::CheckRestrictionForyearMonth,
      "Dates added to this collection must be of type dt_gYearMonth"},
     {ItemType_monthDay, CDateTime::dt_gMonthDay, &CConversions::monthDayFromString,
+     &CXmlObjectHelper::CheckRestrictionFormonthDay,
      "Dates added to this collection must be of type dt_gMonthDay"},
 };
 
@@ -252,9 +259,7 @@ void CdatetimeBaseCol::CheckItem(const CDateTime& value) const {
   const DateKind& row = FindDateKind(m_itemType);
   if (value.GetType() != row.kind) throw CQvInvalidParamException(row.refusal);
   if (GetRestrictions() == nullptr) return;
-  // The checks of the five types are one: the kind of the value decides.
-  CXmlObjectHelper::CheckRestrictionFordatetime(GetElementName().c_str(), value,
-                                                *GetRestrictions());
+  row.checkFacets(GetElementName().c_str(), value, *GetRestrictions());
 }
 
 CDateTime CdatetimeBaseCol::FromText(const std::string& text) const {

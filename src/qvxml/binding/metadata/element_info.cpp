@@ -7,6 +7,7 @@
 #include "qvxml/binding/facet_checks.h"
 #include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/name_match_internal.h"
+#include "qvxml/binding/namespace_constraint.h"
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/binding/xml_collection_base.h"
 #include "qvxml/core/exception.h"
@@ -297,12 +298,8 @@ void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* child, CXmlWriter* 
 
 std::string CElementInfo::GetAnyDefaultNamespace(const char* namespaceList,
                                                  const char* targetNamespace) {
-  const std::string list = TextOrEmpty(namespaceList);
-  if (list == "##targetNamespace" || list == "DefaultNamespace") {
-    return TextOrEmpty(targetNamespace);
-  }
-  const bool isOneUri = list.find(' ') == std::string::npos && list.compare(0, 2, "##") != 0;
-  return isOneUri ? list : std::string();
+  return QvXmlLib16::GetAnyDefaultNamespace(TextOrEmpty(namespaceList),
+                                            TextOrEmpty(targetNamespace));
 }
 
 void CElementInfo::ThrowPropertyIsNull() const {

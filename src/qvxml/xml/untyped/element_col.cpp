@@ -62,7 +62,7 @@ void CElementCol::ToXml_Int(CXmlWriter* writer, bool isRoot, const char*,
 CXmlElement* CElementCol::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                       const CSerializationContext& ctx, bool) {
   CXmlElement* cursor = firstChild;
-  while (cursor != nullptr && IsAdmittedElement(cursor, ctx)) {
+  while (cursor != nullptr && Admits(ctx, *cursor)) {
     AddCopy(cursor);
     cursor = cursor->GetNextSiblingElement();
   }
@@ -74,16 +74,15 @@ CXmlElement* CElementCol::FromXmlLockElementName_Int(CXmlElement*, CXmlElement* 
                                                      const char* name, const char* namespaceUri) {
   CXmlElement* cursor = firstChild;
   while (DoesElementNameMatch(ctx, cursor, name, namespaceUri)) {
-    if (!IsAdmittedElement(cursor, ctx)) CElement::ThrowInvalidElement(*cursor);
+    if (!Admits(ctx, *cursor)) CElement::ThrowInvalidElement(*cursor);
     AddCopy(cursor);
     cursor = cursor->GetNextSiblingElement();
   }
   return cursor;
 }
 
-bool CElementCol::IsAdmittedElement(const CXmlElement* element,
-                                    const CSerializationContext& ctx) const {
-  return ctx.GetIgnoreNamespaces() || IsAdmitted(element->GetNamespaceURI());
+bool CElementCol::Admits(const CSerializationContext& ctx, const CXmlElement& element) const {
+  return ctx.GetIgnoreNamespaces() || IsAdmitted(element.GetNamespaceURI());
 }
 
 void CElementCol::AddCopy(const CXmlElement* element) {

@@ -38,6 +38,8 @@ class QVXML_API CElementCol : public TUntypedCollection<CElement>,
   /// Writes the elements; throws what ValidateCount throws.
   void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                  const CSerializationContext& ctx, bool optional) const override;
+  /// Whether FromXml_Int would take the element.
+  bool Admits(const CSerializationContext& ctx, const CXmlElement& element) const;
   /// Appends `firstChild` and the siblings behind it, up to the first whose namespace is not
   /// admitted, and returns that one, or null. Where the context ignores namespaces, all are
   /// admitted. Does not look at the counts.
@@ -55,7 +57,6 @@ class QVXML_API CElementCol : public TUntypedCollection<CElement>,
   friend class QvXmlLib16::TInstanceCounted<CElementCol>;
   static CInstanceCounter s_instances;
 
-  bool IsAdmittedElement(const CXmlElement* element, const CSerializationContext& ctx) const;
   void AddCopy(const CXmlElement* element);
   // Releases the collection, and what it alone holds, in a loop, not by recursion.
   static void ReleaseIteratively(CSmartPtr<CElementCol> elements) noexcept;
