@@ -35,8 +35,8 @@ void CollectionAlternative(const CXmlCollectionBase* collection, IEventSink::Msg
 
 namespace detail {
 
-int FindEnumText(const char* const* texts, std::size_t count, const char* typeName,
-                 const char* text) {
+int FindEnumValue(const char* const* texts, std::size_t count, const char* typeName,
+                  const char* text) {
   for (std::size_t i = 0; i < count; ++i) {
     if (std::strcmp(texts[i], text) == 0) return static_cast<int>(i);
   }

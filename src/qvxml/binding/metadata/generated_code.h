@@ -123,19 +123,19 @@ QVXML_API void CollectionAlternative(const CXmlCollectionBase* collection, IEven
 // The two conversions of an enumeration whose values are the indexes of its texts.
 
 namespace detail {
-QVXML_API int FindEnumText(const char* const* texts, std::size_t count, const char* typeName,
-                           const char* text);
+QVXML_API int FindEnumValue(const char* const* texts, std::size_t count, const char* typeName,
+                            const char* text);
 }
 
 /// Null for a number that is not one of the values.
 template <std::size_t kCount>
-const char* EnumToText(const char* const (&texts)[kCount], int value) {
+const char* GetEnumText(const char* const (&texts)[kCount], int value) {
   return value >= 0 && static_cast<std::size_t>(value) < kCount ? texts[value] : nullptr;
 }
 /// Compares the whole text. Throws CQvInvalidValueException, quoting it, when it is none of them.
 template <std::size_t kCount>
-int EnumFromText(const char* const (&texts)[kCount], const char* typeName, const char* text) {
-  return detail::FindEnumText(texts, kCount, typeName, text);
+int FindEnumValue(const char* const (&texts)[kCount], const char* typeName, const char* text) {
+  return detail::FindEnumValue(texts, kCount, typeName, text);
 }
 
 // Definitions.
