@@ -27,20 +27,6 @@ using CElementPtr = CSmartPtr<CElement>;
 using CElementColPtr = CSmartPtr<CElementCol>;
 using CAttributeColPtr = CSmartPtr<CAttributeCol>;
 
-// Every test leaves as many objects as it found.
-class CUntyped : public ::testing::Test {
- protected:
-  void SetUp() override { m_objects = CInstanceMonitor::GetTotal(); }
-  void TearDown() override {
-    std::string live;
-    CInstanceMonitor::Dump(live);
-    EXPECT_EQ(CInstanceMonitor::GetTotal(), m_objects) << live;
-  }
-
- private:
-  long m_objects = 0;
-};
-
 CElementPtr Read(const std::string& text,
                  const CSerializationContext& ctx = CSerializationContext::m_defaultContext) {
   CElementPtr element(new CElement("unread"));
@@ -57,7 +43,8 @@ std::vector<std::string> NamesOf(const CElementColPtr& elements) {
 }
 
 // Notes the events of a collection, and ends those of the type given with an exception.
-struct CRecordingSink final : IEventSink {
+class CRecordingSink final : public IEventSink {
+ public:
   void OnEvent(CXmlObjectBase*, MsgType type, void* data) override {
     events.push_back(std::to_string(type) + (data != nullptr ? "+" : ""));
     if (type == refused) throw CQvException("refused");
@@ -132,9 +119,34 @@ class CHolder : public CXmlGeneratedClass {
     other.reset();
   }
 
+  static void MakeMetadata() {
+    const CHolder holder;
+    holder.GetClassInfo();
+    holder.GetClassElementInfo();
+    holder.GetClassAttributeInfo();
+  }
+
   CAttributeColPtr attributes;
   CElementPtr other;
   CElementColPtr rest;
+};
+
+// Every test leaves as many objects as it found.
+class CUntyped : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    // Metadata are made once and stay.
+    CHolder::MakeMetadata();
+    m_objects = CInstanceMonitor::GetTotal();
+  }
+  void TearDown() override {
+    std::string live;
+    CInstanceMonitor::Dump(live);
+    EXPECT_EQ(CInstanceMonitor::GetTotal(), m_objects) << live;
+  }
+
+ private:
+  long m_objects = 0;
 };
 
 void RunOnSmallStack(std::function<void()> work) {
@@ -151,9 +163,11 @@ void RunOnSmallStack(std::function<void()> work) {
   pthread_attr_destroy(&attributes);
 }
 
-std::string Nested(int levels, const std::string& start, const std::string& end) {
+std::string Nested(int levels, const std::string& start, const std::string& innermost,
+                   const std::string& end) {
   std::string text;
   for (int i = 0; i < levels; ++i) text += start;
+  text += innermost;
   for (int i = 0; i < levels; ++i) text += end;
   return text;
 }
@@ -293,7 +307,7 @@ TEST_F(CUntyped, ReadingReplacesWhatAnElementHolds) {
 TEST_F(CUntyped, ARootThatIsNotAdmittedIsRefused) {
   const CElementPtr element(new CElement("e", "", "##other", "urn:t"));
   EXPECT_QV_THROW(element->FromXml(R"(<p:r xmlns:p="urn:t"/>)"), CQvValidationException,
-                  "Invalid Element [r] found.", "/p:r");
+                  "Invalid Element [r] found.\nPath: /p:r", "/p:r");
   EXPECT_EQ(element->GetName(), "e");
   CSerializationContext ctx;
   ctx.SetIgnoreNamespaces(true);
@@ -359,7 +373,8 @@ TEST_F(CUntyped, ElementCollectionsReadUpToWhatTheyDoNotAdmit) {
 
   EXPECT_EQ(others->FromXmlLockElementName_Int(root, cursor, ctx, false, "x", "urn:t"), cursor);
   EXPECT_QV_THROW(others->FromXmlLockElementName_Int(root, cursor, ctx, false, "a", "urn:t"),
-                  CQvValidationException, "Invalid Element [a] found.", "/r/t:a[1]");
+                  CQvValidationException, "Invalid Element [a] found.\nPath: /r/t:a[1]",
+                  "/r/t:a[1]");
   const CElementColPtr locked(new CElementCol("a", "##any", "urn:t", 0, -1));
   cursor = locked->FromXmlLockElementName_Int(root, cursor, ctx, false, "a", "urn:t");
   EXPECT_EQ(cursor->GetXPath(), "/r/b");
@@ -440,7 +455,8 @@ TEST_F(CUntyped, AttributeCollectionsReadAllAttributesOrFail) {
 
   const CAttributeColPtr others(new CAttributeCol("", "##other", "urn:t"));
   EXPECT_QV_THROW(others->FromXml_Int(element, nullptr, ctx, false), CQvInvalidNamespaceException,
-                  "Invalid Attribute [c]. The attributes namespace is Inappropriate.", "/r/e");
+                  "Invalid Attribute [c]. The attributes namespace is Inappropriate.\nPath: /r/e",
+                  "/r/e");
   EXPECT_EQ(others->GetCount(), 2);
   EXPECT_QV_THROW(others->Item(0)->FromXml_Int(element, nullptr, ctx, false), CQvException,
                   "This should be done by the collection");
@@ -464,7 +480,7 @@ TEST_F(CUntyped, WildcardMembersKeepWhatTheyAdmit) {
   EXPECT_FALSE(holder->other);
   EXPECT_EQ(NamesOf(holder->rest), std::vector<std::string>{"y"});
   EXPECT_QV_THROW(holder->FromXml(R"(<h:r xmlns:h="urn:t"><h:y/><h:y/><h:y/></h:r>)"),
-                  CQvValidationException, "Failed to process the element.", "/h:r");
+                  CQvValidationException, "Failed to process the element.\nPath: /h:r", "/h:r");
 }
 
 // An element in no namespace must not be taken into the document's default namespace.
@@ -514,11 +530,9 @@ TEST_F(CUntyped, ThreadsThatShareAContextGetTheSameRootAttributes) {
 TEST_F(CUntyped, DepthIsLimitedByMemoryAlone) {
   static constexpr int kLevels = 1000000;
   RunOnSmallStack([] {
-    const std::string text = Nested(kLevels - 1, "<a>", "</a>");
-    CElementPtr element =
-        Read(text.substr(0, text.size() / 7 * 3) + "<a/>" + text.substr(text.size() / 7 * 3));
-    const std::string written = Write(element);
-    EXPECT_EQ(written.size(), text.size() + 4);
+    const std::string text = Nested(kLevels - 1, "<a>", "<a/>", "</a>");
+    CElementPtr element = Read(text);
+    EXPECT_TRUE(Write(element) == text);
     const CElementPtr clone = element->Clone();
     element.reset();
     EXPECT_EQ(CInstanceMonitor::GetCount("CElement"), kLevels);
@@ -532,10 +546,8 @@ TEST_F(CUntyped, DepthIsLimitedByMemoryAlone) {
 
 TEST_F(CUntyped, DepthOfNamespacesIsLimitedByMemoryAlone) {
   RunOnSmallStack([] {
-    const std::string text = Nested(20000, "<a xmlns=\"urn:a\">", "</a>");
-    const std::string written = Write(Read(text));
-    EXPECT_EQ(
-        written,
-        Nested(19999, "<a xmlns=\"urn:a\">", "</a>").insert(19999 * 17, "<a xmlns=\"urn:a\"/>"));
+    const std::string start = "<a xmlns=\"urn:a\">";
+    const std::string text = Nested(20000, start, "<a xmlns=\"urn:a\"/>", "</a>");
+    EXPECT_TRUE(Write(Read(text)) == text);
   });
 }

@@ -16,7 +16,9 @@ CLazyObject& CLazyObject::operator=(const CLazyObject& other) {
   return *this;
 }
 
-CLazyObject::~CLazyObject() { Take(); }
+CLazyObject::~CLazyObject() {
+  if (CXmlObjectBase* const object = Get()) object->Release();
+}
 
 CSmartPtr<CXmlObjectBase> CLazyObject::Take() {
   CSmartPtr<CXmlObjectBase> object(m_object.exchange(nullptr, std::memory_order_acq_rel));

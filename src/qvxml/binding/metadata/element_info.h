@@ -26,7 +26,7 @@ class QvVariant;              // core/value/variant.h
 namespace QvXmlLib16Data {
 
 /// What a member holds; `Collection` is a typed collection of unknown items.
-enum class ElementKind {
+enum class QVXML_API ElementKind {
   Primitive,
   Enumeration,
   Class,
@@ -36,7 +36,7 @@ enum class ElementKind {
 };
 
 /// How often a member occurs.
-enum class ElementOccurrence { Mandatory, Optional, Repeated };
+enum class QVXML_API ElementOccurrence { Mandatory, Optional, Repeated };
 
 /// What the name of a metadata class says.
 struct CElementDescriptor {

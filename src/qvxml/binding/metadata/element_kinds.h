@@ -230,7 +230,7 @@ class QVXML_API CUntpdColMember : public CColMember {
 
 /// A collection of items of that kind.
 template <ElementKind kItems, class TMember = CColMember>
-class TColMember : public TMember {
+class QVXML_API TColMember : public TMember {
  public:
   using TMember::TMember;
 

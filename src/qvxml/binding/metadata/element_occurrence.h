@@ -30,7 +30,7 @@ class QVXML_API TElementMark {
 
 /// A kind with its place in a group. The mark is a member because the constructors are inherited.
 template <QvXmlLib16::XmlElementGroupType kGroup, class TKind, ElementOccurrence kOccurrence>
-class TPlaced : public TKind {
+class QVXML_API TPlaced : public TKind {
  public:
   using TKind::TKind;
 

@@ -65,9 +65,12 @@ void CElement::Init(const char* name, const char* namespaceUri, const char* name
 }
 
 CElement::~CElement() {
-  const CSmartPtr<CXmlObjectBase> elements = m_elements.Take();
-  if (!elements) return;
-  CElementCol::ReleaseIteratively(static_cast<CElementCol*>(elements.Ptr()));
+  CSmartPtr<CXmlObjectBase> object = m_elements.Take();
+  if (!object) return;
+  CSmartPtr<CElementCol> elements(static_cast<CElementCol*>(object.Ptr()));
+  // What is released in a loop must not be held here too.
+  object.reset();
+  CElementCol::ReleaseIteratively(std::move(elements));
 }
 
 void CElement::SetName(const char* name) {
