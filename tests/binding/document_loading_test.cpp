@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/qv_gtest.h"
+#include "tests/support/xml_dump.h"
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/xml/compression.h"
 #include "qvxml/xml/xml_document.h"
-#include "tests/support/qv_gtest.h"
-#include "tests/support/xml_dump.h"
 
 using namespace QvXmlLib16;
 using qv_test::Dump;

@@ -5,7 +5,8 @@
 
 namespace QvXmlLib16 {
 
-/// Names the kind of a value in metadata, writers, collections and QvVariant. The numbers are fixed.
+/// Names the kind of a value in metadata, writers, collections and QvVariant. The numbers are
+/// fixed.
 enum ItemType : int {
   ItemType_none = 0,
   ItemType_hexBinary = 1,

@@ -108,6 +108,9 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   detail::CNodeArena& Arena();
   CXmlElement* AddDocElement(const detail::CXmlName* name);
   CXmlElement* AddChildElement(const detail::CXmlName* name);
+  void CloseElement();
+  void OfferElement(CXmlElement* element);
+  [[noreturn]] static void ThrowNoOpenElement();
   void Release() noexcept;
   void UnbindPrefix(const std::string& prefix, const std::string& namespaceUri);
 
