@@ -60,6 +60,21 @@ bool ThrowAtItem(CXmlElement* element) {
   return false;
 }
 
+// The document whose callbacks change the children of its root.
+CXmlDocument* Changed = nullptr;
+
+bool DeleteItemAndRemove(CXmlElement* element) {
+  if (!RemoveItems(element)) return false;
+  delete Changed->GetDocumentElement()->RemoveLastChildElement();
+  return true;
+}
+
+bool AddAfterItemAndRemove(CXmlElement* element) {
+  if (!RemoveItems(element)) return false;
+  Changed->GetDocumentElement()->CreateNewChildElement()->SetElementName("new");
+  return true;
+}
+
 long MaxLiveElements = 0;
 
 bool RemoveAndMeasure(CXmlElement*) {
@@ -204,6 +219,19 @@ TEST_F(CDocumentLoadingTest, RemovesWhatTheCallbackHasConsumed) {
   CXmlDocument items(RemoveItems, keepsCDATA);
   items.LoadXml("<a><k/><i/><i/><k><i/><![CDATA[x]]></k><i/></a>");
   EXPECT_EQ(Dump(items.GetDocumentElement()), "a [k, k '<![CDATA[x]]>']");
+}
+
+TEST_F(CDocumentLoadingTest, RemovesNoElementButTheCompletedOne) {
+  const struct {
+    CXmlDocument::ElementCompleteCallback callback;
+    const char* tree;
+  } rows[] = {{DeleteItemAndRemove, "a [b, c]"}, {AddAfterItemAndRemove, "a [b, new, c, new]"}};
+  for (const auto& row : rows) {
+    CXmlDocument document(row.callback);
+    Changed = &document;
+    document.LoadXml("<a><b/><i/><c/><i/></a>");
+    EXPECT_EQ(Dump(document.GetDocumentElement()), row.tree);
+  }
 }
 
 TEST_F(CDocumentLoadingTest, StreamsWithFewElementsAlive) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/slot_of.h"
 #include "tests/support/xml_dump.h"
 
 using namespace QvXmlLib16;
@@ -35,6 +36,24 @@ class CXmlDocumentTest : public testing::Test {
 };
 
 }  // namespace
+
+TEST_F(CXmlDocumentTest, CleansUpThroughTheSlotBehindTheDestructors) {
+  class CWatched : public CXmlDocument {
+   public:
+    void Cleanup() override {
+      ++m_cleanups;
+      CXmlDocument::Cleanup();
+    }
+    int m_cleanups = 0;
+  };
+  EXPECT_EQ(qv_test::SlotOf(&CXmlDocument::Cleanup), 2u);
+  CWatched document;
+  document.LoadXml("<a/>");
+  document.LoadXml(L"<a/>");
+  document.LoadXmlStream(reinterpret_cast<const unsigned char*>("<a/>"), 4);
+  EXPECT_THROW(document.Load("/nowhere/file"), CQvException);
+  EXPECT_EQ(document.m_cleanups, 4);
+}
 
 TEST_F(CXmlDocumentTest, NamesThePathOfEveryNode) {
   const struct {

@@ -92,7 +92,12 @@ void CXmlDocument::EndElement() {
 void CXmlDocument::OfferElement(CXmlElement* element) {
   // Kept: the document element stays, whatever the callback says.
   if (!m_callback(element) || m_openElements.empty()) return;
-  delete m_openElements.back()->RemoveLastChildElement();
+  // Looked for, as the callback may have removed it already or put others behind it.
+  CXmlElement* child = m_openElements.back()->m_lastChild;
+  while (child != nullptr && child != element) child = child->m_previousSibling;
+  if (child == nullptr) return;
+  child->Unlink();
+  delete child;
 }
 
 void CXmlDocument::AddNamespacePrefix(const char* prefix, const char* namespaceUri) {
