@@ -6,11 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "qvxml/binding/lazy_object.h"
+#include "qvxml/core/smart_ptr.h"
 #include "qvxml/support/export.h"
 #include "qvxml/support/instance_monitor.h"
 #include "qvxml/xml/namespace_alias_map.h"
 
 namespace QvXmlLib16 {
+
+class CAttributeCol;  // xml/untyped/attribute_col.h
 
 /// The kind of schema that the classes were generated from. The numbers are fixed.
 enum SchemaType : int {
@@ -105,6 +109,12 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   /// Prefixes that the root declares, for the caller to fill.
   CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
   const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+  /// Attributes that the root gets before its own, for the caller to fill; never null. Made when it
+  /// is first asked for, from any thread. A copy of the context shares it, if it was made by then,
+  /// so what is added later shows in both. Defined in xml/untyped/attribute_col.cpp.
+  CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+  /// Whether they have been asked for.
+  bool HasAdditionalRootAttributes() const { return m_additionalRootAttributes.Get() != nullptr; }
   /// Processing instructions written before the root, for the caller to fill.
   std::vector<std::string>& GetProcessingInstructions() { return m_processingInstructions; }
   const std::vector<std::string>& GetProcessingInstructions() const {
@@ -118,6 +128,7 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   std::string m_defaultNamespaceUri;
   bool m_writeTypeAttribute = true;
   CNamespaceAliasMap m_namespaceAliases;
+  detail::CLazyObject m_additionalRootAttributes;
   std::vector<std::string> m_processingInstructions;
   std::string m_inLineSchema;
   bool m_ignoreInvalidCollectionCounts = false;

@@ -96,7 +96,7 @@ void CXmlTextWriter::WriteInlineSchema(const std::string& schemaText) {
 
 void CXmlTextWriter::WriteStartElement(const std::string& localName,
                                        const std::string& namespaceUri) {
-  CloseStartTag();
+  CloseParentElm();
   CXmlWriterContext& context = PushContext(localName, namespaceUri, 0);
   try {
     WriteStartTag(context);
@@ -107,8 +107,7 @@ void CXmlTextWriter::WriteStartElement(const std::string& localName,
   }
 }
 
-// The parent's start tag, before its first child element.
-void CXmlTextWriter::CloseStartTag() {
+void CXmlTextWriter::CloseParentElm() {
   CXmlWriterContext* const parent = GetContext();
   if (parent == nullptr) return;
   parent->AddChild();

@@ -81,6 +81,11 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// Writes text as it is, with an end of line when formatting. It must be well-formed content; an
   /// open start tag is not closed.
   void WriteRawElement(const std::string& text);
+  /// Counts a child of the innermost element, if one is open, and closes its start tag: to be
+  /// called before an element is written as raw text.
+  void CloseParentElm();
+  /// Where the characters go, for a writer of its own that writes an element into this document.
+  CTextStream& GetStream() const noexcept { return m_stream; }
 
   // Attributes. These throw CQvException "Attributes must be added before elements" unless the
   // start tag of the innermost element is open.
@@ -93,7 +98,6 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   void WriteAttributeNil() override;
 
  private:
-  void CloseStartTag();
   void WriteStartTag(CXmlWriterContext& context);
   void WriteEndTag(const CXmlWriterContext& context, bool isEmpty);
   // Binds a generated prefix, which the caller declares.

@@ -1,0 +1,38 @@
+// Ends recursion over nested objects before the stack does.
+
+#ifndef QVXML_BINDING_DEPTH_GUARD_INTERNAL_H_
+#define QVXML_BINDING_DEPTH_GUARD_INTERNAL_H_
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/support/thread_stack_internal.h"
+
+namespace QvXmlLib16::detail {
+
+/// Lives in each level of the recursion. Throws CQvException, naming the depth, when the calling
+/// thread has no room for another level; no depth is refused while there is room.
+class CDepthGuard {
+ public:
+  CDepthGuard() {
+    // Room for one level of user code and of ours, and for building and throwing the exception.
+    constexpr size_t kReserve = 48 * 1024;
+    if (RemainingStackBytes() < kReserve) ThrowTooDeep();
+    ++t_depth;
+  }
+  ~CDepthGuard() { --t_depth; }
+  CDepthGuard(const CDepthGuard&) = delete;
+  CDepthGuard& operator=(const CDepthGuard&) = delete;
+
+ private:
+  [[noreturn]] static void ThrowTooDeep() {
+    throw CQvException(FormatString(
+        "The elements are nested too deeply for the stack of this thread, %ld levels were reached",
+        t_depth));
+  }
+
+  static inline thread_local long t_depth = 0;
+};
+
+}  // namespace QvXmlLib16::detail
+
+#endif  // QVXML_BINDING_DEPTH_GUARD_INTERNAL_H_

@@ -1,0 +1,228 @@
+#include "qvxml/binding/metadata/attribute_info.h"
+
+#include "qvxml/binding/facet_checks.h"
+#include "qvxml/binding/metadata/xml_generated_class.h"
+#include "qvxml/binding/namespace_constraint.h"
+#include "qvxml/binding/wrap_failure_internal.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/value/variant.h"
+#include "qvxml/xml/untyped/attribute_col.h"
+#include "qvxml/xml/xml_attribute.h"
+#include "qvxml/xml/xml_writer.h"
+
+namespace QvXmlLib16Data {
+
+using QvXmlLib16::CAttributeCol;
+using QvXmlLib16::CQvException;
+using QvXmlLib16::CQvValidationException;
+using QvXmlLib16::CSerializationContext;
+using QvXmlLib16::CSmartPtr;
+using QvXmlLib16::CXmlAttribute;
+using QvXmlLib16::CXmlGeneratedClass;
+using QvXmlLib16::CXmlObjectBase;
+using QvXmlLib16::CXmlWriter;
+using QvXmlLib16::FormatString;
+using QvXmlLib16::QvVariant;
+
+namespace {
+
+const char* TextOrEmpty(const char* text) { return text == nullptr ? "" : text; }
+
+// The collection that a wildcard's property holds; the property keeps it alive.
+CSmartPtr<CXmlObjectBase> HeldCollection(const QvVariant& value) {
+  if (value.GetItemType() == QvXmlLib16::ItemType_xmlCollection) {
+    return CSmartPtr<CXmlObjectBase>(value.GetXmlCollection().Ptr());
+  }
+  return value.GetXmlObject();
+}
+
+CAttributeCol& RequireAttributeCol(CXmlObjectBase* object) {
+  auto* collection = dynamic_cast<CAttributeCol*>(object);
+  if (collection == nullptr) {
+    throw CQvException(
+        "Serialization Data Error : The collection should be a CAttributeCol, it was not!");
+  }
+  return *collection;
+}
+
+}  // namespace
+
+constinit QvXmlLib16::CInstanceCounter CAttributeInfo::s_instances("CAttributeInfo");
+
+CAttributeInfo::CAttributeInfo(const char* name, const char* namespaceUri, int propertyIndex,
+                               bool optional, const char* defaultValue)
+    : m_name(TextOrEmpty(name)),
+      m_namespace(TextOrEmpty(namespaceUri)),
+      m_propertyIndex(propertyIndex),
+      m_isOptional(optional),
+      m_defaultValue(TextOrEmpty(defaultValue)) {}
+
+CAttributeInfo::~CAttributeInfo() = default;
+
+void CAttributeInfo::Validate(const CSerializationContext&, bool found) const {
+  if (found || m_isOptional) return;
+  throw CQvValidationException(
+      FormatString("Failed to find the required Attribute [%s].", m_name.c_str()), std::string());
+}
+
+bool CAttributeInfo::IsThisAttribute(const CSerializationContext& ctx,
+                                     const CXmlAttribute* attribute) const {
+  if (attribute == nullptr || attribute->GetLocalName() != m_name) return false;
+  return ctx.GetIgnoreNamespaces() || attribute->GetNamespaceURI() == m_namespace;
+}
+
+void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& value) const {
+  QvXmlLib16::detail::WrapFailure(
+      [&] { object->AccessProperty(m_propertyIndex, true, value); },
+      [this] {
+        return CQvValidationException(
+            FormatString("Failed to get the property value for [%s].", m_name.c_str()),
+            std::string());
+      });
+}
+
+void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
+                                       const CXmlAttribute& attribute) const {
+  QvXmlLib16::detail::WrapFailure(
+      [&] { object->AccessProperty(m_propertyIndex, false, value); },
+      [&] {
+        return CQvValidationException(
+            FormatString("Failed to set the property value [%s].", attribute.GetValue().c_str()),
+            attribute.GetXPath());
+      });
+}
+
+void CAttributeInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
+  InvokePropertyGet(const_cast<CXmlGeneratedClass*>(object), value);
+}
+
+std::string CAttributeInfo::GetTargetNamespace(const CXmlGeneratedClass* object) const {
+  return object->GetTargetNamespace();
+}
+
+bool CAttributeInfo::TestNamespace(const char* namespaceUri, const char* allowedList,
+                                   const char* targetNamespace) {
+  QvXmlLib16::RequireNamespaceAdmitted(TextOrEmpty(namespaceUri), TextOrEmpty(allowedList),
+                                       TextOrEmpty(targetNamespace));
+  return true;
+}
+
+bool CAttributeInfo::IsNamespaceValid(const char* namespaceUri, const char* allowedList,
+                                      const char* targetNamespace) {
+  return QvXmlLib16::IsNamespaceAdmitted(TextOrEmpty(namespaceUri), TextOrEmpty(allowedList),
+                                         TextOrEmpty(targetNamespace));
+}
+
+bool CAttributeInfo::IsDefaultLeftOut(const CSerializationContext& ctx,
+                                      const std::string& text) const {
+  return m_isOptional && !m_defaultValue.empty() && ctx.GetNoOptionalAttributeDefaultOutput() &&
+         text == m_defaultValue;
+}
+
+CAttributeInfoPrimitive::CAttributeInfoPrimitive(
+    const char* name, const char* namespaceUri, int propertyIndex, bool optional,
+    QvXmlLib16::ItemType itemType, const char* format,
+    QvXmlLib16::CWhitespaceUtils::WhitespaceRule whitespaceRule,
+    const QvXmlLib16::CPrimitiveRestrictions& restrictions, const char* defaultValue)
+    : CAttributeInfo(name, namespaceUri, propertyIndex, optional, defaultValue),
+      m_itemType(itemType),
+      m_format(TextOrEmpty(format)),
+      m_whitespaceRule(whitespaceRule),
+      m_restrictions(restrictions) {}
+
+void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx,
+                                             const CXmlGeneratedClass* object,
+                                             CXmlWriter* writer) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  if (m_isOptional && !value.IsValid()) return;
+  const std::string text = value.ToString(m_format.c_str());
+  if (IsDefaultLeftOut(ctx, text)) return;
+  QvXmlLib16::CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
+  writer->WriteAttributeString(m_name, m_namespace, text, m_itemType);
+}
+
+bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext&,
+                                               CXmlGeneratedClass* object,
+                                               CXmlAttribute* attribute) const {
+  // Kept: the namespace counts even where the context ignores namespaces.
+  if (attribute == nullptr || attribute->GetLocalName() != m_name ||
+      attribute->GetNamespaceURI() != m_namespace) {
+    return false;
+  }
+  QvVariant value;
+  value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
+  InvokePropertySet(object, value, *attribute);
+  return true;
+}
+
+CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUri,
+                                       int propertyIndex, bool optional, const char* defaultValue,
+                                       EnumToText enumToText, TextToEnum textToEnum)
+    : CAttributeInfo(name, namespaceUri, propertyIndex, optional, defaultValue),
+      m_enumToText(enumToText),
+      m_textToEnum(textToEnum) {}
+
+CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUri,
+                                       int propertyIndex, bool optional, EnumToText enumToText,
+                                       TextToEnum textToEnum, const char* defaultValue)
+    : CAttributeInfoEnum(name, namespaceUri, propertyIndex, optional, defaultValue, enumToText,
+                         textToEnum) {}
+
+void CAttributeInfoEnum::AttributeToXml(const CSerializationContext& ctx,
+                                        const CXmlGeneratedClass* object,
+                                        CXmlWriter* writer) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  if (m_isOptional && !value.IsValid()) return;
+  const std::string text = TextOrEmpty(m_enumToText(static_cast<int>(value.GetI4())));
+  if (IsDefaultLeftOut(ctx, text)) return;
+  writer->WriteAttributeString(m_name, m_namespace, text, QvXmlLib16::ItemType_string);
+}
+
+bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& ctx,
+                                          CXmlGeneratedClass* object,
+                                          CXmlAttribute* attribute) const {
+  if (!IsThisAttribute(ctx, attribute)) return false;
+  QvVariant value;
+  value.SetI4(m_textToEnum(attribute->GetValue().c_str()));
+  InvokePropertySet(object, value, *attribute);
+  return true;
+}
+
+CAttributeInfoAny::CAttributeInfoAny(const char* name, const char* namespaceUri, int propertyIndex,
+                                     bool optional, const char* defaultValue,
+                                     const char* namespaceList, const char* targetNamespace)
+    : CAttributeInfo(name, namespaceUri, propertyIndex, optional, defaultValue),
+      m_namespaceList(TextOrEmpty(namespaceList)),
+      m_targetNamespace(TextOrEmpty(targetNamespace)) {}
+
+void CAttributeInfoAny::AttributeToXml(const CSerializationContext& ctx,
+                                       const CXmlGeneratedClass* object, CXmlWriter* writer) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  const CSmartPtr<CXmlObjectBase> held = HeldCollection(value);
+  if (held == nullptr) return;
+  held->ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx, false);
+}
+
+bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext&, CXmlGeneratedClass* object,
+                                         CXmlAttribute* attribute) const {
+  if (attribute == nullptr ||
+      !QvXmlLib16::IsNamespaceAdmitted(attribute->GetNamespaceURI(), m_namespaceList,
+                                       m_targetNamespace)) {
+    return false;
+  }
+  QvVariant value;
+  InvokePropertyGet(object, value);
+  const CSmartPtr<CXmlObjectBase> held = HeldCollection(value);
+  RequireAttributeCol(held.Ptr())
+      .Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+           attribute->GetNamespaceURI().c_str());
+  return true;
+}
+
+void CAttributeInfoAny::Validate(const CSerializationContext&, bool) const {}
+
+}  // namespace QvXmlLib16Data

@@ -1,0 +1,316 @@
+// Property access, and the writing and reading steps of each kind of value.
+
+#include "qvxml/binding/metadata/element_info.h"
+
+#include <strings.h>
+
+#include "qvxml/binding/facet_checks.h"
+#include "qvxml/binding/metadata/xml_generated_class.h"
+#include "qvxml/binding/name_match_internal.h"
+#include "qvxml/binding/namespace_constraint.h"
+#include "qvxml/binding/wrap_failure_internal.h"
+#include "qvxml/binding/xml_collection_base.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/value/conversions.h"
+#include "qvxml/core/value/variant.h"
+#include "qvxml/xml/xml_element.h"
+#include "qvxml/xml/xml_writer.h"
+
+namespace QvXmlLib16Data {
+
+using QvXmlLib16::CPrimitiveRestrictions;
+using QvXmlLib16::CQvException;
+using QvXmlLib16::CQvInvalidParamException;
+using QvXmlLib16::CQvValidationException;
+using QvXmlLib16::CSerializationContext;
+using QvXmlLib16::CSmartPtr;
+using QvXmlLib16::CWhitespaceUtils;
+using QvXmlLib16::CXmlAttribute;
+using QvXmlLib16::CXmlCollectionBase;
+using QvXmlLib16::CXmlElement;
+using QvXmlLib16::CXmlGeneratedClass;
+using QvXmlLib16::CXmlObjectBase;
+using QvXmlLib16::CXmlWriter;
+using QvXmlLib16::FormatString;
+using QvXmlLib16::ItemType;
+using QvXmlLib16::QvVariant;
+using QvXmlLib16::XmlElementType;
+
+namespace {
+
+const char* TextOrEmpty(const char* text) { return text == nullptr ? "" : text; }
+
+bool EqualsIgnoringCase(const std::string& text, const char* word) {
+  return strcasecmp(text.c_str(), word) == 0;
+}
+
+// Whether the attribute makes the element nil.
+bool ReadNil(const CXmlAttribute& attribute, const CXmlElement& element, bool isNillable) {
+  const std::string& value = attribute.GetValue();
+  // Kept: tested first, so that xsi:nil="false" is accepted on any element.
+  if (EqualsIgnoringCase(value, "false") || value == "0") return false;
+  if (!isNillable) {
+    throw CQvValidationException("Invalid use of 'nil' attribute in non-nillable element.",
+                                 element.GetXPath());
+  }
+  if (EqualsIgnoringCase(value, "true") || value == "1") return true;
+  throw CQvValidationException(
+      FormatString("Unexpected Value [%s] for 'nil' Attribute found.", value.c_str()),
+      attribute.GetXPath());
+}
+
+// Whether the element of a primitive or enumerated member is nil; it may have no other attribute.
+bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element, bool isNillable) {
+  bool isNil = false;
+  for (const CXmlAttribute* attribute : element.GetAttributes()) {
+    if (attribute->IsNilAttribute()) {
+      isNil = ReadNil(*attribute, element, isNillable);
+    } else if (!ctx.GetIgnoreUnknownAttributes()) {
+      throw CQvValidationException("Unexpected Attribute found.", attribute->GetXPath());
+    }
+  }
+  return isNil;
+}
+
+}  // namespace
+
+CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex)
+    : m_name(TextOrEmpty(name)),
+      m_namespace(TextOrEmpty(namespaceUri)),
+      m_propertyIndex(propertyIndex) {}
+
+CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
+                           bool nillable, ItemType itemType, const char* format,
+                           CWhitespaceUtils::WhitespaceRule whitespaceRule,
+                           const CPrimitiveRestrictions& restrictions, const char* defaultValue)
+    : m_name(TextOrEmpty(name)),
+      m_namespace(TextOrEmpty(namespaceUri)),
+      m_propertyIndex(propertyIndex),
+      m_restrictions(restrictions),
+      m_itemType(itemType),
+      m_format(TextOrEmpty(format)),
+      m_whitespaceRule(whitespaceRule),
+      m_defaultValue(TextOrEmpty(defaultValue)),
+      m_isNillable(nillable),
+      m_hasPrimitiveType(true) {}
+
+CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
+                           bool nillable, EnumToText enumToText, TextToEnum textToEnum,
+                           const char* defaultValue)
+    : m_name(TextOrEmpty(name)),
+      m_namespace(TextOrEmpty(namespaceUri)),
+      m_propertyIndex(propertyIndex),
+      m_defaultValue(TextOrEmpty(defaultValue)),
+      m_isNillable(nillable),
+      m_enumToText(enumToText),
+      m_textToEnum(textToEnum) {}
+
+CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
+                           XmlElementType elementType)
+    : m_name(TextOrEmpty(name)),
+      m_namespace(TextOrEmpty(namespaceUri)),
+      m_propertyIndex(propertyIndex),
+      m_elementType(elementType) {}
+
+CElementInfo::~CElementInfo() = default;
+
+bool CElementInfo::Validate(const CSerializationContext&, const CXmlGeneratedClass*, bool,
+                            bool) const {
+  throw CQvException("Not implemented, should never be called");
+}
+
+void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext&,
+                                             const CXmlGeneratedClass*, CXmlWriter*) const {}
+
+bool CElementInfo::IsThisElement(const CSerializationContext& ctx,
+                                 const CXmlElement* element) const {
+  return QvXmlLib16::detail::DoesNameMatch(ctx, element, m_name, m_namespace);
+}
+
+void CElementInfo::CheckRestriction(const QvVariant& value) const {
+  if (!m_hasPrimitiveType) {
+    throw CQvException("Cannot CheckRestriction for type: " + value.GetType());
+  }
+  QvXmlLib16::CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
+}
+
+void CElementInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& value) const {
+  QvXmlLib16::detail::WrapFailure(
+      [&] { object->AccessProperty(m_propertyIndex, true, value); },
+      [this] {
+        return CQvValidationException(
+            FormatString("Failed to get the property value for [%s].", m_name.c_str()),
+            std::string());
+      });
+}
+
+void CElementInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
+                                     const CXmlElement* element) const {
+  QvXmlLib16::detail::WrapFailure([&] { object->AccessProperty(m_propertyIndex, false, value); },
+                                  [&] {
+                                    return CQvValidationException(
+                                        "Failed to set the property value.", element->GetXPath());
+                                  });
+}
+
+void CElementInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
+  // Getting a property changes nothing, though the one accessor for both directions is not const.
+  InvokePropertyGet(const_cast<CXmlGeneratedClass*>(object), value);
+}
+
+CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* object) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  return value.GetXmlObject();
+}
+
+CSmartPtr<CXmlCollectionBase> CElementInfo::ReadCollection(const CXmlGeneratedClass* object) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  return value.GetXmlCollection();
+}
+
+bool CElementInfo::ElementToXmlPrim(const CSerializationContext&, const CXmlGeneratedClass* object,
+                                    CXmlWriter* writer) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  if (value.IsNil()) return WriteNil(writer);
+  if (!value.IsValid()) return false;
+  if (const std::string* const text = value.PeekString()) {
+    return WritePrim(writer, value, *text);
+  }
+  return WritePrim(writer, value, value.ToString(m_format.c_str()));
+}
+
+bool CElementInfo::WritePrim(CXmlWriter* writer, const QvVariant& value,
+                             const std::string& text) const {
+  const bool isDefault = IsDefault(text);
+  if (!isDefault) CheckRestriction(value);
+  return WriteText(writer, text, m_itemType, isDefault);
+}
+
+bool CElementInfo::ElementToXmlEnum(const CSerializationContext&, const CXmlGeneratedClass* object,
+                                    CXmlWriter* writer) const {
+  QvVariant value;
+  ReadProperty(object, value);
+  if (value.IsNil()) return WriteNil(writer);
+  if (!value.IsValid()) return false;
+  const long number =
+      value.GetItemType() == QvXmlLib16::ItemType_i4
+          ? value.GetI4()
+          : QvXmlLib16::CConversions::i4FromString(value.ToString(), CWhitespaceUtils::ws_collapse);
+  const char* const name =
+      m_enumToText == nullptr ? nullptr : m_enumToText(static_cast<int>(number));
+  if (name == nullptr) {
+    throw CQvException(FormatString("Invalid Value for %s [%ld]", m_name.c_str(), number));
+  }
+  const std::string text = name;
+  return WriteText(writer, text, QvXmlLib16::ItemType_string, IsDefault(text));
+}
+
+// A default of "" is none, so an empty text is never one.
+bool CElementInfo::IsDefault(const std::string& text) const {
+  return !m_defaultValue.empty() && text == m_defaultValue;
+}
+
+bool CElementInfo::WriteNil(CXmlWriter* writer) const {
+  writer->WriteStartElement(m_name, m_namespace);
+  writer->WriteAttributeNil();
+  writer->WriteEndElement();
+  return true;
+}
+
+bool CElementInfo::WriteText(CXmlWriter* writer, const std::string& text, ItemType itemType,
+                             bool isDefault) const {
+  writer->WriteStartElement(m_name, m_namespace);
+  writer->WriteString(text, itemType, isDefault);
+  writer->WriteEndElement();
+  return true;
+}
+
+bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx,
+                                   const CXmlGeneratedClass* object, CXmlWriter* writer,
+                                   bool optional) const {
+  const CSmartPtr<CXmlObjectBase> child = ReadObject(object);
+  if (!child) return false;
+  child->ToXml_Int(writer, false, m_namespace.c_str(), ctx, optional);
+  return true;
+}
+
+bool CElementInfo::ElementToXmlCol(const CSerializationContext& ctx,
+                                   const CXmlGeneratedClass* object, CXmlWriter* writer,
+                                   bool checkEmpty) const {
+  const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(object);
+  if (!collection) return false;
+  if (collection->GetCount() == 0) {
+    if (checkEmpty) collection->ValidateCount(ctx);
+    return false;
+  }
+  writer->SetContextState(QvXmlLib16::ContextState_CollectionBegin);
+  collection->GetBase()->ToXml_Int(writer, false, m_namespace.c_str(), ctx, false);
+  writer->SetContextState(QvXmlLib16::ContextState_CollectionEnd);
+  return true;
+}
+
+void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGeneratedClass* object,
+                                      CXmlElement** cursor) const {
+  const CXmlElement* const element = *cursor;
+  // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
+  if (!ReadAttributes(ctx, *element, m_isNillable)) {
+    QvVariant value;
+    value.FromString(TextOrDefault(element->GetText()), m_itemType, m_whitespaceRule);
+    InvokePropertySet(object, value, element);
+  }
+  *cursor = element->GetNextSiblingElement();
+}
+
+void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGeneratedClass* object,
+                                      CXmlElement** cursor) const {
+  const CXmlElement* const element = *cursor;
+  if (!ReadAttributes(ctx, *element, m_isNillable)) {
+    const std::string& text = TextOrDefault(element->GetText());
+    if (m_textToEnum == nullptr) {
+      throw CQvException(FormatString("Invalid Value for %s [%s].", m_name.c_str(), text.c_str()));
+    }
+    QvVariant value;
+    value.SetI4(m_textToEnum(text.c_str()));
+    InvokePropertySet(object, value, element);
+  }
+  *cursor = element->GetNextSiblingElement();
+}
+
+// The default stands for a text that is empty before whitespace is dealt with.
+const std::string& CElementInfo::TextOrDefault(const std::string& text) const {
+  return text.empty() ? m_defaultValue : text;
+}
+
+CXmlElement* CElementInfo::FromXml_Int(CXmlObjectBase* child, CXmlElement* element,
+                                       CXmlElement* firstChild, const CSerializationContext& ctx,
+                                       bool optional) {
+  return child->FromXml_Int(element, firstChild, ctx, optional);
+}
+
+void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* child, CXmlWriter* writer,
+                                       const CSerializationContext& ctx) {
+  child->AttributesToXml_Int(writer, ctx);
+}
+
+std::string CElementInfo::GetAnyDefaultNamespace(const char* namespaceList,
+                                                 const char* targetNamespace) {
+  return QvXmlLib16::GetAnyDefaultNamespace(TextOrEmpty(namespaceList),
+                                            TextOrEmpty(targetNamespace));
+}
+
+void CElementInfo::ThrowPropertyIsNull() const {
+  throw CQvInvalidParamException(
+      FormatString("The Property [%s] is mandatory, it may not be NULL", m_name.c_str()));
+}
+
+void CElementInfo::ThrowMissingChild(const CXmlElement* parent) const {
+  throw CQvValidationException(
+      FormatString("Failed to find the required child element [%s].", m_name.c_str()),
+      parent->GetXPath());
+}
+
+}  // namespace QvXmlLib16Data

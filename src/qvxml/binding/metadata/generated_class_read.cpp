@@ -1,0 +1,217 @@
+// How a generated class reads itself.
+
+#include <string>
+
+#include <strings.h>
+
+#include "qvxml/binding/depth_guard_internal.h"
+#include "qvxml/binding/metadata/attribute_info.h"
+#include "qvxml/binding/metadata/element_info.h"
+#include "qvxml/binding/metadata/flag_set_internal.h"
+#include "qvxml/binding/metadata/nillable_access_internal.h"
+#include "qvxml/binding/metadata/parent_element_info.h"
+#include "qvxml/binding/metadata/xml_generated_class.h"
+#include "qvxml/binding/wrap_failure_internal.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/xml/xml_element.h"
+
+namespace QvXmlLib16 {
+
+using QvXmlLib16Data::CAttributeInfo;
+using QvXmlLib16Data::CElementInfo;
+using QvXmlLib16Data::CParentElementInfo;
+
+namespace {
+
+bool IsOneOf(const std::string& value, const char* word, const char* digit) {
+  return strcasecmp(value.c_str(), word) == 0 || value == digit;
+}
+
+// What is left after the members of a class have been read: the caller's affair when the class
+// shares its parent's element, a fault otherwise.
+CXmlElement* EndOfMembers(const CSerializationContext& ctx, const CXmlElement* element,
+                          CXmlElement* cursor, XmlElementType elementType) {
+  if (elementType != XmlElementType_Element || cursor == nullptr) return cursor;
+  if (ctx.GetIgnoreUnknownElements()) return nullptr;
+  throw CQvValidationException(
+      FormatString(
+          "Failed read all the elements held within the element [%s]. The unexpected element [%s] remains un processed",
+          element->GetLocalName().c_str(), cursor->GetLocalName().c_str()),
+      cursor->GetXPath());
+}
+
+}  // namespace
+
+CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
+                                             const CSerializationContext& ctx, bool optional) {
+  if (element == nullptr) throw CQvInvalidParamException("The element to read may not be NULL");
+  try {
+    return ReadElement(element, firstChild, ctx, optional);
+  } catch (CQvException& caught) {
+    // The innermost element names the place, so what has a path already passes unchanged.
+    if (!caught.GetPath().empty()) throw;
+    detail::ThrowWrapping(
+        CQvValidationException("Failed to process the element.", element->GetXPath()), caught);
+  }
+}
+
+CXmlElement* CXmlGeneratedClass::ReadElement(CXmlElement* element, CXmlElement* cursor,
+                                             const CSerializationContext& ctx, bool optional) {
+  const detail::CDepthGuard guard;
+  Init();
+  const CParentElementInfo& classInfo = *GetClassInfo();
+  if (classInfo.GetElementType() == XmlElementType_Element &&
+      GetElementName() != element->GetLocalName()) {
+    SetElementName(element->GetLocalName().c_str());
+  }
+  ProcessAttributesFromXml(ctx, element, classInfo.GetReportUnknownAttributes());
+  const INillable* nillable = detail::FindNillable(*this, classInfo);
+  if (nillable != nullptr && nillable->IsNil()) return cursor;
+  cursor = ReadMembers(element, cursor, ctx, optional);
+  if (classInfo.HasValue()) ReadValue(element);
+  return cursor;
+}
+
+CXmlElement* CXmlGeneratedClass::ReadMembers(CXmlElement* element, CXmlElement* cursor,
+                                             const CSerializationContext& ctx, bool optional) {
+  const CParentElementInfo& classInfo = *GetClassInfo();
+  const XmlElementType elementType = classInfo.GetElementType();
+  switch (classInfo.GetGroupType()) {
+    case XmlElementGroupType_Sequence:
+      return ProcessElementSeqFromXml(ctx, element, cursor, elementType);
+    case XmlElementGroupType_Choice:
+      return ProcessElementChoiceFromXml(ctx, element, cursor, elementType, optional);
+    case XmlElementGroupType_All:
+      return ProcessElementAllFromXml(ctx, element, cursor, elementType);
+  }
+  throw CQvException("Unknown Group Type");
+}
+
+void CXmlGeneratedClass::ReadValue(CXmlElement* element) {
+  const CParentElementInfo& classInfo = *GetClassInfo();
+  QvVariant value;
+  if (classInfo.IsRawText()) {
+    value.SetString(element->GetText());
+  } else {
+    value.FromString(element->GetText(), classInfo.GetValueItemType(), CWhitespaceUtils::ws_none);
+  }
+  AccessProperty(classInfo.GetValuePropertyIndex(), false, value);
+}
+
+void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& ctx,
+                                                  CXmlElement* element, bool reportUnknown) {
+  CAttributeInfo** infos = GetClassAttributeInfo();
+  const size_t count = detail::CountInfos(infos);
+  detail::CFlagSet isFound(count);
+  for (CXmlAttribute* attribute : element->GetAttributes()) {
+    if (attribute->IsNamespaceAttribute()) continue;
+    if (attribute->IsNilAttribute()) {
+      ReadNilAttribute(*attribute);
+      continue;
+    }
+    size_t index = 0;
+    while (index < count && !infos[index]->AttributeFromXml(ctx, this, attribute)) ++index;
+    if (index < count) {
+      isFound.Set(index, true);
+    } else if (reportUnknown && !ctx.GetIgnoreUnknownAttributes()) {
+      throw CQvValidationException("Unexpected Attribute found.", attribute->GetXPath());
+    }
+  }
+  for (size_t index = 0; index < count; ++index) {
+    infos[index]->Validate(ctx, isFound.Get(index));
+  }
+}
+
+void CXmlGeneratedClass::ReadNilAttribute(const CXmlAttribute& attribute) {
+  const CParentElementInfo& classInfo = *GetClassInfo();
+  // On a pseudo child's parent the attribute is the parent's affair.
+  if (classInfo.GetElementType() != XmlElementType_Element) return;
+  INillable* nillable = detail::FindNillable(*this, classInfo);
+  if (nillable == nullptr) {
+    throw CQvValidationException("Invalid use of 'nil' attribute in non-nillable element.",
+                                 attribute.GetXPath());
+  }
+  if (IsOneOf(attribute.GetValue(), "true", "1")) {
+    nillable->SetNil(true);
+  } else if (IsOneOf(attribute.GetValue(), "false", "0")) {
+    nillable->SetNil(false);
+  } else {
+    throw CQvValidationException(FormatString("Unexpected Value [%s] for 'nil' Attribute found.",
+                                              attribute.GetValue().c_str()),
+                                 attribute.GetXPath());
+  }
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationContext& ctx,
+                                                          CXmlElement* element, CXmlElement* cursor,
+                                                          XmlElementType elementType) {
+  const std::string namespaceUri = GetNamespace();
+  CElementInfo** info = GetClassElementInfo();
+  while (info != nullptr && *info != nullptr) {
+    if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri.c_str(), elementType)) {
+      ++info;
+    } else if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) {
+      // Kept: the caller decides, nothing is reported here.
+      return cursor;
+    } else {
+      cursor = cursor->GetNextSiblingElement();
+    }
+  }
+  return EndOfMembers(ctx, element, cursor, elementType);
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializationContext& ctx,
+                                                             CXmlElement* element,
+                                                             CXmlElement* cursor,
+                                                             XmlElementType elementType,
+                                                             bool optional) {
+  const std::string namespaceUri = GetNamespace();
+  CElementInfo** infos = GetClassElementInfo();
+  CXmlElement* const start = cursor;
+  while (true) {
+    for (CElementInfo** info = infos; info != nullptr && *info != nullptr; ++info) {
+      if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri.c_str(), elementType)) {
+        return EndOfMembers(ctx, element, cursor, elementType);
+      }
+    }
+    if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) break;
+    cursor = cursor->GetNextSiblingElement();
+  }
+  if (!optional && !DoesElementContainOptionalElements() && !ctx.GetIgnoreMissingChoice()) {
+    throw CQvValidationException(
+        FormatString(
+            "No child elements within the element [%s] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements",
+            element->GetLocalName().c_str()),
+        element->GetXPath());
+  }
+  // What was skipped in vain belongs to whoever shares the element.
+  return EndOfMembers(ctx, element, start, elementType);
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationContext& ctx,
+                                                          CXmlElement* element, CXmlElement* cursor,
+                                                          XmlElementType elementType) {
+  const std::string namespaceUri = GetNamespace();
+  CElementInfo** infos = GetClassElementInfo();
+  const size_t count = detail::CountInfos(infos);
+  detail::CFlagSet isRead(count);
+  const CXmlElement* passStart = nullptr;
+  do {
+    passStart = cursor;
+    for (size_t index = 0; index < count; ++index) {
+      if (isRead.Get(index)) continue;
+      isRead.Set(index, infos[index]->ElementFromXml(ctx, this, element, &cursor,
+                                                     namespaceUri.c_str(), elementType));
+    }
+  } while (cursor != nullptr && cursor != passStart);
+
+  CXmlElement* const next = EndOfMembers(ctx, element, cursor, elementType);
+  const bool check = !ctx.GetIgnoreMissingMandatoryElements();
+  for (size_t index = 0; index < count; ++index) {
+    infos[index]->Validate(ctx, this, isRead.Get(index), check);
+  }
+  return next;
+}
+
+}  // namespace QvXmlLib16

@@ -1,0 +1,117 @@
+#include "qvxml/binding/xml_collection_base.h"
+
+#include <algorithm>
+
+#include "qvxml/binding/name_match_internal.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+
+namespace QvXmlLib16 {
+
+CXmlCollectionBase::CXmlCollectionBase(const char* elementName, const char* namespaceUri,
+                                       int minOccurs, unsigned int maxOccurs)
+    : CXmlObjectBase(elementName),
+      m_namespace(namespaceUri == nullptr ? "" : namespaceUri),
+      m_minOccurs(minOccurs),
+      m_maxOccurs(maxOccurs) {}
+
+CXmlCollectionBase::~CXmlCollectionBase() = default;
+
+CXmlObjectBase* CXmlCollectionBase::GetBase() { return this; }
+
+std::string CXmlCollectionBase::GetTargetNamespace() const {
+  throw CQvException(
+      "CXmlCollectionBase::GetTargetNamespace Should not be used from within a Collection (program "
+      "logic error)");
+}
+
+std::string CXmlCollectionBase::GetNamespace() const { return m_namespace; }
+
+void CXmlCollectionBase::ValidateCount(const CSerializationContext& ctx) const {
+  if (ctx.GetIgnoreInvalidCollectionCounts()) return;
+  if (HasTooMany()) {
+    throw CQvValidationException(
+        FormatString("The Maximum number of [%s] elements allowed in this collection is %d",
+                     GetElementName().c_str(), static_cast<int>(m_maxOccurs)),
+        std::string());
+  }
+  if (HasTooFew()) {
+    throw CQvValidationException(
+        FormatString("The Minimum number of [%s] elements allowed in this collection is %d",
+                     GetElementName().c_str(), m_minOccurs),
+        std::string());
+  }
+}
+
+bool CXmlCollectionBase::IsValidCount(const CSerializationContext& ctx) const {
+  return ctx.GetIgnoreInvalidCollectionCounts() || (!HasTooMany() && !HasTooFew());
+}
+
+bool CXmlCollectionBase::HasTooMany() const {
+  return m_maxOccurs != kUnbounded && GetCount() > static_cast<long>(m_maxOccurs);
+}
+
+bool CXmlCollectionBase::HasTooFew() const { return GetCount() < m_minOccurs; }
+
+void CXmlCollectionBase::AddEventListener(IEventSink* listener) {
+  if (listener == nullptr) {
+    throw CQvInvalidParamException("The Property [listener] is mandatory, it may not be NULL");
+  }
+  m_listeners.push_back(listener);
+}
+
+void CXmlCollectionBase::RemoveEventListener(IEventSink* listener) {
+  const auto found = std::find(m_listeners.begin(), m_listeners.end(), listener);
+  if (found != m_listeners.end()) m_listeners.erase(found);
+}
+
+// Over a copy, as a listener may change the list; one that is gone meanwhile may be destroyed.
+template <class TRaise>
+void CXmlCollectionBase::ForEachListener(TRaise&& raise) {
+  if (m_listeners.empty()) return;
+  const std::vector<IEventSink*> listeners(m_listeners);
+  for (IEventSink* const listener : listeners) {
+    if (std::find(m_listeners.begin(), m_listeners.end(), listener) != m_listeners.end()) {
+      raise(listener);
+    }
+  }
+}
+
+void CXmlCollectionBase::RaiseAdd(void* item) {
+  ForEachListener([&](IEventSink* listener) { FireOnCollectionAddEvent(listener, this, item); });
+}
+
+void CXmlCollectionBase::RaiseAdded(void* item) {
+  ForEachListener(
+      [&](IEventSink* listener) { FireOnCollectionAddCompleteEvent(listener, this, item); });
+  RaiseChange();
+}
+
+void CXmlCollectionBase::RaiseRemove(int index) {
+  ForEachListener(
+      [&](IEventSink* listener) { FireOnCollectionRemoveEvent(listener, this, index); });
+}
+
+void CXmlCollectionBase::RaiseRemoved(int index) {
+  ForEachListener(
+      [&](IEventSink* listener) { FireOnCollectionRemoveCompleteEvent(listener, this, index); });
+  RaiseChange();
+}
+
+void CXmlCollectionBase::RaiseChange() {
+  ForEachListener([&](IEventSink* listener) { FireOnCollectionChangeEvent(listener, this); });
+}
+
+void CXmlCollectionBase::CheckIndex(int index, long limit) const {
+  if (index >= 0 && index < limit) return;
+  // Kept: the upper figure is the number of items, also where the last index is one less.
+  throw CQvInvalidParamException(
+      FormatString("Index %d is out of range, use 0 - %d", index, static_cast<int>(GetCount())));
+}
+
+bool CXmlCollectionBase::IsItemElement(const CSerializationContext& ctx,
+                                       const CXmlElement* element) const {
+  return detail::DoesNameMatch(ctx, element, GetElementName(), m_namespace);
+}
+
+}  // namespace QvXmlLib16

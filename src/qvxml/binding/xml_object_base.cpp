@@ -1,0 +1,170 @@
+// Identity, references, guards, events and name tests; output and input are in files of their own.
+
+#include "qvxml/binding/xml_object_base.h"
+
+#include <string_view>
+
+#include "qvxml/binding/namespace_constraint.h"
+#include "qvxml/binding/object_flags_internal.h"
+#include "qvxml/binding/xml_collection_base.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/xml/xml_element.h"
+
+namespace QvXmlLib16 {
+
+namespace {
+
+std::string_view View(const char* text) { return text == nullptr ? "" : text; }
+
+[[noreturn]] void ThrowOtherChoiceSelected(const std::string& selected) {
+  throw CQvInvalidStateException(FormatString(
+      "The Property [%s] is already set. Only one element within this class bay be set at a time",
+      selected.c_str()));
+}
+
+void* IndexOrAll(int& index) { return index == -1 ? nullptr : &index; }
+
+}  // namespace
+
+constinit CInstanceCounter CXmlObjectBase::s_instances("CXmlObjectBase");
+
+CXmlObjectBase::CXmlObjectBase() = default;
+
+CXmlObjectBase::CXmlObjectBase(const char* elementName) : m_elementName(View(elementName)) {}
+
+CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other)
+    : IEventSink(other), TInstanceCounted(other), m_elementName(other.m_elementName) {}
+
+CXmlObjectBase& CXmlObjectBase::operator=(const CXmlObjectBase& other) {
+  m_elementName = other.m_elementName;
+  return *this;
+}
+
+CXmlObjectBase::~CXmlObjectBase() = default;
+
+void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
+
+void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContext&) const {}
+
+void CXmlObjectBase::SetElementName(const char* elementName) { m_elementName = View(elementName); }
+
+long long CXmlObjectBase::AddRef() {
+  const CQVCriticalSectionGuard guard(m_section);
+  return ++m_references;
+}
+
+long long CXmlObjectBase::Release() {
+  m_section.Enter();
+  const long long references = --m_references;
+  // Left before the object goes: a mutex must not be destroyed while it is held.
+  m_section.Leave();
+  if (references == 0) delete this;
+  return references;
+}
+
+void CXmlObjectBase::AsyncToXmlFile(bool isAsync) { detail::g_isAsyncToFile = isAsync; }
+
+void CXmlObjectBase::AsyncFromXmlFile(bool isAsync) { detail::g_isAsyncFromFile = isAsync; }
+
+void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* value, const char* propertyName) {
+  if (value != nullptr) return;
+  throw CQvInvalidParamException(FormatString("The Property [%s] is mandatory, it may node be NULL",
+                                              std::string(View(propertyName)).c_str()));
+}
+
+void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, const char* requiredName) {
+  if (value == nullptr) return;
+  const std::string& actualName = value->GetBase()->GetElementName();
+  if (actualName == View(requiredName)) return;
+  throw CQvInvalidParamException(FormatString(
+      "This property requires an element with the name %s the element being set has the element name %s",
+      std::string(View(requiredName)).c_str(), actualName.c_str()));
+}
+
+void CXmlObjectBase::Choice_SetElementValid(bool isValid, const char* name, std::string& selected) {
+  if (!isValid) {
+    selected.clear();
+  } else if (selected != View(name)) {
+    // Kept: nothing selected is refused too, and this message has no brackets.
+    throw CQvInvalidStateException(FormatString(
+        "The Property %s is already set. Only one element within this class bay be set at a time",
+        selected.c_str()));
+  }
+}
+
+void CXmlObjectBase::Choice_SelectElement(const char* name, CXmlObjectBase* newValue,
+                                          std::string& selected) {
+  if (selected == View(name)) {
+    if (newValue == nullptr) selected.clear();
+  } else if (selected.empty()) {
+    // Kept: a null value selects too.
+    selected = View(name);
+  } else if (newValue != nullptr) {
+    ThrowOtherChoiceSelected(selected);
+  }
+}
+
+void CXmlObjectBase::Choice_CollectionChanged(const char* name, long count, std::string& selected) {
+  if (selected == View(name)) {
+    if (count == 0) selected.clear();
+  } else if (selected.empty()) {
+    if (count > 0) selected = View(name);
+  } else if (count != 0) {
+    ThrowOtherChoiceSelected(selected);
+  }
+}
+
+void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* parent,
+                                            CXmlElement*& cursor, long& count,
+                                            const CSerializationContext& ctx) {
+  if (collection == nullptr) return;
+  const long before = collection->GetCount();
+  cursor = collection->FromXml_Int(parent, cursor, ctx, false);
+  count += collection->GetCount() - before;
+}
+
+void CXmlObjectBase::FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection) {
+  sink->OnEvent(collection->GetBase(), MsgType_Change, nullptr);
+}
+
+void CXmlObjectBase::FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                              void* item) {
+  sink->OnEvent(collection->GetBase(), MsgType_Add, item);
+}
+
+void CXmlObjectBase::FireOnCollectionAddCompleteEvent(IEventSink* sink,
+                                                      CXmlCollectionBase* collection, void* item) {
+  sink->OnEvent(collection->GetBase(), MsgType_AddComplete, item);
+}
+
+void CXmlObjectBase::FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                 int index) {
+  sink->OnEvent(collection->GetBase(), MsgType_Remove, IndexOrAll(index));
+}
+
+void CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(IEventSink* sink,
+                                                         CXmlCollectionBase* collection,
+                                                         int index) {
+  sink->OnEvent(collection->GetBase(), MsgType_RemoveComplete, IndexOrAll(index));
+}
+
+bool CXmlObjectBase::DoesElementNameMatch(const CSerializationContext& ctx,
+                                          const CXmlElement* element, const char* name,
+                                          const char* namespaceUri) const {
+  if (element == nullptr || element->GetLocalName() != View(name)) return false;
+  return ctx.GetIgnoreNamespaces() || element->GetNamespaceURI() == View(namespaceUri);
+}
+
+bool CXmlObjectBase::IsNamespaceValid(const char* namespaceUri, const char* allowedList,
+                                      const char* targetNamespace) const {
+  return IsNamespaceAdmitted(View(namespaceUri), View(allowedList), View(targetNamespace));
+}
+
+bool CXmlObjectBase::TestNamespace(const char* namespaceUri, const char* allowedList,
+                                   const char* targetNamespace) const {
+  RequireNamespaceAdmitted(View(namespaceUri), View(allowedList), View(targetNamespace));
+  return true;
+}
+
+}  // namespace QvXmlLib16

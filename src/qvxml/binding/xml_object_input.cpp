@@ -1,0 +1,64 @@
+// The entry points that read. The one that takes an untyped holder is in xml/untyped/element.cpp.
+
+#include "qvxml/binding/root_reader.h"
+#include "qvxml/binding/xml_object_base.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/licence/licence_check.h"
+#include "qvxml/xml/xml_document.h"
+#include "qvxml/xml/xml_element.h"
+
+namespace QvXmlLib16 {
+
+namespace {
+
+void ReadRoot(CXmlObjectBase& object, CXmlElement* root, const CSerializationContext& ctx) {
+  if (auto* reader = dynamic_cast<IRootReader*>(&object)) {
+    reader->ReadRoot_Int(root, ctx);
+  } else {
+    object.FromXml_Int(root, root->GetFirstElement(), ctx, false);
+  }
+}
+
+}  // namespace
+
+void CXmlObjectBase::FromXml(const char* text, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  CXmlDocument document(ctx);
+  document.LoadXml(text);
+  ReadRoot(*this, document.GetDocumentElement(), ctx);
+}
+
+void CXmlObjectBase::FromXml(const wchar_t* text, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  CXmlDocument document(ctx);
+  document.LoadXml(text);
+  ReadRoot(*this, document.GetDocumentElement(), ctx);
+}
+
+void CXmlObjectBase::FromXmlFile(const char* path, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  CXmlDocument document(ctx);
+  document.Load(path);
+  ReadRoot(*this, document.GetDocumentElement(), ctx);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* bytes, unsigned long length,
+                                   const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  CXmlDocument document(ctx);
+  document.LoadXmlStream(bytes, length);
+  ReadRoot(*this, document.GetDocumentElement(), ctx);
+}
+
+void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx) {
+  FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+}
+
+void CXmlObjectBase::FromXmlElement(const CXmlElement* element, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  if (element == nullptr) throw CQvInvalidParamException("The element to read may not be NULL");
+  // Reading walks the tree with pointers that could change it, and changes nothing.
+  ReadRoot(*this, const_cast<CXmlElement*>(element), ctx);
+}
+
+}  // namespace QvXmlLib16

@@ -1,0 +1,78 @@
+// The entry points that write.
+
+#include "qvxml/binding/object_flags_internal.h"
+#include "qvxml/binding/xml_object_base.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/licence/licence_check.h"
+#include "qvxml/xml/binary_stream.h"
+#include "qvxml/xml/text_stream.h"
+#include "qvxml/xml/xml_text_writer.h"
+
+namespace QvXmlLib16 {
+
+namespace {
+
+void WriteXml(const CXmlObjectBase& object, CTextStream& stream, bool includeDocHeader, bool format,
+              EOLType eol, const CSerializationContext& ctx) {
+  CXmlTextWriter writer(stream);
+  writer.Open();
+  writer.SetFormat(format);
+  writer.SetIndentChars(ctx.GetIndentChars().c_str());
+  writer.SetEOLType(eol);
+  writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
+  if (includeDocHeader) writer.WriteStartDocument();
+  if (const char* comment = GetEvaluationComment()) writer.WriteComment(comment);
+  object.ToXml_Int(&writer, true, object.GetTargetNamespace().c_str(), ctx, false);
+  writer.Close();
+}
+
+void RefuseZLibFile(CompressionType compression) {
+  if (compression == CompressionType_ZLib) {
+    throw CQvException("ZLIB Compression only available for To Stream methods.");
+  }
+}
+
+void WriteFile(const char* path, XmlEncoding encoding, CompressionType compression,
+               const CBinaryData& data) {
+  // A byte-order mark before compressed bytes would hide what they are.
+  const XmlEncoding mark = compression == CompressionType_None ? encoding : Encoding_Unspecified;
+  CFileBinaryStream(path, mark, data).ToFile();
+}
+
+}  // namespace
+
+std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool format, EOLType eol,
+                                  const CSerializationContext& ctx) const {
+  CheckLicenceAndVersion();
+  CTextStream stream;
+  WriteXml(*this, stream, includeDocHeader, format, eol, ctx);
+  // With the length, as a NUL in a value must not end the document.
+  return std::string(stream.GetText(), stream.GetLength());
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool format, XmlEncoding encoding,
+                                        EOLType eol, const CSerializationContext& ctx,
+                                        CompressionType compression) const {
+  CheckLicenceAndVersion();
+  CTextStream stream(encoding);
+  WriteXml(*this, stream, includeDocHeader, format, eol, ctx);
+  CBinaryData data = stream.GetEncodedStream();
+  CQvZip::CompressData(data, compression);
+  return data;
+}
+
+void CXmlObjectBase::ToXmlFile(const char* path, bool includeDocHeader, bool format,
+                               XmlEncoding encoding, EOLType eol, const CSerializationContext& ctx,
+                               CompressionType compression) const {
+  CheckLicenceAndVersion();
+  RefuseZLibFile(compression);
+  if (compression == CompressionType_None && detail::g_isAsyncToFile) {
+    CFileTextStream stream(path, encoding);
+    WriteXml(*this, stream, includeDocHeader, format, eol, ctx);
+    return;
+  }
+  WriteFile(path, encoding, compression,
+            ToXmlStream(includeDocHeader, format, encoding, eol, ctx, compression));
+}
+
+}  // namespace QvXmlLib16
