@@ -1,4 +1,5 @@
 // Generated from gpx.xsd (GPX 1.1).
+
 #ifndef EXAMPLES_GPX_GPX11_H_
 #define EXAMPLES_GPX_GPX11_H_
 
