@@ -287,8 +287,7 @@ class CWptType : public CXmlGeneratedClass {
     kPdop,
     kAgeofdgpsdata,
     kDgpsid,
-    kExtensions,
-    kPropertyCountWptType
+    kExtensions
   };
 
  private:

@@ -155,7 +155,7 @@ const CClassMetaData& CTypedDefaults::GetMetaData() {
        new CElementInfoSeqPrimOpt("yearMonth", kNamespace, kYearMonth, false, ItemType_yearMonth, "", kCollapse, NoFacets(), "2024-02"),
        new CElementInfoSeqPrimOpt("monthDay", kNamespace, kMonthDay, false, ItemType_monthDay, "", kCollapse, NoFacets(), "--02-29"),
        new CElementInfoSeqPrimOpt("year", kNamespace, kYear, false, ItemType_year, "", kCollapse, NoFacets(), "2024"),
-       new CElementInfoSeqPrimOpt("month", kNamespace, kMonth, false, ItemType_month, "", kCollapse, NoFacets(), "--02--"),
+       new CElementInfoSeqPrimOpt("month", kNamespace, kMonth, false, ItemType_month, "", kCollapse, NoFacets(), "--02"),
        new CElementInfoSeqPrimOpt("day", kNamespace, kDay, false, ItemType_day, "", kCollapse, NoFacets(), "---29"),
        new CElementInfoSeqPrimOpt("date", kNamespace, kDate, false, ItemType_date, "", kCollapse, NoFacets(), "2024-02-29"),
        new CElementInfoSeqPrimOpt("datetime", kNamespace, kDatetime, false, ItemType_datetime, "", kCollapse, NoFacets(), "2024-02-29T12:30:00Z"),

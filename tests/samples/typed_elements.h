@@ -105,8 +105,7 @@ class CTypedOptionals : public TGeneratedClass<CTypedOptionals> {
     kBoolean,
     kDecimal,
     kInteger,
-    kColor,
-    kPropertyCountTypedOptionals
+    kColor
   };
 
  private:
