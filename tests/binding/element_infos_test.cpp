@@ -230,7 +230,9 @@ TEST(ElementInfoClasses, EachIsWhatItsNameSays) {
   EXPECT_EQ(43u, infos.size());
   Schema schema(XmlElementGroupType_Sequence, "r");
   const CSample object(schema);
-  for (const auto& [name, info] : infos) {
+  for (const auto& row : infos) {
+    const std::string& name = row.first;
+    const CElementInfo* const info = row.second.get();
     SCOPED_TRACE(name);
     EXPECT_EQ(1, CInstanceMonitor::GetCount(name.c_str()));
     if (name.find("All") != std::string::npos) {
@@ -737,7 +739,9 @@ TEST(AllGroups, MembersComeInAnyOrder) {
   schema.Add<CElementInfoAllPrimOpt>("b", "", 1, false, ItemType_i4, "", kCollapse,
                                      CPrimitiveRestrictions(), "");
   schema.Add<CElementInfoAllClsOpt>("c", "", 2, kElement, &MakeChild, 0);
-  schema.Add<CElementInfoAllClsMnd>("d", "", 3, kGroup, &MakeChild, 1, false);
+  // A group that need not be there has element type 2.
+  schema.Add<CElementInfoAllClsMnd>("d", "", 3, static_cast<XmlElementType>(2), &MakeChild, 1,
+                                    false);
   schema.Add<CElementInfoAllCol>("e", "", 4);
   schema.init = [](CSample& sample) {
     sample.Hold(3, MakeChild(1, "d").Ptr());
