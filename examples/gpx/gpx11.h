@@ -1,4 +1,5 @@
 // Generated from gpx.xsd (GPX 1.1).
+
 #ifndef EXAMPLES_GPX_GPX11_H_
 #define EXAMPLES_GPX_GPX11_H_
 
@@ -286,8 +287,7 @@ class CWptType : public CXmlGeneratedClass {
     kPdop,
     kAgeofdgpsdata,
     kDgpsid,
-    kExtensions,
-    kPropertyCountWptType
+    kExtensions
   };
 
  private:

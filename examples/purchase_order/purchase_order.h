@@ -1,4 +1,5 @@
 // Generated from purchase_order.xsd.
+
 #ifndef EXAMPLES_PURCHASE_ORDER_PURCHASE_ORDER_H_
 #define EXAMPLES_PURCHASE_ORDER_PURCHASE_ORDER_H_
 

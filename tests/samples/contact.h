@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_CONTACT_H_
 #define TESTS_SAMPLES_CONTACT_H_
 

@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_ENVELOPE_H_
 #define TESTS_SAMPLES_ENVELOPE_H_
 

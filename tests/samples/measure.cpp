@@ -59,6 +59,28 @@ const CClassMetaData& CComment::GetMetaData() {
   return metaData;
 }
 
+CGrade::CGrade(const char* elementName) : TGeneratedClass(elementName) { CGrade::Init(); }
+
+void CGrade::Init() { ResetProperties(m_value); }
+
+void CGrade::AccessProperty(int index, bool get, QvVariant& value) {
+  // clang-format off
+  switch (index) {
+    case kValue: return AccessValue<ItemType_char>(get, value, m_value);
+  }
+  // clang-format on
+}
+
+const CClassMetaData& CGrade::GetMetaData() {
+  // clang-format off
+  static const CClassMetaData metaData(
+      new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "grade", kNamespace, true, false, kValue, ItemType_char, "", false),
+      {},
+      {});
+  // clang-format on
+  return metaData;
+}
+
 CMeasure::CMeasure(const char* elementName) : TGeneratedClass(elementName) { CMeasure::Init(); }
 
 void CMeasure::SetLength(CSmartPtr<CLength> value) {
@@ -72,8 +94,13 @@ void CMeasure::SetComment(CSmartPtr<CComment> value) {
   m_comment = std::move(value);
 }
 
+void CMeasure::SetGrade(CSmartPtr<CGrade> value) {
+  Throw_IfElementNameDiffers(value.Ptr(), "grade");
+  m_grade = std::move(value);
+}
+
 void CMeasure::Init() {
-  ResetProperties(m_comment);
+  ResetProperties(m_comment, m_grade);
   ResetChild(m_length, "length");
 }
 
@@ -82,6 +109,7 @@ void CMeasure::AccessProperty(int index, bool get, QvVariant& value) {
   switch (index) {
     case kLength: return AccessObject(get, value, m_length);
     case kComment: return AccessObject(get, value, m_comment);
+    case kGrade: return AccessObject(get, value, m_grade);
   }
   // clang-format on
 }
@@ -91,7 +119,8 @@ const CClassMetaData& CMeasure::GetMetaData() {
   static const CClassMetaData metaData(
       new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "measure", kNamespace, true, false, -1, ItemType_none, "", false),
       {new CElementInfoSeqClsMnd("length", kNamespace, kLength, XmlElementType_Element, CreateObject<CLength>, 0, false),
-       new CElementInfoSeqClsOpt("comment", kNamespace, kComment, XmlElementType_Element, CreateObject<CComment>, 0)},
+       new CElementInfoSeqClsOpt("comment", kNamespace, kComment, XmlElementType_Element, CreateObject<CComment>, 0),
+       new CElementInfoSeqClsOpt("grade", kNamespace, kGrade, XmlElementType_Element, CreateObject<CGrade>, 0)},
       {});
   // clang-format on
   return metaData;

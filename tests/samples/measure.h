@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_MEASURE_H_
 #define TESTS_SAMPLES_MEASURE_H_
 
@@ -57,6 +58,25 @@ class CComment : public TGeneratedClass<CComment> {
   std::optional<std::string> m_value;
 };
 
+/// Simple content of one character; only simple content may be of that type.
+class CGrade : public TGeneratedClass<CGrade> {
+ public:
+  explicit CGrade(const char* elementName = "grade");
+
+  const std::optional<char>& GetValue() const { return m_value; }
+  void SetValue(std::optional<char> value) { m_value = std::move(value); }
+
+  // For the library.
+  void Init() override;
+  void AccessProperty(int index, bool get, QvVariant& value) override;
+  static const CClassMetaData& GetMetaData();
+
+ private:
+  enum Property : int { kValue };
+
+  std::optional<char> m_value;
+};
+
 /// Elements with simple content.
 class CMeasure : public TGeneratedClass<CMeasure> {
  public:
@@ -66,6 +86,8 @@ class CMeasure : public TGeneratedClass<CMeasure> {
   void SetLength(CSmartPtr<CLength> value);
   CComment* GetComment() const { return m_comment.Ptr(); }
   void SetComment(CSmartPtr<CComment> value);
+  CGrade* GetGrade() const { return m_grade.Ptr(); }
+  void SetGrade(CSmartPtr<CGrade> value);
 
   // For the library.
   void Init() override;
@@ -73,10 +95,11 @@ class CMeasure : public TGeneratedClass<CMeasure> {
   static const CClassMetaData& GetMetaData();
 
  private:
-  enum Property : int { kLength, kComment };
+  enum Property : int { kLength, kComment, kGrade };
 
   CSmartPtr<CLength> m_length;
   CSmartPtr<CComment> m_comment;
+  CSmartPtr<CGrade> m_grade;
 };
 
 }  // namespace samples

@@ -14,14 +14,16 @@ CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 
 }  // namespace
 
-CRemark::CRemark(const char* elementName) : TGeneratedClass(elementName) { CRemark::Init(); }
+CRemarkType::CRemarkType(const char* elementName) : CXmlGeneratedClass(elementName) {
+  CRemarkType::Init();
+}
 
-void CRemark::Init() {
+void CRemarkType::Init() {
   SetNil(false);
   ResetProperties(m_author, m_text);
 }
 
-void CRemark::AccessProperty(int index, bool get, QvVariant& value) {
+void CRemarkType::AccessProperty(int index, bool get, QvVariant& value) {
   // clang-format off
   switch (index) {
     case kAuthor: return AccessValue<ItemType_string>(get, value, m_author);
@@ -30,13 +32,22 @@ void CRemark::AccessProperty(int index, bool get, QvVariant& value) {
   // clang-format on
 }
 
-const CClassMetaData& CRemark::GetMetaData() {
+CClassMetaData CRemarkType::MakeMetaData(const char* elementName) {
   // clang-format off
-  static const CClassMetaData metaData(
-      new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "remark", kNamespace, true, false, -1, ItemType_none, "", false),
+  return CClassMetaData(
+      new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, elementName, kNamespace, true, false, -1, ItemType_none, "", false),
       {new CElementInfoSeqPrimMnd("text", kNamespace, kText, false, ItemType_string, "", kPreserve, NoFacets(), "")},
       {new CAttributeInfoPrimitive("author", "", kAuthor, true, ItemType_string, "", kPreserve, NoFacets(), "")});
   // clang-format on
+}
+
+const CClassMetaData& CRemark::GetMetaData() {
+  static const CClassMetaData metaData = MakeMetaData("remark");
+  return metaData;
+}
+
+const CClassMetaData& CReply::GetMetaData() {
+  static const CClassMetaData metaData = MakeMetaData("reply");
   return metaData;
 }
 
@@ -48,7 +59,7 @@ void CNote::SetRemark(CSmartPtr<CRemark> value) {
   m_remark = std::move(value);
 }
 
-void CNote::SetReply(CSmartPtr<CRemark> value) {
+void CNote::SetReply(CSmartPtr<CReply> value) {
   Throw_IfElementNameDiffers(value.Ptr(), "reply");
   m_reply = std::move(value);
 }
@@ -77,7 +88,7 @@ const CClassMetaData& CNote::GetMetaData() {
       {new CElementInfoSeqPrimMnd("due", kNamespace, kDue, true, ItemType_date, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("pages", kNamespace, kPages, true, ItemType_ui2, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqClsMnd("remark", kNamespace, kRemark, XmlElementType_Element, CreateObject<CRemark>, 0, false),
-       new CElementInfoSeqClsOpt("reply", kNamespace, kReply, XmlElementType_Element, CreateObject<CRemark>, 0)},
+       new CElementInfoSeqClsOpt("reply", kNamespace, kReply, XmlElementType_Element, CreateObject<CReply>, 0)},
       {});
   // clang-format on
   return metaData;

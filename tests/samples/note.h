@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_NOTE_H_
 #define TESTS_SAMPLES_NOTE_H_
 
@@ -13,11 +14,9 @@ namespace samples {
 using namespace QvXmlLib16;
 using namespace QvXmlLib16Data;
 
-/// A nillable element with content.
-class CRemark : public TGeneratedClass<CRemark>, public CNillableObject {
+/// remarkType, of nillable elements.
+class CRemarkType : public CXmlGeneratedClass, public CNillableObject {
  public:
-  explicit CRemark(const char* elementName = "remark");
-
   const std::optional<std::string>& GetAuthor() const { return m_author; }
   void SetAuthor(std::optional<std::string> value) { m_author = std::move(value); }
   const std::optional<std::string>& GetText() const { return m_text; }
@@ -26,13 +25,33 @@ class CRemark : public TGeneratedClass<CRemark>, public CNillableObject {
   // For the library.
   void Init() override;
   void AccessProperty(int index, bool get, QvVariant& value) override;
-  static const CClassMetaData& GetMetaData();
 
- private:
+ protected:
+  explicit CRemarkType(const char* elementName);
+  /// The element metadata of the type, under the name of an element.
+  static CClassMetaData MakeMetaData(const char* elementName);
+
   enum Property : int { kAuthor, kText };
 
+ private:
   std::optional<std::string> m_author;
   std::optional<std::string> m_text;
+};
+
+/// Element remark.
+class CRemark : public TGeneratedClass<CRemark, CRemarkType> {
+ public:
+  explicit CRemark(const char* elementName = "remark") : TGeneratedClass(elementName) {}
+
+  static const CClassMetaData& GetMetaData();
+};
+
+/// Element reply.
+class CReply : public TGeneratedClass<CReply, CRemarkType> {
+ public:
+  explicit CReply(const char* elementName = "reply") : TGeneratedClass(elementName) {}
+
+  static const CClassMetaData& GetMetaData();
 };
 
 /// Nillable values and nillable objects.
@@ -46,8 +65,8 @@ class CNote : public TGeneratedClass<CNote> {
   void SetPages(TNillable<unsigned short> value) { m_pages = std::move(value); }
   CRemark* GetRemark() const { return m_remark.Ptr(); }
   void SetRemark(CSmartPtr<CRemark> value);
-  CRemark* GetReply() const { return m_reply.Ptr(); }
-  void SetReply(CSmartPtr<CRemark> value);
+  CReply* GetReply() const { return m_reply.Ptr(); }
+  void SetReply(CSmartPtr<CReply> value);
 
   // For the library.
   void Init() override;
@@ -60,7 +79,7 @@ class CNote : public TGeneratedClass<CNote> {
   TNillable<CDateTime> m_due;
   TNillable<unsigned short> m_pages;
   CSmartPtr<CRemark> m_remark;
-  CSmartPtr<CRemark> m_reply;
+  CSmartPtr<CReply> m_reply;
 };
 
 }  // namespace samples

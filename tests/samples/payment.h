@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_PAYMENT_H_
 #define TESTS_SAMPLES_PAYMENT_H_
 

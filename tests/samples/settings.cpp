@@ -17,11 +17,13 @@ int LevelFromText(const char* text) { return FindEnumValue(kLevelTexts, "Level",
 
 }  // namespace
 
-CServer::CServer(const char* elementName) : TGeneratedClass(elementName) { CServer::Init(); }
+CServerType::CServerType(const char* elementName) : CXmlGeneratedClass(elementName) {
+  CServerType::Init();
+}
 
-void CServer::Init() { ResetProperties(m_host); }
+void CServerType::Init() { ResetProperties(m_host); }
 
-void CServer::AccessProperty(int index, bool get, QvVariant& value) {
+void CServerType::AccessProperty(int index, bool get, QvVariant& value) {
   // clang-format off
   switch (index) {
     case kHost: return AccessValue<ItemType_string>(get, value, m_host);
@@ -29,13 +31,22 @@ void CServer::AccessProperty(int index, bool get, QvVariant& value) {
   // clang-format on
 }
 
-const CClassMetaData& CServer::GetMetaData() {
+CClassMetaData CServerType::MakeMetaData(const char* elementName) {
   // clang-format off
-  static const CClassMetaData metaData(
-      new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "server", kNamespace, true, false, -1, ItemType_none, "", false),
+  return CClassMetaData(
+      new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, elementName, kNamespace, true, false, -1, ItemType_none, "", false),
       {new CElementInfoSeqPrimMnd("host", kNamespace, kHost, false, ItemType_string, "", kPreserve, NoFacets(), "")},
       {});
   // clang-format on
+}
+
+const CClassMetaData& CServer::GetMetaData() {
+  static const CClassMetaData metaData = MakeMetaData("server");
+  return metaData;
+}
+
+const CClassMetaData& CMirror::GetMetaData() {
+  static const CClassMetaData metaData = MakeMetaData("mirror");
   return metaData;
 }
 
@@ -47,7 +58,7 @@ void CSettings::SetServer(CSmartPtr<CServer> value) {
   m_server = std::move(value);
 }
 
-void CSettings::SetMirror(CSmartPtr<CServer> value) {
+void CSettings::SetMirror(CSmartPtr<CMirror> value) {
   Throw_IfElementNameDiffers(value.Ptr(), "mirror");
   m_mirror = std::move(value);
 }
@@ -81,7 +92,7 @@ const CClassMetaData& CSettings::GetMetaData() {
        new CElementInfoAllEnumMnd("level", kNamespace, kLevel, false, LevelToText, LevelFromText, ""),
        new CElementInfoAllEnumOpt("fallback", kNamespace, kFallback, false, LevelToText, LevelFromText, ""),
        new CElementInfoAllClsMnd("server", kNamespace, kServer, XmlElementType_Element, CreateObject<CServer>, 0, true),
-       new CElementInfoAllClsOpt("mirror", kNamespace, kMirror, XmlElementType_Element, CreateObject<CServer>, 0),
+       new CElementInfoAllClsOpt("mirror", kNamespace, kMirror, XmlElementType_Element, CreateObject<CMirror>, 0),
        new CElementInfoAllPrimCol("note", kNamespace, kNote)},
       {});
   // clang-format on

@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_SETTINGS_H_
 #define TESTS_SAMPLES_SETTINGS_H_
 
@@ -16,23 +17,41 @@ using namespace QvXmlLib16Data;
 /// levelType
 enum class ELevel : int { e_low, e_high };
 
-/// serverType
-class CServer : public TGeneratedClass<CServer> {
+/// serverType, the type of two elements.
+class CServerType : public CXmlGeneratedClass {
  public:
-  explicit CServer(const char* elementName = "server");
-
   const std::optional<std::string>& GetHost() const { return m_host; }
   void SetHost(std::optional<std::string> value) { m_host = std::move(value); }
 
   // For the library.
   void Init() override;
   void AccessProperty(int index, bool get, QvVariant& value) override;
-  static const CClassMetaData& GetMetaData();
 
- private:
+ protected:
+  explicit CServerType(const char* elementName);
+  /// The element metadata of the type, under the name of an element.
+  static CClassMetaData MakeMetaData(const char* elementName);
+
   enum Property : int { kHost };
 
+ private:
   std::optional<std::string> m_host;
+};
+
+/// Element server.
+class CServer : public TGeneratedClass<CServer, CServerType> {
+ public:
+  explicit CServer(const char* elementName = "server") : TGeneratedClass(elementName) {}
+
+  static const CClassMetaData& GetMetaData();
+};
+
+/// Element mirror.
+class CMirror : public TGeneratedClass<CMirror, CServerType> {
+ public:
+  explicit CMirror(const char* elementName = "mirror") : TGeneratedClass(elementName) {}
+
+  static const CClassMetaData& GetMetaData();
 };
 
 /// An all-group: members in any order.
@@ -50,8 +69,8 @@ class CSettings : public TGeneratedClass<CSettings> {
   void SetFallback(std::optional<ELevel> value) { m_fallback = std::move(value); }
   CServer* GetServer() const { return m_server.Ptr(); }
   void SetServer(CSmartPtr<CServer> value);
-  CServer* GetMirror() const { return m_mirror.Ptr(); }
-  void SetMirror(CSmartPtr<CServer> value);
+  CMirror* GetMirror() const { return m_mirror.Ptr(); }
+  void SetMirror(CSmartPtr<CMirror> value);
   CstringCol& GetNote() const { return *m_note; }
 
   // For the library.
@@ -67,7 +86,7 @@ class CSettings : public TGeneratedClass<CSettings> {
   std::optional<ELevel> m_level;
   std::optional<ELevel> m_fallback;
   CSmartPtr<CServer> m_server;
-  CSmartPtr<CServer> m_mirror;
+  CSmartPtr<CMirror> m_mirror;
   CSmartPtr<CstringCol> m_note;
 };
 

@@ -17,13 +17,8 @@ CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 
 CNode::CNode(const char* elementName) : TGeneratedClass(elementName) { CNode::Init(); }
 
-void CNode::SetNext(CSmartPtr<CNode> value) {
-  Throw_IfElementNameDiffers(value.Ptr(), "next");
-  m_next = std::move(value);
-}
-
 void CNode::Init() {
-  ResetProperties(m_id, m_label, m_next);
+  ResetProperties(m_id, m_label);
   ResetCollection(m_node, "node", kNamespace, 0, kUnbounded);
 }
 
@@ -32,7 +27,6 @@ void CNode::AccessProperty(int index, bool get, QvVariant& value) {
   switch (index) {
     case kId: return AccessValue<ItemType_i4>(get, value, m_id);
     case kLabel: return AccessValue<ItemType_string>(get, value, m_label);
-    case kNext: return AccessObject(get, value, m_next);
     case kNode: return AccessCollection(get, value, m_node.Ptr());
   }
   // clang-format on
@@ -43,9 +37,36 @@ const CClassMetaData& CNode::GetMetaData() {
   static const CClassMetaData metaData(
       new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "node", kNamespace, true, false, -1, ItemType_none, "", false),
       {new CElementInfoSeqPrimOpt("label", kNamespace, kLabel, false, ItemType_string, "", kPreserve, NoFacets(), ""),
-       new CElementInfoSeqClsOpt("next", kNamespace, kNext, XmlElementType_Element, CreateObject<CNode>, 0),
        new CElementInfoSeqClsCol("node", kNamespace, kNode, XmlElementType_Element)},
       {new CAttributeInfoPrimitive("id", "", kId, false, ItemType_i4, "", kCollapse, NoFacets(), "")});
+  // clang-format on
+  return metaData;
+}
+
+CChain::CChain(const char* elementName) : TGeneratedClass(elementName) { CChain::Init(); }
+
+void CChain::SetChain(CSmartPtr<CChain> value) {
+  Throw_IfElementNameDiffers(value.Ptr(), "chain");
+  m_chain = std::move(value);
+}
+
+void CChain::Init() { ResetProperties(m_id, m_chain); }
+
+void CChain::AccessProperty(int index, bool get, QvVariant& value) {
+  // clang-format off
+  switch (index) {
+    case kId: return AccessValue<ItemType_i4>(get, value, m_id);
+    case kChain: return AccessObject(get, value, m_chain);
+  }
+  // clang-format on
+}
+
+const CClassMetaData& CChain::GetMetaData() {
+  // clang-format off
+  static const CClassMetaData metaData(
+      new CParentElementInfo(XmlElementGroupType_Sequence, XmlElementType_Element, "chain", kNamespace, true, false, -1, ItemType_none, "", false),
+      {new CElementInfoSeqClsOpt("chain", kNamespace, kChain, XmlElementType_Element, CreateObject<CChain>, 0)},
+      {new CAttributeInfoPrimitive("id", "", kId, true, ItemType_i4, "", kCollapse, NoFacets(), "")});
   // clang-format on
   return metaData;
 }

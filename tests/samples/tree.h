@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_TREE_H_
 #define TESTS_SAMPLES_TREE_H_
 
@@ -13,7 +14,7 @@ namespace samples {
 using namespace QvXmlLib16;
 using namespace QvXmlLib16Data;
 
-/// A recursive type: a chain and a tree of itself.
+/// A tree: a recursive type with any number of itself.
 class CNode : public TGeneratedClass<CNode> {
  public:
   explicit CNode(const char* elementName = "node");
@@ -22,8 +23,6 @@ class CNode : public TGeneratedClass<CNode> {
   void SetId(std::optional<long> value) { m_id = std::move(value); }
   const std::optional<std::string>& GetLabel() const { return m_label; }
   void SetLabel(std::optional<std::string> value) { m_label = std::move(value); }
-  CNode* GetNext() const { return m_next.Ptr(); }
-  void SetNext(CSmartPtr<CNode> value);
   TObjectCollection<CNode>& GetNode() const { return *m_node; }
 
   // For the library.
@@ -32,12 +31,33 @@ class CNode : public TGeneratedClass<CNode> {
   static const CClassMetaData& GetMetaData();
 
  private:
-  enum Property : int { kId, kLabel, kNext, kNode };
+  enum Property : int { kId, kLabel, kNode };
 
   std::optional<long> m_id;
   std::optional<std::string> m_label;
-  CSmartPtr<CNode> m_next;
   CSmartPtr<TObjectCollection<CNode>> m_node;
+};
+
+/// A chain: a recursive type with one of itself.
+class CChain : public TGeneratedClass<CChain> {
+ public:
+  explicit CChain(const char* elementName = "chain");
+
+  const std::optional<long>& GetId() const { return m_id; }
+  void SetId(std::optional<long> value) { m_id = std::move(value); }
+  CChain* GetChain() const { return m_chain.Ptr(); }
+  void SetChain(CSmartPtr<CChain> value);
+
+  // For the library.
+  void Init() override;
+  void AccessProperty(int index, bool get, QvVariant& value) override;
+  static const CClassMetaData& GetMetaData();
+
+ private:
+  enum Property : int { kId, kChain };
+
+  std::optional<long> m_id;
+  CSmartPtr<CChain> m_chain;
 };
 
 }  // namespace samples

@@ -9,7 +9,6 @@ namespace {
 constexpr char kNamespace[] = "urn:qvxml:samples";
 constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
 constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-constexpr auto kNone = CWhitespaceUtils::ws_none;
 
 CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 CPrimitiveRestrictions UpToTen() { return CPrimitiveRestrictions("", -1, -1, "0", "10"); }
@@ -23,8 +22,7 @@ CTypedAttributes::CTypedAttributes(const char* elementName) : TGeneratedClass(el
 void CTypedAttributes::Init() {
   ResetProperties(m_hexBinary, m_base64Binary, m_i1, m_i2, m_i4, m_i8, m_ui1, m_ui2, m_ui4, m_ui8,
                   m_r4, m_r8, m_duration, m_yearMonth, m_monthDay, m_year, m_month, m_day, m_date,
-                  m_datetime, m_time, m_character, m_string, m_boolean, m_decimal, m_integer,
-                  m_color, m_count);
+                  m_datetime, m_time, m_string, m_boolean, m_decimal, m_integer, m_color, m_count);
   ResetCollection(m_anyAttribute, "AnyAttribute", "##other", kNamespace);
 }
 
@@ -52,7 +50,6 @@ void CTypedAttributes::AccessProperty(int index, bool get, QvVariant& value) {
     case kDate: return AccessValue<ItemType_date>(get, value, m_date);
     case kDatetime: return AccessValue<ItemType_datetime>(get, value, m_datetime);
     case kTime: return AccessValue<ItemType_time>(get, value, m_time);
-    case kCharacter: return AccessValue<ItemType_char>(get, value, m_character);
     case kString: return AccessValue<ItemType_string>(get, value, m_string);
     case kBoolean: return AccessValue<ItemType_boolean>(get, value, m_boolean);
     case kDecimal: return AccessValue<ItemType_decimal>(get, value, m_decimal);
@@ -90,7 +87,6 @@ const CClassMetaData& CTypedAttributes::GetMetaData() {
        new CAttributeInfoPrimitive("date", "", kDate, true, ItemType_date, "", kCollapse, NoFacets(), ""),
        new CAttributeInfoPrimitive("datetime", "", kDatetime, true, ItemType_datetime, "", kCollapse, NoFacets(), ""),
        new CAttributeInfoPrimitive("time", "", kTime, true, ItemType_time, "", kCollapse, NoFacets(), ""),
-       new CAttributeInfoPrimitive("character", "", kCharacter, true, ItemType_char, "", kNone, NoFacets(), ""),
        new CAttributeInfoPrimitive("string", "", kString, true, ItemType_string, "", kPreserve, NoFacets(), ""),
        new CAttributeInfoPrimitive("boolean", "", kBoolean, true, ItemType_boolean, "", kCollapse, NoFacets(), ""),
        new CAttributeInfoPrimitive("decimal", "", kDecimal, true, ItemType_decimal, "", kCollapse, NoFacets(), ""),

@@ -9,7 +9,6 @@ namespace {
 constexpr char kNamespace[] = "urn:qvxml:samples";
 constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
 constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-constexpr auto kNone = CWhitespaceUtils::ws_none;
 
 CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 
@@ -22,8 +21,7 @@ CTypedOptionals::CTypedOptionals(const char* elementName) : TGeneratedClass(elem
 void CTypedOptionals::Init() {
   ResetProperties(m_hexBinary, m_base64Binary, m_i1, m_i2, m_i4, m_i8, m_ui1, m_ui2, m_ui4, m_ui8,
                   m_r4, m_r8, m_duration, m_yearMonth, m_monthDay, m_year, m_month, m_day, m_date,
-                  m_datetime, m_time, m_character, m_string, m_boolean, m_decimal, m_integer,
-                  m_color);
+                  m_datetime, m_time, m_string, m_boolean, m_decimal, m_integer, m_color);
 }
 
 void CTypedOptionals::AccessProperty(int index, bool get, QvVariant& value) {
@@ -50,7 +48,6 @@ void CTypedOptionals::AccessProperty(int index, bool get, QvVariant& value) {
     case kDate: return AccessValue<ItemType_date>(get, value, m_date);
     case kDatetime: return AccessValue<ItemType_datetime>(get, value, m_datetime);
     case kTime: return AccessValue<ItemType_time>(get, value, m_time);
-    case kCharacter: return AccessValue<ItemType_char>(get, value, m_character);
     case kString: return AccessValue<ItemType_string>(get, value, m_string);
     case kBoolean: return AccessValue<ItemType_boolean>(get, value, m_boolean);
     case kDecimal: return AccessValue<ItemType_decimal>(get, value, m_decimal);
@@ -85,7 +82,6 @@ const CClassMetaData& CTypedOptionals::GetMetaData() {
        new CElementInfoSeqPrimOpt("date", kNamespace, kDate, false, ItemType_date, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("datetime", kNamespace, kDatetime, false, ItemType_datetime, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("time", kNamespace, kTime, false, ItemType_time, "", kCollapse, NoFacets(), ""),
-       new CElementInfoSeqPrimOpt("character", kNamespace, kCharacter, false, ItemType_char, "", kNone, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("string", kNamespace, kString, false, ItemType_string, "", kPreserve, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("boolean", kNamespace, kBoolean, false, ItemType_boolean, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("decimal", kNamespace, kDecimal, false, ItemType_decimal, "", kCollapse, NoFacets(), ""),
@@ -125,7 +121,6 @@ const CClassMetaData& CTypedMandatories::GetMetaData() {
        new CElementInfoSeqPrimMnd("date", kNamespace, kDate, false, ItemType_date, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("datetime", kNamespace, kDatetime, false, ItemType_datetime, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("time", kNamespace, kTime, false, ItemType_time, "", kCollapse, NoFacets(), ""),
-       new CElementInfoSeqPrimMnd("character", kNamespace, kCharacter, false, ItemType_char, "", kNone, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("string", kNamespace, kString, false, ItemType_string, "", kPreserve, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("boolean", kNamespace, kBoolean, false, ItemType_boolean, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("decimal", kNamespace, kDecimal, false, ItemType_decimal, "", kCollapse, NoFacets(), ""),
@@ -160,12 +155,11 @@ const CClassMetaData& CTypedDefaults::GetMetaData() {
        new CElementInfoSeqPrimOpt("yearMonth", kNamespace, kYearMonth, false, ItemType_yearMonth, "", kCollapse, NoFacets(), "2024-02"),
        new CElementInfoSeqPrimOpt("monthDay", kNamespace, kMonthDay, false, ItemType_monthDay, "", kCollapse, NoFacets(), "--02-29"),
        new CElementInfoSeqPrimOpt("year", kNamespace, kYear, false, ItemType_year, "", kCollapse, NoFacets(), "2024"),
-       new CElementInfoSeqPrimOpt("month", kNamespace, kMonth, false, ItemType_month, "", kCollapse, NoFacets(), "--02--"),
+       new CElementInfoSeqPrimOpt("month", kNamespace, kMonth, false, ItemType_month, "", kCollapse, NoFacets(), "--02"),
        new CElementInfoSeqPrimOpt("day", kNamespace, kDay, false, ItemType_day, "", kCollapse, NoFacets(), "---29"),
        new CElementInfoSeqPrimOpt("date", kNamespace, kDate, false, ItemType_date, "", kCollapse, NoFacets(), "2024-02-29"),
        new CElementInfoSeqPrimOpt("datetime", kNamespace, kDatetime, false, ItemType_datetime, "", kCollapse, NoFacets(), "2024-02-29T12:30:00Z"),
        new CElementInfoSeqPrimOpt("time", kNamespace, kTime, false, ItemType_time, "", kCollapse, NoFacets(), "12:30:00"),
-       new CElementInfoSeqPrimOpt("character", kNamespace, kCharacter, false, ItemType_char, "", kNone, NoFacets(), "x"),
        new CElementInfoSeqPrimOpt("string", kNamespace, kString, false, ItemType_string, "", kPreserve, NoFacets(), "default text"),
        new CElementInfoSeqPrimOpt("boolean", kNamespace, kBoolean, false, ItemType_boolean, "", kCollapse, NoFacets(), "true"),
        new CElementInfoSeqPrimOpt("decimal", kNamespace, kDecimal, false, ItemType_decimal, "", kCollapse, NoFacets(), "-12.75"),

@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_TYPED_ELEMENTS_H_
 #define TESTS_SAMPLES_TYPED_ELEMENTS_H_
 
@@ -61,8 +62,6 @@ class CTypedOptionals : public TGeneratedClass<CTypedOptionals> {
   void SetDatetime(std::optional<CDateTime> value) { m_datetime = std::move(value); }
   const std::optional<CDateTime>& GetTime() const { return m_time; }
   void SetTime(std::optional<CDateTime> value) { m_time = std::move(value); }
-  const std::optional<char>& GetCharacter() const { return m_character; }
-  void SetCharacter(std::optional<char> value) { m_character = std::move(value); }
   const std::optional<std::string>& GetString() const { return m_string; }
   void SetString(std::optional<std::string> value) { m_string = std::move(value); }
   const std::optional<bool>& GetBoolean() const { return m_boolean; }
@@ -102,13 +101,11 @@ class CTypedOptionals : public TGeneratedClass<CTypedOptionals> {
     kDate,
     kDatetime,
     kTime,
-    kCharacter,
     kString,
     kBoolean,
     kDecimal,
     kInteger,
-    kColor,
-    kPropertyCountTypedOptionals
+    kColor
   };
 
  private:
@@ -133,7 +130,6 @@ class CTypedOptionals : public TGeneratedClass<CTypedOptionals> {
   std::optional<CDateTime> m_date;
   std::optional<CDateTime> m_datetime;
   std::optional<CDateTime> m_time;
-  std::optional<char> m_character;
   std::optional<std::string> m_string;
   std::optional<bool> m_boolean;
   std::optional<CDecimal> m_decimal;

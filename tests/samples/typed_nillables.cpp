@@ -9,7 +9,6 @@ namespace {
 constexpr char kNamespace[] = "urn:qvxml:samples";
 constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
 constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-constexpr auto kNone = CWhitespaceUtils::ws_none;
 
 CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 
@@ -20,8 +19,8 @@ CTypedNillables::CTypedNillables(const char* elementName) : TGeneratedClass(elem
 }
 
 void CTypedNillables::Init() {
-  ResetProperties(m_yearMonth, m_monthDay, m_year, m_month, m_day, m_date, m_datetime, m_time,
-                  m_character, m_string, m_boolean, m_decimal, m_integer);
+  ResetProperties(m_duration, m_yearMonth, m_monthDay, m_year, m_month, m_day, m_date, m_datetime,
+                  m_time, m_string, m_boolean, m_decimal, m_integer);
   m_hexBinary = TNillable<CBinaryData>::Nil();
   m_base64Binary = TNillable<CBinaryData>::Nil();
   m_i1 = TNillable<char>::Nil();
@@ -34,7 +33,6 @@ void CTypedNillables::Init() {
   m_ui8 = TNillable<unsigned long long>::Nil();
   m_r4 = TNillable<float>::Nil();
   m_r8 = TNillable<double>::Nil();
-  m_duration = TNillable<CDateTimeSpan>::Nil();
 }
 
 void CTypedNillables::AccessProperty(int index, bool get, QvVariant& value) {
@@ -61,7 +59,6 @@ void CTypedNillables::AccessProperty(int index, bool get, QvVariant& value) {
     case kDate: return AccessValue<ItemType_date>(get, value, m_date);
     case kDatetime: return AccessValue<ItemType_datetime>(get, value, m_datetime);
     case kTime: return AccessValue<ItemType_time>(get, value, m_time);
-    case kCharacter: return AccessValue<ItemType_char>(get, value, m_character);
     case kString: return AccessValue<ItemType_string>(get, value, m_string);
     case kBoolean: return AccessValue<ItemType_boolean>(get, value, m_boolean);
     case kDecimal: return AccessValue<ItemType_decimal>(get, value, m_decimal);
@@ -86,7 +83,7 @@ const CClassMetaData& CTypedNillables::GetMetaData() {
        new CElementInfoSeqPrimMnd("ui8", kNamespace, kUi8, true, ItemType_ui8, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("r4", kNamespace, kR4, true, ItemType_r4, "%.9g", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimMnd("r8", kNamespace, kR8, true, ItemType_r8, "%.17g", kCollapse, NoFacets(), ""),
-       new CElementInfoSeqPrimMnd("duration", kNamespace, kDuration, true, ItemType_duration, "", kCollapse, NoFacets(), ""),
+       new CElementInfoSeqPrimOpt("duration", kNamespace, kDuration, true, ItemType_duration, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("yearMonth", kNamespace, kYearMonth, true, ItemType_yearMonth, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("monthDay", kNamespace, kMonthDay, true, ItemType_monthDay, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("year", kNamespace, kYear, true, ItemType_year, "", kCollapse, NoFacets(), ""),
@@ -95,7 +92,6 @@ const CClassMetaData& CTypedNillables::GetMetaData() {
        new CElementInfoSeqPrimOpt("date", kNamespace, kDate, true, ItemType_date, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("datetime", kNamespace, kDatetime, true, ItemType_datetime, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("time", kNamespace, kTime, true, ItemType_time, "", kCollapse, NoFacets(), ""),
-       new CElementInfoSeqPrimOpt("character", kNamespace, kCharacter, true, ItemType_char, "", kNone, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("string", kNamespace, kString, true, ItemType_string, "", kPreserve, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("boolean", kNamespace, kBoolean, true, ItemType_boolean, "", kCollapse, NoFacets(), ""),
        new CElementInfoSeqPrimOpt("decimal", kNamespace, kDecimal, true, ItemType_decimal, "", kCollapse, NoFacets(), ""),

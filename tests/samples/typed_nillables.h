@@ -1,4 +1,5 @@
 // Generated from samples.xsd.
+
 #ifndef TESTS_SAMPLES_TYPED_NILLABLES_H_
 #define TESTS_SAMPLES_TYPED_NILLABLES_H_
 
@@ -60,8 +61,6 @@ class CTypedNillables : public TGeneratedClass<CTypedNillables> {
   void SetDatetime(TNillable<CDateTime> value) { m_datetime = std::move(value); }
   const TNillable<CDateTime>& GetTime() const { return m_time; }
   void SetTime(TNillable<CDateTime> value) { m_time = std::move(value); }
-  const TNillable<char>& GetCharacter() const { return m_character; }
-  void SetCharacter(TNillable<char> value) { m_character = std::move(value); }
   const TNillable<std::string>& GetString() const { return m_string; }
   void SetString(TNillable<std::string> value) { m_string = std::move(value); }
   const TNillable<bool>& GetBoolean() const { return m_boolean; }
@@ -99,7 +98,6 @@ class CTypedNillables : public TGeneratedClass<CTypedNillables> {
     kDate,
     kDatetime,
     kTime,
-    kCharacter,
     kString,
     kBoolean,
     kDecimal,
@@ -127,7 +125,6 @@ class CTypedNillables : public TGeneratedClass<CTypedNillables> {
   TNillable<CDateTime> m_date;
   TNillable<CDateTime> m_datetime;
   TNillable<CDateTime> m_time;
-  TNillable<char> m_character;
   TNillable<std::string> m_string;
   TNillable<bool> m_boolean;
   TNillable<CDecimal> m_decimal;

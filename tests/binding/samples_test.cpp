@@ -1,0 +1,514 @@
+// The sample classes, which are written as a generator writes them, through XML text: what they
+// write and read back, and where they say a fault is.
+
+#include <string>
+
+#include "tests/samples/all_types_data.h"
+#include "tests/samples/contact.h"
+#include "tests/samples/envelope.h"
+#include "tests/samples/measure.h"
+#include "tests/samples/note.h"
+#include "tests/samples/payment.h"
+#include "tests/samples/settings.h"
+#include "tests/samples/shapes.h"
+#include "tests/samples/tree.h"
+#include "tests/support/qv_gtest.h"
+#include <gtest/gtest.h>
+
+#include "qvxml/qvxml.h"
+
+using namespace samples;
+
+namespace {
+
+// Metadata are made when a class is first used and then stay.
+void MakeAllMetaData() {
+  CPayment::GetMetaData(), CVoucher::GetMetaData();
+  CSettings::GetMetaData(), CServer::GetMetaData(), CMirror::GetMetaData();
+  CNote::GetMetaData(), CRemark::GetMetaData(), CReply::GetMetaData();
+  CMeasure::GetMetaData(), CLength::GetMetaData(), CComment::GetMetaData(), CGrade::GetMetaData();
+  CContact::GetMetaData(), CReach::GetMetaData(), CPlace::GetMetaData(), CFact::GetMetaData();
+  CDrawing::GetMetaData(), CCircle::GetMetaData(), CSquare::GetMetaData();
+  CCaption::GetMetaData(), CLegend::GetMetaData();
+  CNode::GetMetaData(), CChain::GetMetaData(), CEnvelope::GetMetaData();
+  CAllTypes::GetMetaData(), CTypedAttributes::GetMetaData(), CTypedLists::GetMetaData();
+  CTypedOptionals::GetMetaData(), CTypedMandatories::GetMetaData();
+  CTypedDefaults::GetMetaData(), CTypedNillables::GetMetaData();
+}
+
+// Every test gives back all that it made.
+class Samples : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { MakeAllMetaData(); }
+  void SetUp() override { m_liveObjects = CInstanceMonitor::GetTotal(); }
+  void TearDown() override {
+    std::string dump;
+    CInstanceMonitor::Dump(dump);
+    EXPECT_EQ(CInstanceMonitor::GetTotal(), m_liveObjects) << dump;
+  }
+
+ private:
+  long m_liveObjects = 0;
+};
+
+// Puts the declaration of the samples' namespace into the root's start tag.
+std::string InNamespace(std::string xml) {
+  const size_t end = xml.find_first_of(" />");
+  return xml.insert(end, " xmlns=\"urn:qvxml:samples\"");
+}
+
+std::string Write(const CXmlObjectBase& object, bool isFormatted = false) {
+  CSerializationContext ctx;
+  ctx.SetDefaultNamespaceURI("urn:qvxml:samples");
+  return object.ToXml(false, isFormatted, EOL_LF, ctx);
+}
+
+template <class TObject>
+CSmartPtr<CXmlObjectBase> Make() {
+  return CSmartPtr<CXmlObjectBase>(new TObject);
+}
+
+template <class TObject>
+CSmartPtr<TObject> Read(const std::string& xml) {
+  CSmartPtr<TObject> object(new TObject);
+  object->FromXml(InNamespace(xml).c_str());
+  return object;
+}
+
+#define XSI "http://www.w3.org/2001/XMLSchema-instance"
+#define NIL " xmlns:AA=\"" XSI "\" AA:nil=\"true\""
+
+// What is read is written again to the byte.
+TEST_F(Samples, WriteWhatTheyRead) {
+  struct Row {
+    CSmartPtr<CXmlObjectBase> (*make)();
+    const char* xml;
+  };
+  const Row rows[] = {
+      {Make<CNode>, R"(<node id="1"/>)"},
+      {Make<CNode>,
+       R"(<node id="1"><label>a</label><node id="2"><node id="3"/></node><node id="4"/></node>)"},
+      {Make<CChain>, R"(<chain id="1"><chain><chain id="3"/></chain></chain>)"},
+      {Make<CPayment>, "<payment><card>1234</card></payment>"},
+      {Make<CPayment>, R"(<payment payer="me"><account>savings</account></payment>)"},
+      {Make<CPayment>, R"(<payment><voucher code="X"/></payment>)"},
+      {Make<CPayment>, "<payment><coin>1</coin><coin>2</coin><coin>2</coin></payment>"},
+      {Make<CPayment>, R"(<payment payer="me"><shells xmlns="urn:sea">7</shells></payment>)"},
+      {Make<CSettings>,
+       "<settings><title>t</title><level>low</level><server><host>h</host></server></settings>"},
+      {Make<CSettings>,
+       "<settings><title>t</title><port>80</port><level>low</level><fallback>high</fallback>"
+       "<server><host>h</host></server><mirror><host>m</host></mirror><note>1</note><note>2</note></settings>"},
+      {Make<CNote>, "<note><due" NIL "/><remark><text>x</text></remark></note>"},
+      {Make<CNote>, "<note><due>2024-02-29</due><pages>3</pages><remark author=\"a\"" NIL
+                    "/><reply" NIL "/></note>"},
+      {Make<CMeasure>, R"(<measure><length unit="m">-1.5</length></measure>)"},
+      {Make<CMeasure>,
+       R"(<measure><length unit="m">0</length><comment xml:lang="en">  as it
+ stands </comment><grade>A</grade></measure>)"},
+      {Make<CDrawing>, "<drawing><caption><text>c</text></caption></drawing>"},
+      {Make<CDrawing>,
+       R"(<drawing><legend columns="2"><text>l</text></legend><best xmlns:AA=")" XSI
+       R"(" AA:type="squareType" id="s"><area>4</area><side>2</side></best><shape xmlns:AA=")" XSI
+       R"(" AA:type="circleType"><area>3.5</area><radius>1</radius></shape></drawing>)"},
+      {Make<CContact>, "<contact><name>n</name><phone>1</phone></contact>"},
+      {Make<CContact>,
+       R"(<contact id="7"><name>n</name><email>e</email><street>s</street><city>c</city><key>a</key><value>1</value><key>b</key><value>2</value><remark>r</remark></contact>)"},
+      {Make<CEnvelope>, R"(<envelope hop="1"><header a="1" xmlns=""><x/>h</header></envelope>)"},
+      {Make<CEnvelope>,
+       R"(<envelope id="1" xmlns:AA="urn:o" AA:hop="2"><header xmlns="urn:h"/><p xmlns="urn:payload"/><subject>s</subject><x xmlns="urn:x"><y xmlns="">z</y></x><q xmlns="urn:q"/></envelope>)"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.xml);
+    const CSmartPtr<CXmlObjectBase> object = row.make();
+    try {
+      object->FromXml(InNamespace(row.xml).c_str());
+      EXPECT_EQ(Write(*object), InNamespace(row.xml));
+    } catch (const CQvException& exception) {
+      ADD_FAILURE() << exception.GetFullMessage();
+    }
+  }
+}
+
+// The messages of the chain with their paths, outermost first.
+std::string Describe(const CQvException& failure) {
+  std::string text = failure.GetMessage();
+  for (const CQvException* link = failure.GetInnerException(); link != nullptr;
+       link = link->GetInnerException()) {
+    text += "\n| " + link->GetMessage();
+  }
+  return text;
+}
+
+TEST_F(Samples, SayWhereADocumentIsWrong) {
+  struct Row {
+    CSmartPtr<CXmlObjectBase> (*make)();
+    const char* xml;
+    const char* failure;
+  };
+  const Row rows[] = {
+      {Make<CNode>, "<node/>",
+       "Failed to process the element.\n"
+       "Path: /node\n"
+       "| Failed to find the required Attribute [id]."},
+      {Make<CNode>, R"(<node id="1"><node id="2"/><node id="3"><node id="x"/></node></node>)",
+       "Failed to process the element.\n"
+       "Path: /node/node[2]/node\n"
+       "| The value [x] can not be converted to a i4"},
+      {Make<CNode>, R"(<node id="1"><node id="2"/><label/></node>)",
+       "Failed read all the elements held within the element [node]. The unexpected element [label] remains un processed\n"
+       "Path: /node/label"},
+      {Make<CChain>, R"(<chain><chain><chain ID="1"/></chain></chain>)",
+       "Unexpected Attribute found.\n"
+       "Path: /chain/chain/chain/@ID"},
+      {Make<CPayment>, "<payment/>",
+       "No child elements within the element [payment] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements\n"
+       "Path: /payment"},
+      {Make<CPayment>, "<payment><cheque/></payment>",
+       "No child elements within the element [payment] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements\n"
+       "Path: /payment"},
+      {Make<CPayment>, "<payment><card/><card/></payment>",
+       "Failed read all the elements held within the element [payment]. The unexpected element [card] remains un processed\n"
+       "Path: /payment/card[2]"},
+      {Make<CPayment>, "<payment><account>gold</account></payment>",
+       "Failed to process the element.\n"
+       "Path: /payment\n"
+       "| Invalid Value for Account [gold]."},
+      {Make<CPayment>, "<payment><coin>1</coin><coin>1.5</coin></payment>",
+       "Failed to process the element.\n"
+       "Path: /payment\n"
+       "| The value [1.5] can not be converted to a i4"},
+      {Make<CPayment>,
+       "<payment><coin>1</coin><coin>1</coin><coin>1</coin><coin>1</coin></payment>",
+       "Failed to process the element.\n"
+       "Path: /payment\n"
+       "| The Maximum number of [coin] elements allowed in this collection is 3"},
+      {Make<CSettings>, "<settings><level>low</level><server><host/></server></settings>",
+       "Failed to process the element.\n"
+       "Path: /settings\n"
+       "| Failed to find the mandatory element [title]."},
+      {Make<CSettings>, "<settings><title/><level>low</level></settings>",
+       "Failed to process the element.\n"
+       "Path: /settings\n"
+       "| Failed to find the mandatory element [server]."},
+      {Make<CSettings>,
+       "<settings><server><host/></server><level>low</level><title/><title/></settings>",
+       "Failed read all the elements held within the element [settings]. The unexpected element [title] remains un processed\n"
+       "Path: /settings/title[2]"},
+      {Make<CSettings>, "<settings><server/></settings>",
+       "Failed to find the required child element [host].\n"
+       "Path: /settings/server"},
+      {Make<CNote>, R"(<note><due xmlns:i=")" XSI R"(" i:nil="yes"/></note>)",
+       "Unexpected Value [yes] for 'nil' Attribute found.\n"
+       "Path: /note/due/i:@nil"},
+      {Make<CNote>, R"(<note xmlns:i=")" XSI R"(" i:nil="true"/>)",
+       "Invalid use of 'nil' attribute in non-nillable element.\n"
+       "Path: /note/i:@nil"},
+      {Make<CNote>, "<note><due>2024-02-30</due></note>",
+       "Failed to process the element.\n"
+       "Path: /note\n"
+       "| Invalid Day [30] (1 <= day <= days in month"},
+      {Make<CMeasure>, R"(<measure><length unit="m"> 5m </length></measure>)",
+       "Failed to process the element.\n"
+       "Path: /measure/length\n"
+       "| The string representing a Decimal, contained an invalid char at position 2 [ 5m ]."},
+      {Make<CMeasure>, R"(<measure><length unit="m">5</length><grade>AB</grade></measure>)",
+       "Failed to process the element.\n"
+       "Path: /measure/grade\n"
+       "| The value [AB] can not be a char as it is either empty of greater than 1 char long"},
+      {Make<CDrawing>, "<drawing/>",
+       "Failed to find a suitable substitution element for [label].\n"
+       "Path: /drawing"},
+      {Make<CDrawing>, "<drawing><label><text/></label></drawing>",
+       "Failed to find a suitable substitution element for [label].\n"
+       "Path: /drawing/label"},
+      {Make<CDrawing>,
+       R"(<drawing><caption><text/></caption><shape xmlns:i=")" XSI
+       R"(" i:type="starType"/></drawing>)",
+       "Failed read all the elements held within the element [drawing]. The unexpected element [shape] remains un processed\n"
+       "Path: /drawing/shape"},
+      {Make<CContact>, "<contact><name/></contact>",
+       "Failed to find the required child element [reach].\n"
+       "Path: /contact"},
+      {Make<CContact>, "<contact><name/><remark/></contact>",
+       "No child elements within the element [contact] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements\n"
+       "Path: /contact"},
+      {Make<CContact>, R"(<contact age="3"><name/><phone/></contact>)",
+       "Unexpected Attribute found.\n"
+       "Path: /contact/@age"},
+      {Make<CEnvelope>, "<envelope/>",
+       "Failed to find the required child element [header].\n"
+       "Path: /envelope"},
+      {Make<CEnvelope>, "<envelope><footer/></envelope>",
+       "Failed to find the required child element [header].\n"
+       "Path: /envelope"},
+      {Make<CEnvelope>, "<envelope><header/><subject/><x/></envelope>",
+       "Failed read all the elements held within the element [envelope]. The unexpected element [x] remains un processed\n"
+       "Path: /envelope/x"},
+      {Make<CTypedAttributes>, R"(<attributes count="1" color="pink"/>)",
+       "Failed to process the element.\n"
+       "Path: /attributes\n"
+       "| Invalid Value for Color [pink]."},
+      {Make<CTypedLists>, "<lists><color>red</color><color>pink</color></lists>",
+       "Failed to process the element.\n"
+       "Path: /lists\n"
+       "| Invalid Value for color [pink]."},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.xml);
+    const CSmartPtr<CXmlObjectBase> object = row.make();
+    try {
+      object->FromXml(InNamespace(row.xml).c_str());
+      ADD_FAILURE() << "was read";
+    } catch (const CQvException& exception) {
+      EXPECT_EQ(Describe(exception), row.failure);
+    }
+  }
+}
+
+TEST_F(Samples, AllTypesSurviveText) {
+  const CSmartPtr<CAllTypes> object(new CAllTypes);
+  FillAllTypes(*object);
+  for (const bool isFormatted : {false, true}) {
+    const std::string text = Write(*object, isFormatted);
+    const CSmartPtr<CAllTypes> readBack(new CAllTypes);
+    // What an object held before it was read is gone.
+    readBack->GetLists()->GetI4().Add(1);
+    readBack->GetOptionals()->SetColor(EColor::e_red);
+    readBack->FromXml(text.c_str());
+    CheckAllTypes(*readBack);
+    EXPECT_EQ(Write(*readBack, isFormatted), text);
+  }
+}
+
+TEST_F(Samples, EachTypeHasItsLexicalForm) {
+  const CSmartPtr<CAllTypes> object(new CAllTypes);
+  FillAllTypes(*object);
+  EXPECT_EQ(
+      Write(*object->GetMandatories()),
+      InNamespace("<mandatories><hexBinary>007FFF</hexBinary><base64Binary>++++AA==</base64Binary>"
+                  "<i1>-128</i1><i2>-32768</i2><i4>-9223372036854775808</i4>"
+                  "<i8>-9223372036854775808</i8><ui1>255</ui1><ui2>65535</ui2>"
+                  "<ui4>18446744073709551615</ui4><ui8>18446744073709551615</ui8>"
+                  "<r4>3.40282347e+38</r4><r8>4.9406564584124654e-324</r8>"
+                  "<duration>-P1Y2M3DT4H5M6.789S</duration><yearMonth>2024-02</yearMonth>"
+                  "<monthDay>--02-29</monthDay><year>2024</year><month>--12</month><day>---31</day>"
+                  "<date>2024-02-29</date><datetime>2024-02-29T23:59:59.123456789Z</datetime>"
+                  "<time>23:59:59.5</time>"
+                  "<string>\xC3\xA4 &lt;&amp;&gt; \"quoted\"  two blanks</string>"
+                  "<boolean>true</boolean>"
+                  "<decimal>-0.000000000000000000000000000000000001</decimal>"
+                  "<integer>-123456789012345678901234567890</integer>"
+                  "<color>red</color></mandatories>"));
+}
+
+TEST_F(Samples, EmptyElementsStandForTheirDefaults) {
+  const std::string empty =
+      "<defaults><hexBinary/><base64Binary/><i1/><i2/><i4/><i8/><ui1/><ui2/><ui4/><ui8/><r4/><r8/>"
+      "<duration/><yearMonth/><monthDay/><year/><month/><day/><date/><datetime/><time/><string/>"
+      "<boolean/><decimal/><integer/><color/></defaults>";
+  const CSmartPtr<CTypedDefaults> object = Read<CTypedDefaults>(empty);
+  EXPECT_EQ(Write(*object), InNamespace(empty));
+
+  CSerializationContext ctx;
+  ctx.SetDefaultNamespaceURI("urn:qvxml:samples");
+  ctx.SetWriteDefaultElementValues(true);
+  EXPECT_EQ(object->ToXml(false, false, EOL_LF, ctx),
+            InNamespace(
+                "<defaults><hexBinary>0AFF</hexBinary><base64Binary>AQID</base64Binary><i1>-8</i1>"
+                "<i2>-300</i2><i4>-70000</i4><i8>-5000000000</i8><ui1>8</ui1><ui2>300</ui2>"
+                "<ui4>70000</ui4><ui8>5000000000</ui8><r4>0.5</r4><r8>-2.25</r8>"
+                "<duration>P1DT2H</duration><yearMonth>2024-02</yearMonth>"
+                "<monthDay>--02-29</monthDay><year>2024</year><month>--02</month><day>---29</day>"
+                "<date>2024-02-29</date><datetime>2024-02-29T12:30:00Z</datetime>"
+                "<time>12:30:00</time><string>default text</string><boolean>true</boolean>"
+                "<decimal>-12.75</decimal><integer>123456789012345678901234567890</integer>"
+                "<color>green</color></defaults>"));
+}
+
+TEST_F(Samples, NilSurvivesWhereTheElementIsMandatory) {
+  const CSmartPtr<CNote> note =
+      Read<CNote>("<note><due" NIL "/><pages" NIL "/><remark><text/></remark></note>");
+  EXPECT_TRUE(note->GetDue().IsNil());
+  // Kept: reading nil stores nothing, so an optional property cannot tell it from an absent one.
+  EXPECT_FALSE(note->GetPages().IsNil());
+  EXPECT_EQ(Write(*note), InNamespace("<note><due" NIL "/><remark><text/></remark></note>"));
+}
+
+TEST_F(Samples, AllGroupsAreReadInAnyOrder) {
+  const CSmartPtr<CSettings> settings = Read<CSettings>(
+      "<settings><note>1</note><mirror><host>m</host></mirror><server><host>h</host></server>"
+      "<fallback>low</fallback><level>high</level><port>80</port><title>t</title></settings>");
+  EXPECT_EQ(Write(*settings),
+            InNamespace("<settings><title>t</title><port>80</port><level>high</level>"
+                        "<fallback>low</fallback><server><host>h</host></server>"
+                        "<mirror><host>m</host></mirror><note>1</note></settings>"));
+}
+
+TEST_F(Samples, ChoicesHoldOneAlternative) {
+  const CSmartPtr<CPayment> payment(new CPayment);
+  payment->SetCard("1");
+  EXPECT_EQ(payment->GetSelected(), "card");
+  const char* const taken =
+      "The Property [card] is already set. Only one element within this class bay be set at a time";
+  EXPECT_QV_THROW(payment->SetAccount(EAccount::e_current), CQvInvalidStateException, taken);
+  EXPECT_QV_THROW(payment->SetVoucher(new CVoucher), CQvInvalidStateException, taken);
+  EXPECT_QV_THROW(payment->GetCoin().Add(1), CQvInvalidStateException, taken);
+  EXPECT_EQ(payment->GetCoin().GetCount(), 0);
+  // Taking away what is not there takes nothing away.
+  payment->SetAccount(std::nullopt);
+  payment->SetVoucher(nullptr);
+  payment->GetCoin().Clear();
+  EXPECT_EQ(payment->GetSelected(), "card");
+
+  payment->SetCard(std::nullopt);
+  EXPECT_EQ(payment->GetSelected(), "");
+  payment->GetCoin().Add(2);
+  EXPECT_EQ(payment->GetSelected(), "coin");
+  payment->GetCoin().Remove(0);
+  payment->SetVoucher(new CVoucher);
+  EXPECT_EQ(payment->GetSelected(), "voucher");
+
+  // Reading selects too, and reading anew drops the old selection.
+  payment->FromXml(InNamespace("<payment><coin>5</coin></payment>").c_str());
+  EXPECT_EQ(payment->GetSelected(), "coin");
+  EXPECT_EQ(payment->GetVoucher(), nullptr);
+  payment->FromXml(InNamespace("<payment><account>current</account></payment>").c_str());
+  EXPECT_EQ(payment->GetSelected(), "account");
+  EXPECT_EQ(payment->GetCoin().GetCount(), 0);
+}
+
+TEST_F(Samples, ACollectionOfAChoiceMayOutliveIt) {
+  CSmartPtr<Ci4Col> coins;
+  {
+    const CSmartPtr<CPayment> payment(new CPayment);
+    coins = &payment->GetCoin();
+  }
+  coins->Add(1);
+  EXPECT_EQ(coins->GetCount(), 1);
+}
+
+TEST_F(Samples, SettersGuardChildren) {
+  const CSmartPtr<CNote> note(new CNote);
+  EXPECT_QV_THROW(note->SetRemark(nullptr), CQvInvalidParamException,
+                  "The Property [remark] is mandatory, it may node be NULL");
+  EXPECT_QV_THROW(note->SetReply(new CReply("answer")), CQvInvalidParamException,
+                  "This property requires an element with the name reply the element being set has "
+                  "the element name answer");
+  note->SetReply(nullptr);
+  const CSmartPtr<CNode> node(new CNode);
+  EXPECT_QV_THROW(node->GetNode().Add(new CNode("leaf")), CQvInvalidParamException,
+                  "This property requires an element with the name node the element being set has "
+                  "the element name leaf");
+  EXPECT_EQ(node->GetNode().GetCount(), 0);
+}
+
+// A child that the application took out of the object is not changed by reading the object anew.
+TEST_F(Samples, ReadingLeavesSharedChildrenAlone) {
+  const char* const xml = "<note><due" NIL "/><remark><text>%s</text></remark></note>";
+  const CSmartPtr<CNote> note = Read<CNote>(FormatString(xml, "old"));
+  const CSmartPtr<CRemark> remark = note->GetRemark();
+  note->FromXml(InNamespace(FormatString(xml, "new")).c_str());
+  EXPECT_EQ(remark->GetText(), "old");
+  EXPECT_EQ(note->GetRemark()->GetText(), "new");
+}
+
+TEST_F(Samples, SayWhatCannotBeWritten) {
+  const CSmartPtr<CTypedAttributes> attributes(new CTypedAttributes);
+  attributes->SetCount(11);
+  const CSmartPtr<CSettings> settings(new CSettings);
+  settings->SetTitle("t");
+  settings->SetLevel(static_cast<ELevel>(7));
+  const CSmartPtr<CNode> tree(new CNode);
+  tree->SetId(1);
+  tree->GetNode().AddNew();
+  const CSmartPtr<CContact> contact(new CContact);
+  contact->SetName("n");
+  struct Row {
+    CXmlObjectBase* object;
+    const char* failure;
+  };
+  const Row rows[] = {
+      {attributes.Ptr(),
+       "Failed to convert the element [attributes] to XML\n"
+       "| Failed to convert attributes to XML\n"
+       "| Invalid Value for count [11]"},
+      {settings.Ptr(),
+       "Failed to convert the element [settings] to XML\n"
+       "| Invalid Value for level [7]"},
+      {tree.Ptr(),
+       "Failed to convert the element [node] to XML\n"
+       "| Failed to convert the element [node] to XML\n"
+       "| Failed to convert attributes to XML\n"
+       "| Invalid Type 0 to convert to string"},
+      {contact.Ptr(),
+       "Failed to convert the element [contact] to XML\n"
+       "| Failed to convert the element [reach] to XML\n"
+       "| This element is a choice, and as such must have at one (and only one) valid item, currently there are none set"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.failure);
+    try {
+      Write(*row.object);
+      ADD_FAILURE() << "was written";
+    } catch (const CQvException& exception) {
+      EXPECT_EQ(Describe(exception), row.failure);
+    }
+  }
+}
+
+// Kept: a group that begins but does not end is taken quietly, and only writing reports it.
+TEST_F(Samples, AGroupCutShortIsReportedWhenItIsWritten) {
+  const CSmartPtr<CContact> contact =
+      Read<CContact>("<contact><name/><phone/><key>k</key><remark/></contact>");
+  ASSERT_EQ(contact->GetFact().GetCount(), 1);
+  EXPECT_EQ(contact->GetFact().Item(0)->GetKey(), "k");
+  EXPECT_QV_THROW(Write(*contact), CQvValidationException,
+                  "Failed to convert the element [contact] to XML");
+}
+
+TEST_F(Samples, PropertiesRefuseWhatIsNotTheirs) {
+  const CSmartPtr<CNode> node(new CNode);
+  const CSmartPtr<CVoucher> voucher(new CVoucher);
+  const CSmartPtr<CChain> chain(new CChain);
+  QvVariant value;
+  value.SetString("1");
+  EXPECT_QV_THROW(node->AccessProperty(0, false, value), CQvException, "Invalid Type 23");
+  value.SetXmlObject(voucher.Ptr());
+  EXPECT_QV_THROW(chain->AccessProperty(1, false, value), CQvInvalidParamException,
+                  "The object [voucher] is not of the class of the property");
+  EXPECT_QV_THROW(node->AccessProperty(2, false, value), CQvInvalidStateException,
+                  "A collection can not be replaced");
+}
+
+// What may be nested as deep as the stack allows is read, written and released; more is refused.
+TEST_F(Samples, HostileNestingIsRefused) {
+  struct Row {
+    CSmartPtr<CXmlObjectBase> (*make)();
+    std::string start, end;
+  };
+  const Row rows[] = {{Make<CNode>, "<node id=\"1\">", "</node>"},
+                      {Make<CChain>, "<chain id=\"1\">", "</chain>"}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.start);
+    std::string starts = row.start;
+    std::string ends = row.end;
+    std::string refusal;
+    for (int depth = 1; refusal.empty() && depth < 1000000; depth *= 2) {
+      const CSmartPtr<CXmlObjectBase> object = row.make();
+      try {
+        object->FromXml((InNamespace(starts) + ends).c_str());
+        Write(*object);
+      } catch (const CQvException& exception) {
+        refusal = Describe(exception);
+        EXPECT_GT(depth, 1000);
+      }
+      starts += starts;
+      ends += ends;
+    }
+    EXPECT_NE(refusal.find("nested too deeply for the stack of this thread"), std::string::npos)
+        << refusal.substr(0, 200);
+  }
+}
+
+}  // namespace
