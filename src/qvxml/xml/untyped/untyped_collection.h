@@ -73,8 +73,8 @@ class QVXML_API TUntypedCollection : public CXmlCollectionBase {
   std::vector<CSmartPtr<TItem>> m_items;
 };
 
-extern template class TUntypedCollection<CAttribute>;
-extern template class TUntypedCollection<CElement>;
+extern template class QVXML_API TUntypedCollection<CAttribute>;
+extern template class QVXML_API TUntypedCollection<CElement>;
 
 }  // namespace QvXmlLib16
 
