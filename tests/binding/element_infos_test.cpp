@@ -737,7 +737,9 @@ TEST(AllGroups, MembersComeInAnyOrder) {
   schema.Add<CElementInfoAllPrimOpt>("b", "", 1, false, ItemType_i4, "", kCollapse,
                                      CPrimitiveRestrictions(), "");
   schema.Add<CElementInfoAllClsOpt>("c", "", 2, kElement, &MakeChild, 0);
-  schema.Add<CElementInfoAllClsMnd>("d", "", 3, kGroup, &MakeChild, 1, false);
+  // A group that need not be there has element type 2.
+  schema.Add<CElementInfoAllClsMnd>("d", "", 3, static_cast<XmlElementType>(2), &MakeChild, 1,
+                                    false);
   schema.Add<CElementInfoAllCol>("e", "", 4);
   schema.init = [](CSample& sample) {
     sample.Hold(3, MakeChild(1, "d").Ptr());

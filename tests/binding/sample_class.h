@@ -15,6 +15,7 @@
 #include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/xml_collection_base.h"
 #include "qvxml/core/exception.h"
+#include "qvxml/xml/xml_writer.h"
 
 namespace qv_test {
 
