@@ -391,6 +391,24 @@ TEST_F(ElementInfos, FailuresOfThePropertyAreWrapped) {
   }
 }
 
+TEST_F(ElementInfos, APropertyOfAnotherTypeDoesNotVanish) {
+  const CElementInfoSeqClsOpt child("a", "", 0, kElement, &MakeChild, 0);
+  const CElementInfoSeqCol collection("a", "", 0);
+  object.values[0] = I4(1);
+  EXPECT_QV_THROW(Write(child, object), CQvException, "Invalid Type 5");
+  EXPECT_QV_THROW(Write(collection, object), CQvException, "Invalid Type 5");
+  object.Hold(0, MakeChild(0, "a").Ptr());
+  EXPECT_QV_THROW(Write(collection, object), CQvException, "Invalid Type 27");
+  object.values[0] = Nil();
+  EXPECT_EQ("-", Write(child, object));
+  // A collection that travels as an object is one all the same.
+  const CSmartPtr<Ci4Col> numbers(
+      new Ci4Col("a", "", 0, kUnbounded, CPrimitiveRestrictions(), kCollapse));
+  numbers->Add(1);
+  object.Hold(0, numbers.Ptr());
+  EXPECT_EQ("#1 <a \"1\":5 > #3", Write(collection, object));
+}
+
 TEST_F(ElementInfos, PrimitivesAreWritten) {
   const auto mandatory = MakePrim<CElementInfoSeqPrimMnd>("7", false, 0, "a", "urn:a");
   const auto optional = MakePrim<CElementInfoSeqPrimOpt>();
@@ -611,6 +629,8 @@ TEST_F(ElementInfos, WildcardsTakeWhatTheirNamespacesAdmit) {
       {kAny, "##targetNamespace", "urn:t", "<x xmlns='urn:t'/>", strict, true},
       {kAny, "##targetNamespace", "urn:t", "<x/>", strict, false},
       {kAny, "##targetNamespace", "urn:t", "<x/>", ignoring, true},
+      {kAny, "##other", "", "<x/>", ignoring, true},
+      {kAny, "", "", "<x/>", ignoring, true},
       {kAny, "urn:a", "urn:t", "<x xmlns='urn:a'/>", strict, true},
       {kAny, "urn:a", "urn:t", "<x/>", strict, true},
       {kAny, "urn:a urn:b", "urn:t", "<x xmlns='urn:a'/>", strict, false},

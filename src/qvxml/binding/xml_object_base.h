@@ -29,7 +29,7 @@ class CXmlWriter;          // xml/xml_writer.h
 /// given to one.
 ///
 /// Every entry point throws the CQvException family and begins with the check of the generated
-/// code's version, see licence/version_check.h. Reading replaces what the object holds; after a
+/// code's version, see licence/licence_check.h. Reading replaces what the object holds; after a
 /// failure it holds what was read so far.
 class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXmlObjectBase> {
  public:

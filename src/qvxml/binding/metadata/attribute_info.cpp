@@ -1,6 +1,7 @@
 #include "qvxml/binding/metadata/attribute_info.h"
 
 #include "qvxml/binding/facet_checks.h"
+#include "qvxml/binding/metadata/property_value_internal.h"
 #include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/namespace_constraint.h"
 #include "qvxml/binding/wrap_failure_internal.h"
@@ -29,21 +30,19 @@ namespace {
 
 const char* TextOrEmpty(const char* text) { return text == nullptr ? "" : text; }
 
-// The collection that a wildcard's property holds; the property keeps it alive.
-CSmartPtr<CXmlObjectBase> HeldCollection(const QvVariant& value) {
-  if (value.GetItemType() == QvXmlLib16::ItemType_xmlCollection) {
-    return CSmartPtr<CXmlObjectBase>(value.GetXmlCollection().Ptr());
+CSmartPtr<CAttributeCol> RequireAttributeCol(const QvVariant& value) {
+  // Through the two types that ObjectIn does not refuse, as this message is another.
+  const QvXmlLib16::ItemType type = value.GetItemType();
+  CSmartPtr<CXmlObjectBase> held;
+  if (type == QvXmlLib16::ItemType_xmlObject || type == QvXmlLib16::ItemType_xmlCollection) {
+    held = QvXmlLib16::detail::ObjectIn(value);
   }
-  return value.GetXmlObject();
-}
-
-CAttributeCol& RequireAttributeCol(CXmlObjectBase* object) {
-  auto* collection = dynamic_cast<CAttributeCol*>(object);
+  auto* collection = dynamic_cast<CAttributeCol*>(held.Ptr());
   if (collection == nullptr) {
     throw CQvException(
         "Serialization Data Error : The collection should be a CAttributeCol, it was not!");
   }
-  return *collection;
+  return CSmartPtr<CAttributeCol>(collection);
 }
 
 }  // namespace
@@ -176,7 +175,7 @@ void CAttributeInfoEnum::AttributeToXml(const CSerializationContext& ctx,
   QvVariant value;
   ReadProperty(object, value);
   if (m_isOptional && !value.IsValid()) return;
-  const std::string text = TextOrEmpty(m_enumToText(static_cast<int>(value.GetI4())));
+  const std::string text = QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
   if (IsDefaultLeftOut(ctx, text)) return;
   writer->WriteAttributeString(m_name, m_namespace, text, QvXmlLib16::ItemType_string);
 }
@@ -186,7 +185,7 @@ bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& ctx,
                                           CXmlAttribute* attribute) const {
   if (!IsThisAttribute(ctx, attribute)) return false;
   QvVariant value;
-  value.SetI4(m_textToEnum(attribute->GetValue().c_str()));
+  QvXmlLib16::detail::SetEnum(value, attribute->GetValue(), m_textToEnum, m_name);
   InvokePropertySet(object, value, *attribute);
   return true;
 }
@@ -202,7 +201,7 @@ void CAttributeInfoAny::AttributeToXml(const CSerializationContext& ctx,
                                        const CXmlGeneratedClass* object, CXmlWriter* writer) const {
   QvVariant value;
   ReadProperty(object, value);
-  const CSmartPtr<CXmlObjectBase> held = HeldCollection(value);
+  const CSmartPtr<CXmlObjectBase> held = QvXmlLib16::detail::ObjectIn(value);
   if (held == nullptr) return;
   held->ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx, false);
 }
@@ -216,10 +215,8 @@ bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext&, CXmlGener
   }
   QvVariant value;
   InvokePropertyGet(object, value);
-  const CSmartPtr<CXmlObjectBase> held = HeldCollection(value);
-  RequireAttributeCol(held.Ptr())
-      .Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
-           attribute->GetNamespaceURI().c_str());
+  RequireAttributeCol(value)->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+                                  attribute->GetNamespaceURI().c_str());
   return true;
 }
 

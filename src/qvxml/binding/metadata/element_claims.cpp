@@ -57,7 +57,7 @@ bool CElementInfo::IsOptional(const CXmlGeneratedClass* object) const {
 
 bool CElementInfo::ClaimsElement(const CSerializationContext& ctx, const CXmlGeneratedClass* object,
                                  CXmlElement* element) const {
-  return element != nullptr && m_claims(*this, ctx, object, element);
+  return element != nullptr && m_claims != nullptr && m_claims(*this, ctx, object, element);
 }
 
 namespace detail {

@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include "qvxml/binding/facet_checks.h"
+#include "qvxml/binding/metadata/property_value_internal.h"
 #include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/name_match_internal.h"
 #include "qvxml/binding/namespace_constraint.h"
@@ -12,7 +13,6 @@
 #include "qvxml/binding/xml_collection_base.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
-#include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/variant.h"
 #include "qvxml/xml/xml_element.h"
 #include "qvxml/xml/xml_writer.h"
@@ -162,13 +162,13 @@ void CElementInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& val
 CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* object) const {
   QvVariant value;
   ReadProperty(object, value);
-  return value.GetXmlObject();
+  return QvXmlLib16::detail::ObjectIn(value);
 }
 
 CSmartPtr<CXmlCollectionBase> CElementInfo::ReadCollection(const CXmlGeneratedClass* object) const {
   QvVariant value;
   ReadProperty(object, value);
-  return value.GetXmlCollection();
+  return QvXmlLib16::detail::CollectionIn(value);
 }
 
 bool CElementInfo::ElementToXmlPrim(const CSerializationContext&, const CXmlGeneratedClass* object,
@@ -196,16 +196,7 @@ bool CElementInfo::ElementToXmlEnum(const CSerializationContext&, const CXmlGene
   ReadProperty(object, value);
   if (value.IsNil()) return WriteNil(writer);
   if (!value.IsValid()) return false;
-  const long number =
-      value.GetItemType() == QvXmlLib16::ItemType_i4
-          ? value.GetI4()
-          : QvXmlLib16::CConversions::i4FromString(value.ToString(), CWhitespaceUtils::ws_collapse);
-  const char* const name =
-      m_enumToText == nullptr ? nullptr : m_enumToText(static_cast<int>(number));
-  if (name == nullptr) {
-    throw CQvException(FormatString("Invalid Value for %s [%ld]", m_name.c_str(), number));
-  }
-  const std::string text = name;
+  const std::string text = QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
   return WriteText(writer, text, QvXmlLib16::ItemType_string, IsDefault(text));
 }
 
@@ -269,12 +260,8 @@ void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGene
                                       CXmlElement** cursor) const {
   const CXmlElement* const element = *cursor;
   if (!ReadAttributes(ctx, *element, m_isNillable)) {
-    const std::string& text = TextOrDefault(element->GetText());
-    if (m_textToEnum == nullptr) {
-      throw CQvException(FormatString("Invalid Value for %s [%s].", m_name.c_str(), text.c_str()));
-    }
     QvVariant value;
-    value.SetI4(m_textToEnum(text.c_str()));
+    QvXmlLib16::detail::SetEnum(value, TextOrDefault(element->GetText()), m_textToEnum, m_name);
     InvokePropertySet(object, value, element);
   }
   *cursor = element->GetNextSiblingElement();

@@ -41,13 +41,18 @@ void CUntpdMember::ThrowMissing(const CMemberReading& at) const {
 bool CUntpdMember::Read(const CMemberReading& at) const {
   CXmlElement* const element = *at.cursor;
   if (element == nullptr || !Admits(at.ctx, *element)) return false;
-  // The element's own namespace, unless it is read only because namespaces are ignored.
-  const std::string namespaceUri =
-      IsNamespaceAdmitted(element->GetNamespaceURI(), m_namespaceList, m_targetNamespace)
-          ? element->GetNamespaceURI()
-          : GetAnyDefaultNamespace(m_namespaceList.c_str(), m_targetNamespace.c_str());
+  std::string namespaceUri = element->GetNamespaceURI();
+  const char* namespaceList = m_namespaceList.c_str();
+  // What is read only because namespaces are ignored gets one that the list admits, or any list
+  // where it is not known which one that would be.
+  if (!IsNamespaceAdmitted(namespaceUri, m_namespaceList, m_targetNamespace)) {
+    namespaceUri = GetAnyDefaultNamespace(m_namespaceList.c_str(), m_targetNamespace.c_str());
+    if (!IsNamespaceAdmitted(namespaceUri, m_namespaceList, m_targetNamespace)) {
+      namespaceList = "##any";
+    }
+  }
   const CSmartPtr<CXmlObjectBase> holder(new CElement(element->GetLocalName().c_str(),
-                                                      namespaceUri.c_str(), m_namespaceList.c_str(),
+                                                      namespaceUri.c_str(), namespaceList,
                                                       m_targetNamespace.c_str()));
   CXmlElement* const next = FromXml_Int(holder.Ptr(), at.parent, element, at.ctx, at.optional);
   if (next == element) return false;

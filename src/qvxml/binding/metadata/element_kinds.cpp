@@ -131,9 +131,7 @@ bool CHeldClsMember::Read(const CMemberReading& at) const {
   if (IsGroup() ? element == nullptr && m_mustConsume : !IsThisElement(at.ctx, element)) {
     return false;
   }
-  QvVariant value;
-  InvokePropertyGet(at.object, value);
-  const CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
+  const CSmartPtr<CXmlObjectBase> child = ReadObject(at.object);
   if (!child) ThrowPropertyIsNull();
   if (IsGroup()) {
     *at.cursor = FromXml_Int(child.Ptr(), at.parent, element, at.ctx, at.optional);
@@ -175,9 +173,7 @@ CColMember::CColMember(const char* name, const char* namespaceUri, int propertyI
     : CMemberKind(name, namespaceUri, propertyIndex) {}
 
 CSmartPtr<CXmlCollectionBase> CColMember::ReadItems(const CMemberReading& at) const {
-  QvVariant value;
-  InvokePropertyGet(at.object, value);
-  CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
+  CSmartPtr<CXmlCollectionBase> collection = ReadCollection(at.object);
   if (!collection) ThrowPropertyIsNull();
   *at.cursor = FromXml_Int(collection.Ptr(), at.parent, *at.cursor, at.ctx, false);
   return collection;

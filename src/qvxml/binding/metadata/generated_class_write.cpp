@@ -79,10 +79,7 @@ void CXmlGeneratedClass::WriteRootDeclarations(CXmlWriter* writer,
   for (const std::string& instruction : ctx.GetProcessingInstructions()) {
     writer->WritePI(instruction);
   }
-  const CNamespaceAliasMap& aliases = ctx.GetNamespaceAliases();
-  for (int i = 0; i < aliases.GetNamespaceCount(); ++i) {
-    const std::string namespaceUri = aliases.GetNamespaceAt(i);
-    const std::string alias = aliases.GetAliasFromNamespace(namespaceUri.c_str());
+  for (const auto& [namespaceUri, alias] : ctx.GetNamespaceAliases()) {
     // A lookup of an unknown namespace enters it without an alias; nothing can be declared for it.
     if (!alias.empty()) writer->AddNamespace(alias, namespaceUri);
   }
@@ -94,6 +91,8 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
                                              const CSerializationContext& ctx) const {
   detail::WrapFailure(
       [&] {
+        // Pseudo children inside each other come here without their content being written.
+        const detail::CDepthGuard guard;
         const CParentElementInfo& classInfo = *GetClassInfo();
         // A pseudo child's attributes stand in its parent's start tag, which has a type of its own.
         if (ctx.GetWriteTypeAttribute() && classInfo.GetName() != GetElementName() &&

@@ -1,0 +1,57 @@
+#include "qvxml/binding/metadata/property_value_internal.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/value/conversions.h"
+#include "qvxml/core/whitespace.h"
+
+namespace QvXmlLib16::detail {
+
+namespace {
+
+[[noreturn]] void ThrowInvalidType(const QvVariant& value) {
+  throw CQvException(FormatString("Invalid Type %d", static_cast<int>(value.GetItemType())));
+}
+
+}  // namespace
+
+CSmartPtr<CXmlObjectBase> ObjectIn(const QvVariant& value) {
+  if (value.GetItemType() == ItemType_xmlObject) return value.GetXmlObject();
+  if (value.GetItemType() == ItemType_xmlCollection) {
+    return CSmartPtr<CXmlObjectBase>(value.GetXmlCollection().Ptr());
+  }
+  if (!value.IsValid() || value.IsNil()) return nullptr;
+  ThrowInvalidType(value);
+}
+
+CSmartPtr<CXmlCollectionBase> CollectionIn(const QvVariant& value) {
+  if (value.GetItemType() == ItemType_xmlCollection) return value.GetXmlCollection();
+  const CSmartPtr<CXmlObjectBase> object = ObjectIn(value);
+  CSmartPtr<CXmlCollectionBase> collection(dynamic_cast<CXmlCollectionBase*>(object.Ptr()));
+  if (object && !collection) ThrowInvalidType(value);
+  return collection;
+}
+
+std::string EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
+                       const std::string& name) {
+  const long number =
+      value.GetItemType() == ItemType_i4 && !value.IsNil()
+          ? value.GetI4()
+          : CConversions::i4FromString(value.ToString(), CWhitespaceUtils::ws_collapse);
+  const int narrowed = static_cast<int>(number);
+  const char* const text =
+      enumToText == nullptr || narrowed != number ? nullptr : enumToText(narrowed);
+  if (text == nullptr) {
+    throw CQvException(FormatString("Invalid Value for %s [%ld]", name.c_str(), number));
+  }
+  return text;
+}
+
+void SetEnum(QvVariant& value, const std::string& text, int (*textToEnum)(const char*),
+             const std::string& name) {
+  if (textToEnum == nullptr) {
+    throw CQvException(FormatString("Invalid Value for %s [%s].", name.c_str(), text.c_str()));
+  }
+  value.SetI4(textToEnum(text.c_str()));
+}
+
+}  // namespace QvXmlLib16::detail

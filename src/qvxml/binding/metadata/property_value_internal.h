@@ -1,0 +1,32 @@
+// What the variant of a property means to attributes and members alike. Generated code fills the
+// variant, so its type need not be the expected one.
+
+#ifndef QVXML_BINDING_METADATA_PROPERTY_VALUE_INTERNAL_H_
+#define QVXML_BINDING_METADATA_PROPERTY_VALUE_INTERNAL_H_
+
+#include <string>
+
+#include "qvxml/binding/xml_collection_base.h"
+#include "qvxml/binding/xml_object_base.h"
+#include "qvxml/core/smart_ptr.h"
+#include "qvxml/core/value/variant.h"
+
+namespace QvXmlLib16::detail {
+
+/// The object or collection that the property holds, or null when it is unset or nil. Throws
+/// CQvException "Invalid Type %d" for a value of another type, which would vanish otherwise.
+CSmartPtr<CXmlObjectBase> ObjectIn(const QvVariant& value);
+/// The same for a collection.
+CSmartPtr<CXmlCollectionBase> CollectionIn(const QvVariant& value);
+
+/// The text of the enumeration's value that the property holds as a number. Throws CQvException
+/// when it holds none, and when the enumeration has no such value.
+std::string EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
+                       const std::string& name);
+/// Makes `value` the number of the enumeration's value that `text` stands for.
+void SetEnum(QvVariant& value, const std::string& text, int (*textToEnum)(const char*),
+             const std::string& name);
+
+}  // namespace QvXmlLib16::detail
+
+#endif  // QVXML_BINDING_METADATA_PROPERTY_VALUE_INTERNAL_H_

@@ -1,0 +1,743 @@
+// How a generated class writes and reads itself: the order of what it writes, attributes and nil,
+// the rules of the three groups as a whole, where a fault is said to be, and nesting without end.
+
+#include <functional>
+#include <string>
+
+#include "tests/binding/driven_class.h"
+#include "tests/support/qv_gtest.h"
+#include "tests/support/recording_writer.h"
+#include "tests/support/slot_of.h"
+#include <pthread.h>
+
+#include "qvxml/binding/typed_collections.h"
+#include "qvxml/support/instance_monitor.h"
+#include "qvxml/xml/untyped/attribute_col.h"
+#include "qvxml/xml/xml_document.h"
+
+using namespace QvXmlLib16;
+using namespace QvXmlLib16Data;
+using qv_test::CDriven;
+using qv_test::ChainOf;
+using qv_test::CNillableDriven;
+using qv_test::CSample;
+using qv_test::DrivenSchema;
+using qv_test::RecordingWriter;
+
+namespace {
+
+constexpr auto kSequence = XmlElementGroupType_Sequence;
+constexpr auto kChoice = XmlElementGroupType_Choice;
+constexpr auto kAll = XmlElementGroupType_All;
+constexpr auto kElement = XmlElementType_Element;
+constexpr auto kGroup = XmlElementType_Group;
+constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
+constexpr auto kNoGroup = static_cast<XmlElementGroupType>(3);
+
+// A context with the options that `letters` name: A and E ignore unknown attributes and elements, M
+// and C missing members and choices, T writes no xsi:type.
+CSerializationContext Context(const std::string& letters) {
+  CSerializationContext ctx;
+  const auto has = [&](char letter) { return letters.find(letter) != std::string::npos; };
+  ctx.SetIgnoreUnknownAttributes(has('A'));
+  ctx.SetIgnoreUnknownElements(has('E'));
+  ctx.SetIgnoreMissingMandatoryElements(has('M'));
+  ctx.SetIgnoreMissingChoice(has('C'));
+  ctx.SetWriteTypeAttribute(!has('T'));
+  return ctx;
+}
+
+std::string Write(const CXmlObjectBase& object, const CSerializationContext& ctx = Context(""),
+                  bool isRoot = false, bool optional = false, const char* targetNamespace = "") {
+  RecordingWriter writer;
+  object.ToXml_Int(&writer, isRoot, targetNamespace, ctx, optional);
+  return writer.Take();
+}
+
+// The properties afterwards, or the chain of what was thrown.
+std::string Read(CSample& object, const std::string& xml,
+                 const CSerializationContext& ctx = Context("")) {
+  const std::string chain = ChainOf([&] { object.FromXml(xml.c_str(), ctx); });
+  return chain == "-" ? object.Dump() : chain;
+}
+
+QvVariant I4(long value) {
+  QvVariant variant;
+  variant.SetI4(value);
+  return variant;
+}
+
+template <class TInfo>
+void AddI4(qv_test::Schema& schema, const char* name, int index) {
+  schema.Add<TInfo>(name, "", index, false, ItemType_i4, "", kCollapse, CPrimitiveRestrictions(),
+                    "");
+}
+
+void AddAttribute(DrivenSchema& schema, const char* name, int index, bool optional) {
+  schema.AddAttribute<CAttributeInfoPrimitive>(name, "", index, optional, ItemType_i4, "",
+                                               kCollapse, CPrimitiveRestrictions(), "");
+}
+
+// --- Writing
+
+TEST(DriverWriting, TheRootCarriesWhatTheContextAdds) {
+  DrivenSchema schema(kSequence, "base");
+  schema.Describe(kSequence, kElement, "base", "urn:c", true, false, 2, ItemType_i4, "", false);
+  AddAttribute(schema, "a", 0, true);
+  AddI4<CElementInfoSeqPrimOpt>(schema, "m", 1);
+  CDriven object(schema);
+  object.SetElementName("r");
+  for (int index = 0; index < 3; ++index) object.values[index] = I4(index);
+
+  CSerializationContext ctx;
+  ctx.GetProcessingInstructions() = {"<?one?>", "<?two?>"};
+  ctx.GetNamespaceAliases().Add("p", "urn:p");
+  ctx.GetNamespaceAliases().Add("q", "urn:q");
+  // A lookup enters what it does not find, without an alias.
+  ctx.GetNamespaceAliases().GetAliasFromNamespace("urn:unknown");
+  ctx.SetDefaultNamespaceURI("urn:d");
+  ctx.GetAdditionalRootAttributes()->Add("x", "1", "urn:p");
+  ctx.SetInLineSchema("S");
+
+  EXPECT_EQ(
+      "?<?one?> ?<?two?> p=urn:p q=urn:q =urn:d <{urn:t}r @{urn:p}x='1':23 @type='{urn:c}base':23 "
+      "@a='0':5 schema(S) <m \"1\":5 > \"2\":5 >",
+      Write(object, ctx, true, false, "urn:t"));
+  EXPECT_EQ("<{urn:c}r @type='{urn:c}base':23 @a='0':5 <m \"1\":5 > \"2\":5 >",
+            Write(object, ctx, false, false, "urn:c"));
+  // A group has no element for any of it.
+  schema.Describe(kSequence, kGroup, "base", "urn:c", true, false, -1, ItemType_none, "", false);
+  EXPECT_EQ("<m \"1\":5 >", Write(object, ctx, true, false, "urn:t"));
+}
+
+TEST(DriverWriting, TheTypeStandsWhereTheNameIsNotTheClasss) {
+  const struct {
+    const char* elementName;
+    XmlElementType elementType;
+    const char* options;
+    const char* expected;
+  } rows[] = {
+      {"base", kElement, "", ""},
+      {"other", kElement, "", "@type='{urn:c}base':23"},
+      {"other", kElement, "T", ""},
+      {"other", kGroup, "", ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.elementName) + row.options + std::to_string(row.elementType));
+    DrivenSchema schema(kSequence, "base");
+    schema.Describe(kSequence, row.elementType, "base", "urn:c", true, false, -1, ItemType_none, "",
+                    false);
+    CDriven object(schema);
+    object.SetElementName(row.elementName);
+    RecordingWriter writer;
+    object.AttributesToXml_Int(&writer, Context(row.options));
+    EXPECT_EQ(row.expected, writer.Take());
+  }
+}
+
+TEST(DriverWriting, NilLeavesOutTheContentOnly) {
+  DrivenSchema schema(kSequence, "r");
+  schema.Describe(kSequence, kElement, "r", "", true, false, 1, ItemType_i4, "", false);
+  AddAttribute(schema, "a", 0, true);
+  AddI4<CElementInfoSeqPrimMnd>(schema, "m", 2);
+  CNillableDriven object(schema);
+  object.values[0] = I4(1);
+  object.SetNil(true);
+  EXPECT_EQ("<r @a='1':5 @nil >", Write(object));
+}
+
+TEST(DriverWriting, SimpleContent) {
+  QvVariant nil;
+  nil.SetNil();
+  QvVariant number;
+  number.SetR8(1.5);
+  const struct {
+    const char* name;
+    QvVariant value;
+    const char* expected;
+  } rows[] = {
+      {"with its format", number, "<r \"1.500\":12 >"},
+      {"nil", nil, "<r @nil >"},
+  };
+  DrivenSchema schema(kSequence, "r");
+  schema.Describe(kSequence, kElement, "r", "", true, false, 0, ItemType_r8, "%.3f", false);
+  CDriven object(schema);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    object.values[0] = row.value;
+    EXPECT_EQ(row.expected, Write(object));
+  }
+  object.values.clear();
+  EXPECT_EQ(
+      "CQvValidationException: Failed to convert the element [r] to XML | CQvException: Invalid "
+      "Type 0 to convert to string",
+      ChainOf([&] { Write(object); }));
+  // Without a type or a property there is none.
+  schema.Describe(kSequence, kElement, "r", "", true, false, 0, ItemType_none, "", false);
+  EXPECT_EQ("<r >", Write(object));
+  schema.Describe(kSequence, kElement, "r", "", true, false, -1, ItemType_r8, "", false);
+  EXPECT_EQ("<r >", Write(object));
+}
+
+TEST(DriverWriting, AChoiceWritesTheFirstThatIsSet) {
+  const char* const missing =
+      "CQvValidationException: Failed to convert the element [r] to XML | CQvValidationException: "
+      "This element is a choice, and as such must have at one (and only one) valid item, currently "
+      "there are none set";
+  const struct {
+    const char* name;
+    std::string set;
+    const char* options;
+    bool optional;
+    const char* expected;
+  } rows[] = {
+      {"the second", "1", "", false, "<r <b \"1\":5 > >"},
+      {"others vanish", "01", "", false, "<r <a \"0\":5 > >"},
+      {"none", "", "", false, missing},
+      {"none, other option", "", "M", false, missing},
+      {"none, ignored", "", "C", false, "<r >"},
+      {"none, optional", "", "", true, "<r >"},
+  };
+  DrivenSchema schema(kChoice, "r");
+  AddI4<CElementInfoChoicePrimOpt>(schema, "a", 0);
+  AddI4<CElementInfoChoicePrimOpt>(schema, "b", 1);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    CDriven object(schema);
+    for (const char index : row.set) object.values[index - '0'] = I4(index - '0');
+    std::string written;
+    const std::string chain =
+        ChainOf([&] { written = Write(object, Context(row.options), false, row.optional); });
+    EXPECT_EQ(row.expected, chain == "-" ? written : chain);
+  }
+}
+
+TEST(DriverWriting, EachLevelSaysWhichElementFailed) {
+  DrivenSchema inner(kSequence, "inner");
+  AddAttribute(inner, "a", CSample::kBroken, true);
+  DrivenSchema outer(kSequence, "outer");
+  outer.Add<CElementInfoSeqClsOpt>("inner", "", 0, kElement, nullptr, 0);
+  CDriven object(outer);
+  object.Hold(0, new CDriven(inner));
+  const auto write = [&] { Write(object); };
+  EXPECT_EQ(
+      "CQvValidationException: Failed to convert the element [outer] to XML | "
+      "CQvValidationException: Failed to convert the element [inner] to XML | "
+      "CQvException: Failed to convert attributes to XML | "
+      "CQvValidationException: Failed to get the property value for [a]. | CQvException: no get",
+      ChainOf(write));
+  EXPECT_QV_THROW(write(), CQvValidationException, "Failed to convert the element [outer] to XML");
+
+  DrivenSchema corrupt(kNoGroup, "r");
+  CDriven broken(corrupt);
+  EXPECT_EQ(
+      "CQvValidationException: Failed to convert the element [r] to XML | CQvException: Unknown "
+      "XML Group Type",
+      ChainOf([&] { Write(broken); }));
+  EXPECT_EQ(
+      "CQvValidationException: Failed to process the element.\nPath: /r | CQvException: Unknown "
+      "Group Type",
+      Read(broken, "<r/>"));
+}
+
+// --- Reading
+
+TEST(DriverReading, ReplacesWhatTheObjectHolds) {
+  DrivenSchema schema(kSequence, "r");
+  AddAttribute(schema, "a", 0, true);
+  AddI4<CElementInfoSeqPrimOpt>(schema, "m", 1);
+  CNillableDriven object(schema);
+  object.values[1] = I4(7);
+  object.SetNil(true);
+  EXPECT_EQ("0=1", Read(object, "<any a='1'/>"));
+  EXPECT_EQ("any", object.GetElementName());
+  EXPECT_FALSE(object.IsNil());
+  // A group keeps its name.
+  schema.Describe(kSequence, kGroup, "r", "", true, false, -1, ItemType_none, "", false);
+  EXPECT_EQ("", Read(object, "<other/>"));
+  EXPECT_EQ("any", object.GetElementName());
+  EXPECT_QV_THROW(object.FromXml_Int(nullptr, nullptr, Context(""), false),
+                  CQvInvalidParamException, "The element to read may not be NULL");
+}
+
+TEST(DriverReading, Attributes) {
+  const char* const xsi = "xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'";
+  const struct {
+    std::string attributes;
+    bool reportUnknown;
+    const char* options;
+    const char* expected;
+  } rows[] = {
+      {"b='2' a='1'", true, "", "0=1 1=2"},
+      {"a='1' xmlns:q='urn:q' xmlns='urn:d' xsi:type='q:t' xsi:schemaLocation='x y'", true, "",
+       "0=1"},
+      {"a='1' z='3'", true, "", "CQvValidationException: Unexpected Attribute found.\nPath: /r/@z"},
+      {"a='1' z='3'", true, "E",
+       "CQvValidationException: Unexpected Attribute found.\nPath: /r/@z"},
+      {"a='1' z='3'", true, "A", "0=1"},
+      {"a='1' z='3'", false, "", "0=1"},
+      // What is missing is found out at the end, and its fault gets the path of the element.
+      {"b='2'", true, "",
+       "CQvValidationException: Failed to process the element.\nPath: /r | CQvValidationException: "
+       "Failed to find the required Attribute [a]."},
+      {"z='3'", true, "", "CQvValidationException: Unexpected Attribute found.\nPath: /r/@z"},
+      {"a='x'", true, "",
+       "CQvValidationException: Failed to process the element.\nPath: /r | "
+       "CQvInvalidValueException: The value [x] can not be converted to a i4"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.attributes + row.options);
+    DrivenSchema schema(kSequence, "r");
+    schema.Describe(kSequence, kElement, "r", "", row.reportUnknown, false, -1, ItemType_none, "",
+                    false);
+    AddAttribute(schema, "a", 0, false);
+    AddAttribute(schema, "b", 1, true);
+    CDriven object(schema);
+    EXPECT_EQ(row.expected, Read(object, std::string("<r ") + xsi + " " + row.attributes + "/>",
+                                 Context(row.options)));
+  }
+}
+
+TEST(DriverReading, Nil) {
+  const std::string unexpected = "CQvValidationException: Unexpected Value [";
+  const std::string place = "] for 'nil' Attribute found.\nPath: /r/xsi:@nil";
+  const struct {
+    std::string value;
+    std::string expected;
+  } rows[] = {
+      {"true", "nil"},
+      {"TRUE", "nil"},
+      {"1", "nil"},
+      {"false", "0=5"},
+      {"False", "0=5"},
+      {"0", "0=5"},
+      {"yes", unexpected + "yes" + place},
+      {"", unexpected + place},
+      {" true", unexpected + " true" + place},
+  };
+  DrivenSchema schema(kSequence, "r");
+  AddI4<CElementInfoSeqPrimMnd>(schema, "m", 0);
+  for (const auto& row : rows) {
+    SCOPED_TRACE("[" + row.value + "]");
+    // A nil object leaves the children alone, missing and unexpected ones alike.
+    const std::string xml = "<r xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:nil='" +
+                            row.value + "'><m>5</m></r>";
+    CNillableDriven object(schema);
+    const std::string result = Read(object, xml);
+    EXPECT_EQ(row.expected, object.IsNil() ? "nil" + result : result);
+    CDriven notNillable(schema);
+    EXPECT_EQ(
+        "CQvValidationException: Invalid use of 'nil' attribute in non-nillable element.\nPath: "
+        "/r/xsi:@nil",
+        Read(notNillable, xml));
+  }
+  // All attributes come first.
+  AddAttribute(schema, "a", 1, false);
+  CNillableDriven object(schema);
+  EXPECT_EQ(
+      "CQvValidationException: Failed to process the element.\nPath: /r | CQvValidationException: "
+      "Failed to find the required Attribute [a].",
+      Read(object, "<r xmlns:i='http://www.w3.org/2001/XMLSchema-instance' i:nil='1'/>"));
+}
+
+TEST(DriverReading, SimpleContent) {
+  const struct {
+    ItemType type;
+    bool isRawText;
+    const char* text;
+    const char* expected;
+  } rows[] = {
+      {ItemType_i4, false, "5", "0=5"},
+      {ItemType_i4, false, " 5 ",
+       "CQvValidationException: Failed to process the element.\nPath: /r | "
+       "CQvInvalidValueException: The value [ 5 ] can not be converted to a i4"},
+      {ItemType_i4, true, " 5 ", "0= 5 "},
+      {ItemType_none, true, "5", ""},
+      {ItemType_string, false, "", "0="},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.text) + (row.isRawText ? " raw" : ""));
+    DrivenSchema schema(kSequence, "r");
+    schema.Describe(kSequence, kElement, "r", "", true, false, 0, row.type, "", row.isRawText);
+    CDriven object(schema);
+    EXPECT_EQ(row.expected, Read(object, std::string("<r>") + row.text + "</r>"));
+  }
+}
+
+TEST(DriverReading, Sequences) {
+  const std::string missing =
+      "CQvValidationException: Failed to find the required child element [b].\nPath: /r";
+  const auto leftover = [](const std::string& name, const std::string& path) {
+    return "CQvValidationException: Failed read all the elements held within the element [r]. The "
+           "unexpected element [" +
+           name + "] remains un processed\nPath: " + path;
+  };
+  const struct {
+    const char* children;
+    const char* options;
+    std::string expected;
+  } rows[] = {
+      {"<a>1</a><b>2</b><c>3</c>", "", "0=1 1=2 2=3"},
+      {"<b>2</b>", "", "1=2"},
+      {"<a>1</a>", "", missing},
+      {"<b>2</b><a>1</a>", "", leftover("a", "/r/a")},
+      {"<b>2</b><b>3</b>", "", leftover("b", "/r/b[2]")},
+      {"<a>1</a><x/><b>2</b>", "", missing},
+      {"<a>1</a><x/><b>2</b><x/><y/>", "E", "0=1 1=2"},
+      // Kept: nothing is skipped for an optional member, so the one behind is lost.
+      {"<x/><a>1</a><b>2</b>", "E", "1=2"},
+      {"<a>1</a><x/>", "E", missing},
+      {"<a>1</a><c>3</c>", "M", "0=1 2=3"},
+      {"<a>1</a><x/>", "M", leftover("x", "/r/x")},
+  };
+  DrivenSchema schema(kSequence, "r");
+  AddI4<CElementInfoSeqPrimOpt>(schema, "a", 0);
+  AddI4<CElementInfoSeqPrimMnd>(schema, "b", 1);
+  AddI4<CElementInfoSeqPrimOpt>(schema, "c", 2);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.children) + row.options);
+    CDriven object(schema);
+    EXPECT_EQ(row.expected,
+              Read(object, std::string("<r>") + row.children + "</r>", Context(row.options)));
+  }
+}
+
+TEST(DriverReading, Choices) {
+  const std::string missing =
+      "CQvValidationException: No child elements within the element [r] were populated. The "
+      "element represents a choice, so one and only one element should be populated. The element "
+      "contained no sutable child elements\nPath: /r";
+  const auto leftover = [](const std::string& name) {
+    return "CQvValidationException: Failed read all the elements held within the element [r]. The "
+           "unexpected element [" +
+           name + "] remains un processed\nPath: /r/" + name;
+  };
+  const struct {
+    const char* children;
+    const char* options;
+    std::string expected;
+  } rows[] = {
+      {"<a>1</a>", "", "k=1 0=1 2=0 items"},
+      {"<b>2</b>", "", "k=1 1=2 2=0 items"},
+      {"<c>1</c><c>2</c>", "", "k=1 2=2 items"},
+      {"<a>1</a><b>2</b>", "", leftover("b")},
+      {"<a>1</a><b>2</b>", "E", "k=1 0=1 2=0 items"},
+      {"<c>1</c>", "",
+       "CQvValidationException: Failed to process the element.\nPath: /r | "
+       "CQvValidationException: The Minimum number of [c] elements allowed in this "
+       "collection is 2"},
+      {"", "", missing},
+      {"", "C", "k=1 2=0 items"},
+      {"", "M", missing},
+      {"<x/>", "", missing},
+      {"<x/>", "E", missing},
+      {"<x/>", "C", leftover("x")},
+      {"<x/><y/><b>2</b>", "E", "k=1 1=2 2=0 items"},
+  };
+  DrivenSchema schema(kChoice, "r");
+  AddI4<CElementInfoChoicePrimOpt>(schema, "a", 0);
+  AddI4<CElementInfoChoicePrimOpt>(schema, "b", 1);
+  schema.Add<CElementInfoChoiceCol>("c", "", 2);
+  // The attribute must outlive all trying.
+  schema.AddAttribute<CAttributeInfoPrimitive>("k", "", 3, false, ItemType_i4, "", kCollapse,
+                                               CPrimitiveRestrictions(), "");
+  schema.init = [](CSample& sample) {
+    sample.HoldCollection(
+        2, new Ci4Col("c", "", 2, Ci4Col::kUnbounded, CPrimitiveRestrictions(), kCollapse));
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.children) + row.options);
+    CDriven object(schema);
+    std::string result =
+        Read(object, std::string("<r k='1'>") + row.children + "</r>", Context(row.options));
+    if (result.size() > 4 && result.substr(result.size() - 4) == " 3=1") {
+      result = "k=1 " + result.substr(0, result.size() - 4);
+    }
+    EXPECT_EQ(row.expected, result);
+  }
+}
+
+TEST(DriverReading, AllGroups) {
+  const auto leftover = [](const std::string& name) {
+    return "CQvValidationException: Failed read all the elements held within the element [r]. The "
+           "unexpected element [" +
+           name + "] remains un processed\nPath: /r/" + name;
+  };
+  const std::string missing =
+      "CQvValidationException: Failed to process the element.\nPath: /r | CQvValidationException: "
+      "Failed to find the mandatory element [a].";
+  const struct {
+    const char* children;
+    const char* options;
+    std::string expected;
+  } rows[] = {
+      {"<c>3</c><b>2</b><a>1</a>", "", "0=1 1=2 2=3"},
+      {"<b>2</b><a>1</a><c>3</c>", "", "0=1 1=2 2=3"},
+      {"<a>1</a>", "", "0=1"},
+      {"<c>3</c><b>2</b>", "", missing},
+      {"<c>3</c><b>2</b>", "M", "1=2 2=3"},
+      {"", "", missing},
+      // What is left over is reported first.
+      {"<c>3</c><x/>", "", leftover("x")},
+      {"<a>1</a><a>2</a>", "",
+       "CQvValidationException: Failed read all the elements held within "
+       "the element [r]. The unexpected element [a] remains un "
+       "processed\nPath: /r/a[2]"},
+      // Kept: behind an unknown element nothing is read any more.
+      {"<a>1</a><x/><b>2</b>", "E", "0=1"},
+      {"<x/><a>1</a>", "E", missing},
+  };
+  DrivenSchema schema(kAll, "r");
+  AddI4<CElementInfoAllPrimMnd>(schema, "a", 0);
+  AddI4<CElementInfoAllPrimOpt>(schema, "b", 1);
+  AddI4<CElementInfoAllPrimOpt>(schema, "c", 2);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.children) + row.options);
+    CDriven object(schema);
+    EXPECT_EQ(row.expected,
+              Read(object, std::string("<r>") + row.children + "</r>", Context(row.options)));
+  }
+}
+
+TEST(DriverReading, ManyMembersInReverse) {
+  constexpr int kMembers = 300;
+  DrivenSchema schema(kAll, "r");
+  std::string xml;
+  for (int index = 0; index < kMembers; ++index) {
+    const std::string name = "m" + std::to_string(index);
+    AddI4<CElementInfoAllPrimMnd>(schema, name.c_str(), 1000 + index);
+    AddAttribute(schema, name.c_str(), 2000 + index, false);
+    xml = "<" + name + ">1</" + name + ">" + xml;
+  }
+  std::string start = "<r";
+  for (int index = kMembers - 1; index >= 0; --index)
+    start += " m" + std::to_string(index) + "='2'";
+  CDriven object(schema);
+  object.FromXml((start + ">" + xml + "</r>").c_str());
+  EXPECT_EQ(2u * kMembers, object.values.size());
+}
+
+TEST(DriverReading, TheInnermostElementNamesThePlace) {
+  DrivenSchema leaf(kSequence, "leaf");
+  AddI4<CElementInfoSeqPrimOpt>(leaf, "a", 0);
+  AddI4<CElementInfoSeqPrimOpt>(leaf, "b", CSample::kBroken);
+  DrivenSchema middle(kSequence, "middle");
+  middle.Add<CElementInfoSeqClsMnd>("leaf", "", 0, kElement, nullptr, 0, false);
+  middle.init = [&](CSample& sample) { sample.Hold(0, new CDriven(leaf)); };
+  DrivenSchema root(kSequence, "root");
+  root.Add<CElementInfoSeqClsMnd>("middle", "", 0, kElement, nullptr, 0, false);
+  root.init = [&](CSample& sample) { sample.Hold(0, new CDriven(middle)); };
+  CDriven object(root);
+  const auto read = [&](const std::string& text) {
+    return Read(object, "<root><middle><leaf>" + text + "</leaf></middle></root>");
+  };
+  EXPECT_EQ(
+      "CQvValidationException: Failed to process the element.\nPath: /root/middle/leaf | "
+      "CQvInvalidValueException: The value [x] can not be converted to a i4",
+      read("<a>x</a>"));
+  EXPECT_EQ(
+      "CQvValidationException: Failed to set the property value.\nPath: /root/middle/leaf/b | "
+      "CQvException: no set",
+      read("<b>1</b>"));
+  EXPECT_EQ(
+      "CQvValidationException: Failed read all the elements held within the element [leaf]. The "
+      "unexpected element [z] remains un processed\nPath: /root/middle/leaf/z",
+      read("<z/>"));
+}
+
+TEST(DriverReading, WhatIsNotOfTheFamilyPassesUnchanged) {
+  struct CForeign {};
+  class CThrowing : public CDriven {
+   public:
+    using CDriven::CDriven;
+    void AccessProperty(int, bool, QvVariant&) override { throw CForeign(); }
+  };
+  DrivenSchema schema(kSequence, "r");
+  AddI4<CElementInfoSeqPrimOpt>(schema, "a", 0);
+  CThrowing object(schema);
+  EXPECT_THROW(object.FromXml("<r><a>1</a></r>"), CForeign);
+  EXPECT_THROW(Write(object), CForeign);
+}
+
+// --- The class and its metadata
+
+TEST(Driver, KeepsItsSlotOrder) {
+  using qv_test::SlotOf;
+  const auto first = SlotOf(&CXmlGeneratedClass::AccessProperty);
+  EXPECT_EQ(SlotOf(&CXmlObjectBase::FromXml_Int) + 1, first);
+  EXPECT_EQ(first + 1, SlotOf(&CXmlGeneratedClass::GetClassInfo));
+  EXPECT_EQ(first + 2, SlotOf(&CXmlGeneratedClass::GetClassElementInfo));
+  EXPECT_EQ(first + 3, SlotOf(&CXmlGeneratedClass::GetClassAttributeInfo));
+  EXPECT_EQ(first + 4, SlotOf(&CXmlGeneratedClass::Init));
+  // Behind two slots of destructors.
+  EXPECT_EQ(2u, SlotOf(&CElementInfo::ElementToXml));
+  EXPECT_EQ(3u, SlotOf(&CElementInfo::ElementFromXml));
+  EXPECT_EQ(4u, SlotOf(&CElementInfo::Validate));
+  EXPECT_EQ(5u, SlotOf(&CElementInfo::PseudoChildAttributeToXml));
+}
+
+TEST(Driver, AnswersQuestionsAboutItsMembers) {
+  DrivenSchema schema(kSequence, "r");
+  CDriven object(schema);
+  CXmlDocument document;
+  document.LoadXml("<b/>");
+  CXmlElement* const element = document.GetDocumentElement();
+  EXPECT_EQ(0, object.GetClassElementInfoCount());
+  EXPECT_FALSE(object.IsElementInList(Context(""), element));
+  AddI4<CElementInfoSeqPrimMnd>(schema, "a", 0);
+  EXPECT_FALSE(object.DoesElementContainOptionalElements());
+  AddI4<CElementInfoSeqPrimOpt>(schema, "b", 1);
+  EXPECT_TRUE(object.DoesElementContainOptionalElements());
+  EXPECT_EQ(2, object.GetClassElementInfoCount());
+  EXPECT_TRUE(object.IsElementInList(Context(""), element));
+  EXPECT_FALSE(object.IsElementInList(Context(""), nullptr));
+}
+
+TEST(Driver, CleansUpItsMetaData) {
+  const auto count = [] {
+    return CInstanceMonitor::GetCount("CParentElementInfo") +
+           CInstanceMonitor::GetCount("CElementInfoSeqCol") +
+           CInstanceMonitor::GetCount("CAttributeInfo");
+  };
+  const auto before = count();
+  auto* info = new CParentElementInfo(kSequence, kElement, nullptr, nullptr, true, true, -1,
+                                      ItemType_none, nullptr, false);
+  auto** elements = new CElementInfo* [3] {
+    new CElementInfoSeqCol(nullptr, nullptr, 0), new CElementInfoSeqCol("a", "", 0), nullptr
+  };
+  auto** attributes = new CAttributeInfo* [2] {
+    new CAttributeInfoAny(nullptr, nullptr, 0, true, nullptr, nullptr, nullptr), nullptr
+  };
+  EXPECT_TRUE(info->GetSecondFlag());
+  EXPECT_EQ(before + 4, count());
+  for (int round = 0; round < 2; ++round) {
+    CXmlGeneratedClass::CleanMetaData(info, elements, attributes);
+    EXPECT_EQ(nullptr, info);
+    EXPECT_EQ(nullptr, elements);
+    EXPECT_EQ(nullptr, attributes);
+    EXPECT_EQ(before, count());
+  }
+}
+
+// --- Nesting without end
+
+// As small as a generated class can be: an optional child of its own class, and the metadata that
+// say whether that is an element or a group.
+class CNode : public CXmlGeneratedClass {
+ public:
+  struct MetaData {
+    CParentElementInfo infos[2] = {
+        {kSequence, kElement, "n", "", true, false, -1, ItemType_none, "", false},
+        {kSequence, kGroup, "n", "", false, false, -1, ItemType_none, "", false}};
+    CElementInfoSeqClsOpt element{"n", "", 0, kElement, &CNode::Make, kElement};
+    CElementInfoSeqClsOpt group{"n", "", 0, kGroup, &CNode::Make, kGroup};
+    CElementInfo* elements[2][2] = {{&element, nullptr}, {&group, nullptr}};
+  };
+  /// There while a test runs.
+  inline static MetaData* s_metaData = nullptr;
+
+  explicit CNode(XmlElementType type) : CXmlGeneratedClass("n"), m_type(type) {}
+
+  std::string GetTargetNamespace() const override { return ""; }
+  std::string GetNamespace() const override { return ""; }
+  void AccessProperty(int, bool get, QvVariant& value) override {
+    if (get) {
+      value.SetXmlObject(child.Ptr());
+    } else {
+      child = value.GetXmlObject();
+    }
+  }
+  CParentElementInfo* GetClassInfo() const override { return &s_metaData->infos[m_type]; }
+  CElementInfo** GetClassElementInfo() const override { return s_metaData->elements[m_type]; }
+  CAttributeInfo** GetClassAttributeInfo() const override { return nullptr; }
+  void Init() override { child.reset(); }
+
+  static CSmartPtr<CXmlObjectBase> Make(int type, const char*) {
+    return new CNode(static_cast<XmlElementType>(type));
+  }
+
+  CSmartPtr<CXmlObjectBase> child;
+
+ private:
+  XmlElementType m_type;
+};
+
+// Nodes inside each other, which are released one after the other.
+class CNest {
+ public:
+  CNest(XmlElementType type, int depth) {
+    for (int level = 0; level < depth; ++level) {
+      const CSmartPtr<CXmlObjectBase> node = CNode::Make(type, "");
+      static_cast<CNode*>(node.Ptr())->child = m_outermost;
+      m_outermost = node;
+    }
+  }
+  ~CNest() {
+    while (m_outermost) {
+      const CSmartPtr<CXmlObjectBase> node = m_outermost;
+      m_outermost = static_cast<CNode*>(node.Ptr())->child;
+      static_cast<CNode*>(node.Ptr())->child.reset();
+    }
+  }
+  CXmlObjectBase& Get() { return *m_outermost; }
+
+ private:
+  CSmartPtr<CXmlObjectBase> m_outermost;
+};
+
+void RunOnSmallStack(const std::function<void()>& body) {
+  pthread_attr_t attributes;
+  ASSERT_EQ(0, pthread_attr_init(&attributes));
+  ASSERT_EQ(0, pthread_attr_setstacksize(&attributes, 256 * 1024));
+  pthread_t thread;
+  const auto run = [](void* argument) -> void* {
+    (*static_cast<const std::function<void()>*>(argument))();
+    return nullptr;
+  };
+  ASSERT_EQ(0,
+            pthread_create(&thread, &attributes, run, const_cast<std::function<void()>*>(&body)));
+  pthread_join(thread, nullptr);
+  pthread_attr_destroy(&attributes);
+}
+
+// The last message of the chain, without its number of levels.
+template <class TStatement>
+std::string CauseOf(const TStatement& statement) {
+  try {
+    statement();
+  } catch (const CQvException& caught) {
+    const CQvException* link = &caught;
+    while (link->GetInnerException() != nullptr) link = link->GetInnerException();
+    std::string text = link->GetMessage();
+    const size_t digits = text.find_first_of("0123456789");
+    if (digits == std::string::npos) return text;
+    return text.replace(digits, text.find_first_not_of("0123456789", digits) - digits, "N");
+  }
+  return "-";
+}
+
+TEST(DriverDepth, EndsInAnExceptionHoweverSmallTheStack) {
+  constexpr int kDepth = 1000000;
+  const std::string cause =
+      "The elements are nested too deeply for the stack of this thread, N levels were reached";
+  std::string xml;
+  for (int level = 0; level < kDepth; ++level) xml += "<n>";
+  for (int level = 0; level < kDepth; ++level) xml += "</n>";
+  CNode::MetaData metaData;
+  CNode::s_metaData = &metaData;
+  CNest elements(kElement, kDepth);
+  CNest groups(kGroup, kDepth);
+  RunOnSmallStack([&] {
+    CNode reader(kElement);
+    EXPECT_EQ(cause, CauseOf([&] { reader.FromXml(xml.c_str()); }));
+    EXPECT_EQ(cause, CauseOf([&] { elements.Get().ToXml(); }));
+    EXPECT_EQ(cause, CauseOf([&] { groups.Get().ToXml(); }));
+    RecordingWriter writer;
+    EXPECT_EQ(cause, CauseOf([&] { groups.Get().AttributesToXml_Int(&writer, Context("")); }));
+    // What failed leaves nothing behind: the next object starts at the first level.
+    reader.FromXml("<n><n/></n>");
+    EXPECT_EQ("<n><n/></n>", reader.ToXml(false, false));
+  });
+}
+
+}  // namespace

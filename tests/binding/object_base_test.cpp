@@ -1,0 +1,457 @@
+// What every bindable object has: entry points, references, guards for setters, events, and the
+// tests of names and namespaces.
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/binding/driven_class.h"
+#include "tests/support/qv_gtest.h"
+#include "tests/support/slot_of.h"
+#include "tests/support/temporary_folder.h"
+
+#include "qvxml/binding/typed_collections.h"
+#include "qvxml/binding/xml_object_base.h"
+#include "qvxml/support/instance_monitor.h"
+#include "qvxml/xml/untyped/element.h"
+#include "qvxml/xml/xml_document.h"
+
+using namespace QvXmlLib16;
+using namespace QvXmlLib16Data;
+using qv_test::CDriven;
+using qv_test::CSample;
+using qv_test::DrivenSchema;
+using qv_test::ReadFile;
+
+namespace {
+
+constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
+
+// An element <r> with an optional i4 <a> and an optional string <s>.
+class CXmlObjectBaseTest : public testing::Test {
+ protected:
+  CXmlObjectBaseTest() : schema(XmlElementGroupType_Sequence, "r"), object(schema) {
+    schema.Add<CElementInfoSeqPrimOpt>("a", "", 0, false, ItemType_i4, "", kCollapse,
+                                       CPrimitiveRestrictions("", -1, -1, "", "100"), "");
+    schema.Add<CElementInfoSeqPrimOpt>("s", "", 1, false, ItemType_string, "",
+                                       CWhitespaceUtils::ws_preserve, CPrimitiveRestrictions(), "");
+  }
+  void SetNumber(long value) { object.values[0].SetI4(value); }
+  void SetText(const std::string& value) { object.values[1].SetString(value); }
+
+  DrivenSchema schema;
+  CDriven object;
+  const CSerializationContext& ctx = CSerializationContext::m_defaultContext;
+};
+
+std::string BytesOf(const CBinaryData& data) {
+  return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+}
+
+// --- Slots
+
+TEST_F(CXmlObjectBaseTest, KeepsItsSlotOrder) {
+  using qv_test::SlotOf;
+  using C = CXmlObjectBase;
+  using Context = CSerializationContext;
+  const std::vector<std::uintptr_t> slots = {
+      SlotOf(&C::OnEvent),
+      SlotOf(&C::GetBase),
+      SlotOf(&C::ToXmlFile),
+      SlotOf(&C::ToXml),
+      SlotOf(&C::ToXmlStream),
+      SlotOf(&C::FromXmlFile),
+      SlotOf(static_cast<void (C::*)(const char*, const Context&)>(&C::FromXml)),
+      SlotOf(static_cast<void (C::*)(const wchar_t*, const Context&)>(&C::FromXml)),
+      SlotOf(static_cast<void (C::*)(unsigned char*, unsigned long, const Context&)>(
+          &C::FromXmlStream)),
+      SlotOf(static_cast<void (C::*)(const CBinaryData&, const Context&)>(&C::FromXmlStream)),
+      SlotOf(static_cast<void (C::*)(const CXmlElement*, const Context&)>(&C::FromXmlElement)),
+      SlotOf(static_cast<void (C::*)(const CElement*, const Context&)>(&C::FromXmlElement))};
+  for (size_t index = 0; index < slots.size(); ++index) {
+    // Only operations of other formats may stand between them.
+    EXPECT_TRUE(index == 0 ? slots[index] == 0 : slots[index] > slots[index - 1]) << index;
+  }
+  // The two destructors stand in between.
+  const auto next = slots.back() + 3;
+  EXPECT_EQ(next, SlotOf(&C::GetTargetNamespace));
+  EXPECT_EQ(next + 1, SlotOf(&C::GetNamespace));
+  EXPECT_EQ(next + 2, SlotOf(&C::AttributesToXml_Int));
+  EXPECT_EQ(next + 3, SlotOf(&C::ToXml_Int));
+  EXPECT_EQ(next + 4, SlotOf(&C::FromXml_Int));
+  EXPECT_EQ(next + 5, SlotOf(&CXmlCollectionBase::GetCount));
+  EXPECT_EQ(next + 6, SlotOf(&CXmlCollectionBase::Clear));
+  EXPECT_EQ(next + 7, SlotOf(&CXmlCollectionBase::Remove));
+  EXPECT_EQ(next + 8, SlotOf(&CXmlCollectionBase::ValidateCount));
+  EXPECT_EQ(next + 9, SlotOf(&CXmlCollectionBase::IsValidCount));
+  EXPECT_EQ(next + 10, SlotOf(&CXmlTypeCollection::AddFromString));
+  EXPECT_EQ(0u, SlotOf(&INillable::IsNil));
+  EXPECT_EQ(1u, SlotOf(&INillable::SetNil));
+}
+
+// --- Entry points
+
+TEST_F(CXmlObjectBaseTest, WritesTextBytesAndFilesAlike) {
+  const qv_test::TemporaryFolder folder;
+  const std::string path = folder.PathOf("r.xml");
+  SetNumber(5);
+  const struct {
+    bool hasHeader;
+    bool format;
+    EOLType eol;
+    const char* expected;
+  } rows[] = {
+      {true, true, EOL_LF, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<r>\n\t<a>5</a>\n</r>\n"},
+      {true, true, EOL_CRLF,
+       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<r>\r\n\t<a>5</a>\r\n</r>\r\n"},
+      {false, false, EOL_LF, "<r><a>5</a></r>"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.expected);
+    EXPECT_EQ(row.expected, object.ToXml(row.hasHeader, row.format, row.eol));
+    EXPECT_EQ(row.expected,
+              BytesOf(object.ToXmlStream(row.hasHeader, row.format, Encoding_UTF8, row.eol)));
+    for (const bool isAsync : {false, true}) {
+      CXmlObjectBase::AsyncToXmlFile(isAsync);
+      object.ToXmlFile(path.c_str(), row.hasHeader, row.format, Encoding_UTF8, row.eol);
+      CXmlObjectBase::AsyncToXmlFile(false);
+      const std::string file = ReadFile(path);
+      const std::string mark = "\xEF\xBB\xBF";
+      EXPECT_EQ(row.expected, file.substr(0, 3) == mark ? file.substr(3) : file) << isAsync;
+    }
+  }
+  EXPECT_EQ(rows[0].expected, object.ToXml());
+}
+
+TEST_F(CXmlObjectBaseTest, TheContextReachesTheWriter) {
+  SetNumber(5);
+  CSerializationContext options;
+  options.SetIndentChars("  ");
+  EXPECT_EQ("<r>\n  <a>5</a>\n</r>\n", object.ToXml(false, true, EOL_LF, options));
+  schema.Add<CElementInfoSeqPrimOpt>("d", "", 2, false, ItemType_i4, "", kCollapse,
+                                     CPrimitiveRestrictions(), "7");
+  object.values[2].SetI4(7);
+  EXPECT_EQ("<r><a>5</a><d/></r>", object.ToXml(false, false, EOL_LF, options));
+  options.SetWriteDefaultElementValues(true);
+  EXPECT_EQ("<r><a>5</a><d>7</d></r>", object.ToXml(false, false, EOL_LF, options));
+}
+
+TEST_F(CXmlObjectBaseTest, CompressesWhatGetsSmaller) {
+  const qv_test::TemporaryFolder folder;
+  const std::string path = folder.PathOf("r.gz");
+  SetText(std::string(1000, 'x'));
+  const std::string plain = object.ToXml();
+  for (const CompressionType type : {CompressionType_GZip, CompressionType_ZLib}) {
+    const CBinaryData data = object.ToXmlStream(true, true, Encoding_UTF8, EOL_LF, ctx, type);
+    EXPECT_EQ(type == CompressionType_GZip ? "\x1F\x8B" : "\x78\x01", BytesOf(data).substr(0, 2));
+    CDriven copy(schema);
+    copy.FromXmlStream(data);
+    EXPECT_EQ(plain, copy.ToXml());
+  }
+  for (const bool isAsync : {false, true}) {
+    CXmlObjectBase::AsyncToXmlFile(isAsync);
+    object.ToXmlFile(path.c_str(), true, true, Encoding_UTF8, EOL_LF, ctx, CompressionType_GZip);
+    CXmlObjectBase::AsyncToXmlFile(false);
+    EXPECT_EQ("\x1F\x8B", ReadFile(path).substr(0, 2));
+    CDriven copy(schema);
+    copy.FromXmlFile(path.c_str());
+    EXPECT_EQ(plain, copy.ToXml());
+  }
+  SetText("x");
+  EXPECT_QV_THROW(
+      object.ToXmlStream(false, false, Encoding_UTF8, EOL_LF, ctx, CompressionType_GZip),
+      CQvException, "Failed to compress data. [Error Code: 0]");
+}
+
+TEST_F(CXmlObjectBaseTest, AFileIsTouchedOnlyWhenTheDocumentIsWhole) {
+  const qv_test::TemporaryFolder folder;
+  const std::string path = folder.PathOf("r.xml");
+  EXPECT_QV_THROW(
+      object.ToXmlFile(path.c_str(), true, true, Encoding_UTF8, EOL_LF, ctx, CompressionType_ZLib),
+      CQvException, "ZLIB Compression only available for To Stream methods.");
+  SetNumber(101);
+  EXPECT_QV_THROW(object.ToXmlFile(path.c_str()), CQvValidationException,
+                  "Failed to convert the element [r] to XML");
+  EXPECT_EQ(0, folder.CountEntries());
+  // Written as it goes, it stays cut off.
+  CXmlObjectBase::AsyncToXmlFile(true);
+  CXmlObjectBase::AsyncFromXmlFile(true);
+  EXPECT_QV_THROW(object.ToXmlFile(path.c_str(), false, false), CQvValidationException,
+                  "Failed to convert the element [r] to XML");
+  CXmlObjectBase::AsyncToXmlFile(false);
+  CXmlObjectBase::AsyncFromXmlFile(false);
+  EXPECT_EQ(1, folder.CountEntries());
+}
+
+TEST_F(CXmlObjectBaseTest, ReadsFromEverySource) {
+  const qv_test::TemporaryFolder folder;
+  const std::string path = folder.PathOf("r.xml");
+  const std::string text = "<q><a>5</a></q>";
+  qv_test::WriteFile(path, text);
+  const auto expectRead = [&](const char* source) {
+    EXPECT_EQ("q 0=5", object.GetElementName() + " " + object.Dump()) << source;
+    object.SetElementName("");
+    object.Init();
+  };
+  object.FromXml(text.c_str());
+  expectRead("text");
+  object.FromXml(L"<q><a>5</a></q>");
+  expectRead("wide text");
+  object.FromXmlFile(path.c_str());
+  expectRead("file");
+  std::string bytes = text;
+  object.FromXmlStream(reinterpret_cast<unsigned char*>(bytes.data()), bytes.size());
+  expectRead("bytes");
+  object.FromXmlStream(CBinaryData(text.c_str()));
+  expectRead("data");
+  CXmlDocument document;
+  document.LoadXml(text.c_str());
+  object.FromXmlElement(document.GetDocumentElement());
+  expectRead("element");
+  const CSmartPtr<CElement> holder(new CElement("x"));
+  holder->FromXml(text.c_str());
+  object.FromXmlElement(holder.Ptr());
+  expectRead("holder");
+}
+
+TEST_F(CXmlObjectBaseTest, RefusesWhatIsNoDocument) {
+  EXPECT_QV_THROW(object.FromXml(""), CQvException, "XML String is empty!");
+  EXPECT_QV_THROW(object.FromXml(static_cast<const char*>(nullptr)), CQvException,
+                  "XML String is empty!");
+  EXPECT_QV_THROW(object.FromXml(static_cast<const wchar_t*>(nullptr)), CQvException,
+                  "XML String is empty!");
+  EXPECT_QV_THROW(object.FromXmlStream(nullptr, 0), CQvException, "XML Stream is empty!");
+  EXPECT_QV_THROW(object.FromXmlStream(CBinaryData()), CQvException, "XML Stream is empty!");
+  EXPECT_QV_THROW(object.FromXmlFile(nullptr), CQvException, "Failed to open the file [].");
+  EXPECT_QV_THROW(object.FromXmlElement(static_cast<const CXmlElement*>(nullptr)),
+                  CQvInvalidParamException, "The element to read may not be NULL");
+  EXPECT_QV_THROW(object.FromXmlElement(static_cast<const CElement*>(nullptr)),
+                  CQvInvalidParamException, "The element to read may not be NULL");
+  EXPECT_THROW(object.ToXmlFile(nullptr), CQvException);
+  EXPECT_THROW(object.ToXmlFile("/nowhere/r.xml"), CQvException);
+}
+
+// --- References
+
+TEST_F(CXmlObjectBaseTest, LivesUntilItsLastReferenceGoes) {
+  const auto before = CInstanceMonitor::GetCount("CXmlObjectBase");
+  auto* first = new CDriven(schema);
+  EXPECT_EQ(1, first->AddRef());
+  EXPECT_EQ(2, first->AddRef());
+  first->SetElementName("first");
+  // A copy starts without references; an assignment leaves them alone.
+  auto* second = new CDriven(*first);
+  EXPECT_EQ("first", second->GetElementName());
+  EXPECT_EQ(1, second->AddRef());
+  first->SetElementName(nullptr);
+  static_cast<CXmlObjectBase&>(*second) = *first;
+  EXPECT_EQ("", second->GetElementName());
+  EXPECT_EQ(before + 2, CInstanceMonitor::GetCount("CXmlObjectBase"));
+  EXPECT_EQ(0, second->Release());
+  EXPECT_EQ(1, first->Release());
+  EXPECT_EQ(0, first->Release());
+  EXPECT_EQ(before, CInstanceMonitor::GetCount("CXmlObjectBase"));
+}
+
+// --- Guards
+
+TEST_F(CXmlObjectBaseTest, GuardsOfSetters) {
+  EXPECT_NO_THROW(CXmlObjectBase::Throw_IfPropertyIsNull(&object, "P"));
+  EXPECT_QV_THROW(CXmlObjectBase::Throw_IfPropertyIsNull(nullptr, "P"), CQvInvalidParamException,
+                  "The Property [P] is mandatory, it may node be NULL");
+  EXPECT_NO_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(nullptr, "x"));
+  EXPECT_NO_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(&object, "r"));
+  EXPECT_QV_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(&object, "x"),
+                  CQvInvalidParamException,
+                  "This property requires an element with the name x the element being set has "
+                  "the element name r");
+  // The name is the one of what a wrapper stands for.
+  struct CWrapper : CDriven {
+    CWrapper(DrivenSchema& schema, CXmlObjectBase& item) : CDriven(schema), m_item(item) {
+      SetElementName("wrapper");
+    }
+    CXmlObjectBase* GetBase() override { return &m_item; }
+    CXmlObjectBase& m_item;
+  } wrapper(schema, object);
+  EXPECT_NO_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(&wrapper, "r"));
+}
+
+TEST_F(CXmlObjectBaseTest, GuardsOfChoices) {
+  const std::string plain = "The Property ";
+  const std::string rest =
+      " is already set. Only one element within this class bay be set at a time";
+  const auto setValid = [](bool isValid, const char* name) {
+    return [=](std::string& selected) {
+      CXmlObjectBase::Choice_SetElementValid(isValid, name, selected);
+    };
+  };
+  const auto select = [&](const char* name, bool hasValue) {
+    CXmlObjectBase* const value = hasValue ? &object : nullptr;
+    return
+        [=](std::string& selected) { CXmlObjectBase::Choice_SelectElement(name, value, selected); };
+  };
+  const auto changed = [](const char* name, long count) {
+    return [=](std::string& selected) {
+      CXmlObjectBase::Choice_CollectionChanged(name, count, selected);
+    };
+  };
+  const struct {
+    const char* name;
+    std::function<void(std::string&)> guard;
+    const char* before;
+    const char* after;
+    std::string message;
+  } rows[] = {
+      {"valid, selected", setValid(true, "a"), "a", "a", ""},
+      {"valid, none selected", setValid(true, "a"), "", "", plain + rest},
+      {"valid, other selected", setValid(true, "a"), "b", "b", plain + "b" + rest},
+      {"not valid, selected", setValid(false, "a"), "a", "", ""},
+      {"not valid, other selected", setValid(false, "a"), "b", "", ""},
+      {"value, selected", select("a", true), "a", "a", ""},
+      {"null, selected", select("a", false), "a", "", ""},
+      {"value, none selected", select("a", true), "", "a", ""},
+      {"null, none selected", select("a", false), "", "a", ""},
+      {"value, other selected", select("a", true), "b", "b", plain + "[b]" + rest},
+      {"null, other selected", select("a", false), "b", "b", ""},
+      {"items, selected", changed("a", 2), "a", "a", ""},
+      {"no items, selected", changed("a", 0), "a", "", ""},
+      {"items, none selected", changed("a", 2), "", "a", ""},
+      {"no items, none selected", changed("a", 0), "", "", ""},
+      {"items, other selected", changed("a", 2), "b", "b", plain + "[b]" + rest},
+      {"no items, other selected", changed("a", 0), "b", "b", ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    std::string selected = row.before;
+    if (row.message.empty()) {
+      EXPECT_NO_THROW(row.guard(selected));
+    } else {
+      EXPECT_QV_THROW(row.guard(selected), CQvInvalidStateException, row.message);
+    }
+    EXPECT_EQ(row.after, selected);
+  }
+}
+
+TEST_F(CXmlObjectBaseTest, ReadsTheCollectionOfAChoice) {
+  Ci4Col collection("i", "", 0, Ci4Col::kUnbounded, CPrimitiveRestrictions(), kCollapse);
+  collection.Add(1);
+  CXmlDocument document;
+  document.LoadXml("<r><i>2</i><i>3</i><j/></r>");
+  CXmlElement* const root = document.GetDocumentElement();
+  CXmlElement* cursor = root->GetFirstElement();
+  long count = 10;
+  CXmlObjectBase::Choice_Read_Collection(&collection, root, cursor, count, ctx);
+  EXPECT_EQ("j", cursor->GetLocalName());
+  EXPECT_EQ(12, count);
+  EXPECT_EQ(3, collection.GetCount());
+}
+
+// --- Events
+
+TEST_F(CXmlObjectBaseTest, EventsSayWhatHappenedToWhich) {
+  struct CSink final : IEventSink {
+    void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override {
+      isFromCollection = isFromCollection && source == expectedSource;
+      log += std::to_string(type);
+      log += data == nullptr ? "-"
+             : data == item  ? "item"
+                             : std::to_string(*static_cast<int*>(data));
+      log += ' ';
+    }
+    CXmlObjectBase* expectedSource = nullptr;
+    void* item = nullptr;
+    bool isFromCollection = true;
+    std::string log;
+  } sink;
+  Ci4Col collection("i", "", 0, Ci4Col::kUnbounded, CPrimitiveRestrictions(), kCollapse);
+  long item = 0;
+  sink.expectedSource = &collection;
+  sink.item = &item;
+  CXmlObjectBase::FireOnCollectionChangeEvent(&sink, &collection);
+  CXmlObjectBase::FireOnCollectionAddEvent(&sink, &collection, &item);
+  CXmlObjectBase::FireOnCollectionAddCompleteEvent(&sink, &collection, &item);
+  CXmlObjectBase::FireOnCollectionRemoveEvent(&sink, &collection, 7);
+  CXmlObjectBase::FireOnCollectionRemoveEvent(&sink, &collection, -1);
+  CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(&sink, &collection, 0);
+  CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(&sink, &collection, -1);
+  EXPECT_EQ("0- 1item 2item 37 3- 40 4- ", sink.log);
+  EXPECT_TRUE(sink.isFromCollection);
+  // An object that does not care is no obstacle.
+  EXPECT_NO_THROW(CXmlObjectBase::FireOnCollectionAddEvent(&object, &collection, &item));
+}
+
+// --- Names and namespaces
+
+TEST_F(CXmlObjectBaseTest, MatchesNames) {
+  CXmlDocument document;
+  document.LoadXml("<p:n xmlns:p='urn:p'/>");
+  const CXmlElement* const element = document.GetDocumentElement();
+  CSerializationContext ignoring;
+  ignoring.SetIgnoreNamespaces(true);
+  CSerializationContext localNames;
+  localNames.SetSchemaType(SchemaType_LocalNames);
+  EXPECT_TRUE(object.DoesElementNameMatch(ctx, element, "n", "urn:p"));
+  EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "n", "urn:P"));
+  EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "N", "urn:p"));
+  EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "n", nullptr));
+  EXPECT_TRUE(object.DoesElementNameMatch(ignoring, element, "n", "urn:x"));
+  EXPECT_FALSE(object.DoesElementNameMatch(ignoring, element, "x", "urn:p"));
+  EXPECT_TRUE(object.DoesElementNameMatch(localNames, element, "n", "urn:x"));
+  EXPECT_FALSE(object.DoesElementNameMatch(ctx, nullptr, "n", ""));
+}
+
+TEST_F(CXmlObjectBaseTest, TestsNamespacesAgainstAList) {
+  const struct {
+    const char* list;
+    const char* target;
+    const char* namespaceUri;
+    bool expected;
+  } rows[] = {
+      {"##any", "urn:t", "urn:x", true},
+      {"##any", "urn:t", "", true},
+      {"##other", "urn:t", "urn:t", false},
+      {"##other", "urn:t", "urn:x", true},
+      {"##other", "urn:t", "", true},
+      {"##other", "", "", false},
+      {"##local", "urn:t", "", true},
+      {"##local", "urn:t", "urn:t", false},
+      {"##targetNamespace", "urn:t", "urn:t", true},
+      {"##targetNamespace", "urn:t", "", false},
+      {"##local ##targetNamespace", "urn:t", "urn:t", true},
+      {"##local ##targetNamespace", "urn:t", "", true},
+      {"##local ##targetNamespace", "urn:t", "urn:x", false},
+      {"urn:a", "urn:t", "urn:a", true},
+      {"urn:a", "urn:t", "urn:b", false},
+      {"urn:a", "urn:t", "", true},
+      // Kept: the whole list is the URI.
+      {"urn:a urn:b", "urn:t", "urn:a", false},
+      {"urn:a urn:b", "urn:t", "urn:b", false},
+      {"urn:a urn:b", "urn:t", "urn:a urn:b", true},
+      {"urn:a urn:b", "urn:t", "", true},
+      {"##targetNamespace urn:a", "urn:t", "urn:t", true},
+      {"##targetNamespace urn:a", "urn:t", "urn:a", false},
+      {"##Any", "urn:t", "urn:x", false},
+      {"", "urn:t", "", false},
+      {"", "", "", false},
+      {"  ", "urn:t", "", false},
+      {"  ##any ", "urn:t", "urn:x", true},
+      {"##any##other", "urn:t", "urn:x", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE("[" + std::string(row.namespaceUri) + "] in [" + row.list + "]");
+    EXPECT_EQ(row.expected, object.IsNamespaceValid(row.namespaceUri, row.list, row.target));
+    if (row.expected) {
+      EXPECT_TRUE(object.TestNamespace(row.namespaceUri, row.list, row.target));
+    } else {
+      EXPECT_QV_THROW(object.TestNamespace(row.namespaceUri, row.list, row.target),
+                      CQvInvalidNamespaceException,
+                      "Invalid namespace [" + std::string(row.namespaceUri) +
+                          "]. The namespace must be one of [" + row.list +
+                          "] where the target namespace is [" + row.target + "].");
+    }
+  }
+  EXPECT_FALSE(object.IsNamespaceValid(nullptr, nullptr, nullptr));
+}
+
+}  // namespace
