@@ -25,5 +25,19 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/qvxml-config-version.cmak
 install(FILES ${PROJECT_BINARY_DIR}/qvxml-config.cmake
               ${PROJECT_BINARY_DIR}/qvxml-config-version.cmake DESTINATION ${package_dir})
 
+# Found from its own place, so that the installed tree may be moved. An absolute library folder, as
+# some distributions set, has no place relative to the prefix.
+set(pc_prefix ${CMAKE_INSTALL_PREFIX})
+set(pc_libdir ${CMAKE_INSTALL_FULL_LIBDIR})
+set(pc_includedir ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  file(RELATIVE_PATH pc_up "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+  string(REGEX REPLACE "/$" "" pc_up "${pc_up}")
+  set(pc_prefix "\${pcfiledir}/${pc_up}")
+  set(pc_libdir "\${prefix}/${CMAKE_INSTALL_LIBDIR}")
+  if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_INCLUDEDIR}")
+    set(pc_includedir "\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}")
+  endif()
+endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/qvxml.pc.in ${PROJECT_BINARY_DIR}/qvxml.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qvxml.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

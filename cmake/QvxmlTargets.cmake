@@ -24,7 +24,6 @@ function(qvxml_layer name)
   add_library(qvxml_${name} OBJECT ${LAYER_SOURCES})
   target_include_directories(qvxml_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(qvxml_${name} PRIVATE qvxml_options ${LAYER_LIBRARIES})
-  target_compile_definitions(qvxml_${name} PRIVATE QVXML_BUILDING)
   set_target_properties(
     qvxml_${name}
     PROPERTIES POSITION_INDEPENDENT_CODE ON

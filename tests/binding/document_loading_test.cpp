@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/qv_gtest.h"
+#include "tests/support/xml_dump.h"
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/xml/compression.h"
 #include "qvxml/xml/xml_document.h"
-#include "tests/support/qv_gtest.h"
-#include "tests/support/xml_dump.h"
 
 using namespace QvXmlLib16;
 using qv_test::Dump;
@@ -58,6 +58,21 @@ bool RemoveItems(CXmlElement* element) { return element->GetLocalName() == "i"; 
 bool ThrowAtItem(CXmlElement* element) {
   if (element->GetLocalName() == "i") throw std::runtime_error("item");
   return false;
+}
+
+// The document whose callbacks change the children of its root.
+CXmlDocument* Changed = nullptr;
+
+bool DeleteItemAndRemove(CXmlElement* element) {
+  if (!RemoveItems(element)) return false;
+  delete Changed->GetDocumentElement()->RemoveLastChildElement();
+  return true;
+}
+
+bool AddAfterItemAndRemove(CXmlElement* element) {
+  if (!RemoveItems(element)) return false;
+  Changed->GetDocumentElement()->CreateNewChildElement()->SetElementName("new");
+  return true;
 }
 
 long MaxLiveElements = 0;
@@ -204,6 +219,19 @@ TEST_F(CDocumentLoadingTest, RemovesWhatTheCallbackHasConsumed) {
   CXmlDocument items(RemoveItems, keepsCDATA);
   items.LoadXml("<a><k/><i/><i/><k><i/><![CDATA[x]]></k><i/></a>");
   EXPECT_EQ(Dump(items.GetDocumentElement()), "a [k, k '<![CDATA[x]]>']");
+}
+
+TEST_F(CDocumentLoadingTest, RemovesNoElementButTheCompletedOne) {
+  const struct {
+    CXmlDocument::ElementCompleteCallback callback;
+    const char* tree;
+  } rows[] = {{DeleteItemAndRemove, "a [b, c]"}, {AddAfterItemAndRemove, "a [b, new, c, new]"}};
+  for (const auto& row : rows) {
+    CXmlDocument document(row.callback);
+    Changed = &document;
+    document.LoadXml("<a><b/><i/><c/><i/></a>");
+    EXPECT_EQ(Dump(document.GetDocumentElement()), row.tree);
+  }
 }
 
 TEST_F(CDocumentLoadingTest, StreamsWithFewElementsAlive) {

@@ -230,7 +230,9 @@ TEST(ElementInfoClasses, EachIsWhatItsNameSays) {
   EXPECT_EQ(43u, infos.size());
   Schema schema(XmlElementGroupType_Sequence, "r");
   const CSample object(schema);
-  for (const auto& [name, info] : infos) {
+  for (const auto& row : infos) {
+    const std::string& name = row.first;
+    const CElementInfo* const info = row.second.get();
     SCOPED_TRACE(name);
     EXPECT_EQ(1, CInstanceMonitor::GetCount(name.c_str()));
     if (name.find("All") != std::string::npos) {

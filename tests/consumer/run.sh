@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the build tree into a temporary prefix, then builds and runs a user's program against it:
-# with the CMake package and with pkg-config.
+# Installs the build tree into a temporary prefix and moves it, then builds and runs a user's program
+# against it: with the CMake package and with pkg-config. Looks at what the library exports, too.
 set -euo pipefail
 
 build_dir=$1
@@ -22,7 +22,8 @@ check() {
   echo "$how: $actual"
 }
 
-cmake --install "$build_dir" --prefix "$work/prefix" > "$work/install.log"
+cmake --install "$build_dir" --prefix "$work/installed" > "$work/install.log"
+mv "$work/installed" "$work/prefix"
 
 cmake -S "$source_dir" -B "$work/build" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
   -DCMAKE_CXX_FLAGS="${flags[*]-}" -DCMAKE_PREFIX_PATH="$work/prefix" > "$work/configure.log"
@@ -31,13 +32,16 @@ check "CMake package" "$("$work/build/consumer")"
 
 pc_dir=$(dirname "$(find "$work/prefix" -name qvxml.pc)")
 export PKG_CONFIG_PATH=$pc_dir
-# The install step moved the prefix, as a package build does.
-read -ra pc_flags <<< "$(pkg-config --define-variable=prefix="$work/prefix" \
-  --define-variable=libdir="$(dirname "$pc_dir")" \
-  --define-variable=includedir="$work/prefix/include" --cflags --libs qvxml)"
-"$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Werror ${flags[@]+"${flags[@]}"} \
+read -ra pc_flags <<< "$(pkg-config --cflags --libs qvxml)"
+"$compiler" -std=c++17 -Wall -Wextra -Wpedantic -Wshadow -Werror ${flags[@]+"${flags[@]}"} \
   "$source_dir/main.cpp" -o "$work/consumer" "${pc_flags[@]}"
 check "pkg-config" "$(LD_LIBRARY_PATH=$(dirname "$pc_dir") "$work/consumer")"
 
-soname=$(readelf -d "$(dirname "$pc_dir")/libqvxml.so" | sed -n 's/.*soname: \[\(.*\)\]/\1/p')
+library=$(dirname "$pc_dir")/libqvxml.so
+soname=$(readelf -d "$library" | sed -n 's/.*soname: \[\(.*\)\]/\1/p')
 [ "$soname" = "libqvxml.so.16" ] || { echo "soname is '$soname'" >&2; exit 1; }
+
+# Sanitizers add symbols of their own.
+strangers=$(nm -DC --defined-only "$library" | cut -d' ' -f3- |
+  grep -Ev '(^| )(QvXmlLib16(Data)?::|ConvertUTF|(Unicode|UTF8|UTF16)To|(Is|Does)[A-Za-z]*U)|^__' || true)
+[ -z "$strangers" ] || { printf 'exported, but not of the interface:\n%s\n' "$strangers" >&2; exit 1; }

@@ -18,6 +18,7 @@ namespace {
 static_assert(!std::is_base_of_v<std::exception, CQvException>);
 static_assert(!std::is_convertible_v<std::string, CQvException>);
 static_assert(std::is_nothrow_move_constructible_v<CQvInvalidValueException>);
+static_assert(sizeof(CQvInvalidValueException) == sizeof(CQvException));
 
 // As an application writes one: only Clone is overridden.
 class CUserException : public CQvValidationException {
@@ -139,6 +140,27 @@ TEST(CQvException, ClonesTheMostDerivedClass) {
   ExpectCloneKeepsClass(CQvInvalidParamException("m", inner));
   ExpectCloneKeepsClass(CQvOverFlowException("m", inner));
   ExpectCloneKeepsClass(CUserException("m", 7));
+}
+
+TEST(CQvException, CountsUnderItsClassAndTheBases) {
+  const auto count = [](const char* name) { return CInstanceMonitor::GetCount(name); };
+  const long before = count("CQvException");
+  {
+    const CQvInvalidValueException value("m");
+    const CQvInvalidValueException copy(value);
+    const CQvInvalidNamespaceException ns("m", "/p");
+    const CQvInvalidStateException state("m", CQvInvalidParamException("why"));
+    const CQvOverFlowException overFlow("m");
+    EXPECT_EQ(count("CQvException"), before + 6);
+    EXPECT_EQ(count("CQvValidationException"), 3);
+    EXPECT_EQ(count("CQvInvalidValueException"), 2);
+    EXPECT_EQ(count("CQvInvalidNamespaceException"), 1);
+    EXPECT_EQ(count("CQvInvalidStateException"), 1);
+    EXPECT_EQ(count("CQvInvalidParamException"), 1);
+    EXPECT_EQ(count("CQvOverFlowException"), 1);
+  }
+  EXPECT_EQ(count("CQvException"), before);
+  EXPECT_EQ(count("CQvValidationException"), 0);
 }
 
 TEST(CQvException, ConvertsFromAnyOther) {

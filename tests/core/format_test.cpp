@@ -48,7 +48,8 @@ TEST(FormatString, KeepsWhatATextBufferWouldLose) {
 }
 
 TEST(FormatString, StoresNothing) {
-  for (const char* const format : {"a%nb%d", "a%lnb%d", "a%5nb%d", "a%hhnb%d", "a%1$nb%2$d"}) {
+  for (const char* const format :
+       {"a%nb%d", "a%lnb%d", "a%Znb%d", "a%5nb%d", "a%hhnb%d", "a%1$nb%2$d"}) {
     SCOPED_TRACE(format);
     long target = 7;
     EXPECT_EQ(FormatUnchecked(format, &target, 5), "ab5");

@@ -134,15 +134,18 @@ TEST(LocaleText, SurvivesAThreadThatSwitchesLocales) {
   const qv_test::CTestLocale locale("de_DE", "ISO-8859-1");
   if (!locale.IsAvailable()) GTEST_SKIP() << "the locale sources are not installed";
   const std::string name = std::setlocale(LC_ALL, nullptr);
-  setenv("LOCPATH", "", 1);
+  const std::string text = "\xC3\xA9";
+  // Looks for C.UTF-8, once for the process, while LOCPATH does not hide it.
+  { const CInvariantLocaleScope made; }
+  setenv("LOCPATH", locale.GetFolder(), 1);
   std::atomic<bool> isDone{false};
+  std::atomic<bool> hasSwitched{true};
   std::thread switcher([&] {
     while (!isDone) {
       std::setlocale(LC_CTYPE, "C");
-      std::setlocale(LC_CTYPE, name.c_str());
+      if (std::setlocale(LC_CTYPE, name.c_str()) == nullptr) hasSwitched = false;
     }
   });
-  const std::string text = "\xC3\xA9";
   for (int i = 0; i < 20000; ++i) {
     const std::string converted = ToUtf8(text);
     // As UTF-8, or as two characters of Latin-1; never a mixture.
@@ -151,4 +154,5 @@ TEST(LocaleText, SurvivesAThreadThatSwitchesLocales) {
   isDone = true;
   switcher.join();
   unsetenv("LOCPATH");
+  EXPECT_TRUE(hasSwitched);
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Reads every include line of the library and fails on an edge that goes up or round in a circle,
-on a header that does not include itself alone, and on an include of a file that is not there."""
+on a file outside every layer, and on an include of a file that is not there."""
 
 import pathlib
 import re

@@ -39,6 +39,9 @@ class CTestLocale {
   /// False where the locale sources are not installed; the test is to be skipped then.
   bool IsAvailable() const { return m_isAvailable; }
 
+  /// Value of LOCPATH with which setlocale finds the locale again after another one was chosen.
+  const char* GetFolder() const { return m_folder.c_str(); }
+
  private:
   std::filesystem::path m_folder;
   bool m_isAvailable = false;

@@ -113,10 +113,32 @@ TEST(CDecimal, LimitsDigitsExponentsAndScales) {
     SCOPED_TRACE(text);
     EXPECT_QV_THROW(CDecimal(text.c_str()), CQvInvalidValueException, InvalidChar(5, text));
   }
-  EXPECT_EQ(CDecimal("1E1000000").GetIntegerDigitCount(), 1000001u);
+  EXPECT_EQ(CDecimal("0.1E1000000").GetIntegerDigitCount(), 1000000u);
   EXPECT_EQ(CDecimal("1E-1000000").GetFractionalDivider(), 1000000);
+  EXPECT_QV_THROW(CDecimal("888888883E1000000"), CQvInvalidValueException,
+                  InvalidChar(9, "888888883E1000000"));
 
   CBigInteger::SetDigitLimit(4);
+  // What is read can be written and read again.
+  const struct {
+    const char* text;
+    const char* written;  // nullptr: refused at the exponent
+  } exponents[] = {
+      {"1E3", "1000"},     {"1E4", nullptr},    {"9.9E3", "9900"},  {"9.9E4", nullptr},
+      {"0.01E5", "1000"},  {"0.01E6", nullptr}, {"1E-4", "0.0001"}, {"1E-5", nullptr},
+      {"10E-5", "0.0001"}, {"11E-5", nullptr},  {"12E-3", "0.012"}, {"0.1E-4", nullptr},
+      {"1.25E1", "12.5"},  {"1200E-1", "120"},  {"0E99", "0"},      {"-0.00E-99", "0"},
+  };
+  for (const auto& row : exponents) {
+    SCOPED_TRACE(row.text);
+    if (row.written != nullptr) {
+      EXPECT_EQ(CDecimal(row.text).ToString(), row.written);
+      EXPECT_EQ(CDecimal(row.written).ToString(), row.written);
+    } else {
+      EXPECT_QV_THROW(CDecimal(row.text), CQvInvalidValueException,
+                      InvalidChar(std::string(row.text).find('E'), row.text));
+    }
+  }
   EXPECT_EQ(CDecimal("0012.34").ToString(), "12.34");
   EXPECT_QV_THROW(CDecimal("0012.345"), CQvInvalidValueException, InvalidChar(7, "0012.345"));
   EXPECT_QV_THROW(CDecimal("12345.6"), CQvInvalidValueException, InvalidChar(4, "12345.6"));
@@ -246,7 +268,7 @@ TEST(CDecimal, ConvertsToTheNearestDouble) {
     EXPECT_EQ(CDecimal(text).ToDouble(), expected);
     EXPECT_EQ(std::signbit(CDecimal(text).ToDouble()), std::signbit(expected));
   }
-  for (const char* text : {"1.8e308", "-1e309", "1e310", "1e1000000"}) {
+  for (const char* text : {"1.8e308", "-1e309", "1e310", "1e999999"}) {
     SCOPED_TRACE(text);
     EXPECT_QV_THROW(CDecimal(text).ToDouble(), CQvOverFlowException,
                     "The Decimal value if to large to fit into a Double");

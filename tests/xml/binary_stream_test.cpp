@@ -155,6 +155,21 @@ TEST(CFileBinaryStream, RespectsWriteProtection) {
   EXPECT_EQ("new", ReadFile(path));
 }
 
+// The name of a temporary file makes the longest possible path too long.
+TEST(CFileBinaryStream, WritesToTheLongestPath) {
+  constexpr size_t kLongest = 4095;
+  const TemporaryFolder folder;
+  std::string path = folder.PathOf("");
+  while (path.size() + 2 < kLongest) path += "./";
+  path.append(kLongest - path.size(), 'x');
+  for (const char* content : {"new", "replaced"}) {
+    ToFile(path, content);
+    EXPECT_EQ(content, ReadFile(path));
+  }
+  EXPECT_QV_THROW(ToFile(path + "x", "x"), CQvException, FailureOf(path + "x"));
+  EXPECT_EQ(1, folder.CountEntries());
+}
+
 TEST(CFileBinaryStream, WritesIntoWhatIsNoRegularFile) {
   const TemporaryFolder folder;
   const std::string path = folder.PathOf("fifo");

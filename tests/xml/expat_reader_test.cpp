@@ -3,13 +3,13 @@
 #include <functional>
 #include <string>
 
+#include "tests/support/qv_gtest.h"
+#include "tests/support/test_locale.h"
+#include "tests/support/xml_dump.h"
 #include <pthread.h>
 
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/xml/xml_document.h"
-#include "tests/support/qv_gtest.h"
-#include "tests/support/test_locale.h"
-#include "tests/support/xml_dump.h"
 
 using namespace QvXmlLib16;
 using qv_test::Dump;
@@ -64,9 +64,9 @@ TEST_F(CExpatReaderTest, KeepsNamesAttributesAndText) {
     const char* name;
     std::string xml, tree;
   } rows[] = {
-      {"text in several runs", "<a>x &amp; y&#233;<!-- c -->z<?p i?>!</a>",
-       "a 'x & y\xC3\xA9z!'"},
-      {"text around children", "<a> 1<b>2<c>3</c>4</b>5<b/>6 </a>", "a ' 156 ' [b '24' [c '3'], b]"},
+      {"text in several runs", "<a>x &amp; y&#233;<!-- c -->z<?p i?>!</a>", "a 'x & y\xC3\xA9z!'"},
+      {"text around children", "<a> 1<b>2<c>3</c>4</b>5<b/>6 </a>",
+       "a ' 156 ' [b '24' [c '3'], b]"},
       {"carriage returns", "<a>1\r\n2\r3&#13;&#10;4&#13;</a>", "a '1\n2\n3\n4'"},
       {"carriage return in a value", "<a b='1&#13;2'/>", "a(b='1\r2')"},
       {"default namespace", "<a xmlns='urn:d' b='1'><c/></a>", "{urn:d}a(b='1') [{urn:d}c]"},
@@ -210,12 +210,27 @@ TEST_F(CExpatReaderTest, LoadsAMillionLevelsOnASmallStack) {
   });
 }
 
+// Large enough to reach the parser in pieces, which cut characters, line ends and the long value.
+TEST_F(CExpatReaderTest, ReadsLargeInputInPieces) {
+  constexpr size_t kLines = 2500000;
+  const std::string value(5000000, 'v');
+  const std::string start = "<a n='" + value + "'>" + Repeat("0123456789\xC3\xA9\r\n", kLines);
+  CXmlDocument document;
+  document.LoadXml((start + "</a>").c_str());
+  EXPECT_TRUE(document.GetDocumentElement()->GetText() == Repeat("0123456789\xC3\xA9\n", kLines));
+  EXPECT_TRUE(document.GetDocumentElement()->GetAttribute("n", "") == value);
+  EXPECT_QV_THROW(document.LoadXml((start + "</b>").c_str()), CQvException,
+                  "mismatched tag at line 2500001");
+}
+
 TEST_F(CExpatReaderTest, ConvertsTextToTheLocale) {
   const qv_test::CTestLocale locale("de_DE", "ISO-8859-1");
   if (!locale.IsAvailable()) GTEST_SKIP() << "the locale sources are not installed";
   CXmlDocument document;
-  document.LoadXml("<p:\xC3\xA4 xmlns:p='urn:\xC3\xB6' \xC3\xBC='\xE2\x82\xAC\xC3\xA9'>"
-                   "gr\xC3\xBC\xC3\x9F <b/><b/></p:\xC3\xA4>");
-  EXPECT_EQ(Dump(document.GetDocumentElement()), "{urn:\xF6}\xE4(\xFC='?\xE9') 'gr\xFC\xDF ' [b, b]");
+  document.LoadXml(
+      "<p:\xC3\xA4 xmlns:p='urn:\xC3\xB6' \xC3\xBC='\xE2\x82\xAC\xC3\xA9'>"
+      "gr\xC3\xBC\xC3\x9F <b/><b/></p:\xC3\xA4>");
+  EXPECT_EQ(Dump(document.GetDocumentElement()),
+            "{urn:\xF6}\xE4(\xFC='?\xE9') 'gr\xFC\xDF ' [b, b]");
   EXPECT_EQ(document.LookupAliasFromNamespace("urn:\xF6"), "p");
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/slot_of.h"
 #include "tests/support/temporary_folder.h"
 
 namespace {
@@ -16,6 +17,13 @@ constexpr char kText[] = "a\xC3\xA9";
 
 std::string BytesOf(const CBinaryData& data) {
   return std::string(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
+}
+
+TEST(CTextStream, KeepsItsSlotOrder) {
+  // Slots 0 and 1 are the two destructors.
+  EXPECT_EQ(2u, qv_test::SlotOf(&CTextStream::Open));
+  EXPECT_EQ(3u, qv_test::SlotOf(&CTextStream::Close));
+  EXPECT_EQ(4u, qv_test::SlotOf(&CTextStream::Flush));
 }
 
 TEST(CTextStream, EncodesItsText) {

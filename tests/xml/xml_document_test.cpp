@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/slot_of.h"
 #include "tests/support/xml_dump.h"
 
 using namespace QvXmlLib16;
@@ -35,6 +36,24 @@ class CXmlDocumentTest : public testing::Test {
 };
 
 }  // namespace
+
+TEST_F(CXmlDocumentTest, CleansUpThroughTheSlotBehindTheDestructors) {
+  class CWatched : public CXmlDocument {
+   public:
+    void Cleanup() override {
+      ++m_cleanups;
+      CXmlDocument::Cleanup();
+    }
+    int m_cleanups = 0;
+  };
+  EXPECT_EQ(qv_test::SlotOf(&CXmlDocument::Cleanup), 2u);
+  CWatched document;
+  document.LoadXml("<a/>");
+  document.LoadXml(L"<a/>");
+  document.LoadXmlStream(reinterpret_cast<const unsigned char*>("<a/>"), 4);
+  EXPECT_THROW(document.Load("/nowhere/file"), CQvException);
+  EXPECT_EQ(document.m_cleanups, 4);
+}
 
 TEST_F(CXmlDocumentTest, NamesThePathOfEveryNode) {
   const struct {
@@ -72,8 +91,9 @@ TEST_F(CXmlDocumentTest, NamesThePathOfEveryNode) {
 
 TEST_F(CXmlDocumentTest, PutsThePrefixOfAnAttributeBeforeTheAt) {
   CXmlDocument document;
-  document.LoadXml("<r xmlns:p='urn:p' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'>"
-                   "<a n='1' p:n='2' xsi:nil='0'/></r>");
+  document.LoadXml(
+      "<r xmlns:p='urn:p' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance'>"
+      "<a n='1' p:n='2' xsi:nil='0'/></r>");
   const CXmlAttributeList attributes = At(document, {0})->GetAttributes();
   ASSERT_EQ(attributes.size(), 3u);
   EXPECT_EQ(attributes[0]->GetXPath(), "/r/a/@n");
@@ -187,8 +207,9 @@ TEST_F(CXmlDocumentTest, RemovesTheLastChild) {
 
 TEST_F(CXmlDocumentTest, RemovedElementsOutliveTheDocument) {
   auto document = std::make_unique<CXmlDocument>();
-  document->LoadXml("<p:a xmlns:p='urn:p'><p:b n='1'>a text that needs memory of its own"
-                    "<p:c/></p:b><p:d/></p:a>");
+  document->LoadXml(
+      "<p:a xmlns:p='urn:p'><p:b n='1'>a text that needs memory of its own"
+      "<p:c/></p:b><p:d/></p:a>");
   const std::unique_ptr<CXmlElement> second(
       document->GetDocumentElement()->RemoveLastChildElement());
   const std::unique_ptr<CXmlElement> first(
@@ -198,8 +219,7 @@ TEST_F(CXmlDocumentTest, RemovedElementsOutliveTheDocument) {
   document->LoadXml("<other/>");
   EXPECT_EQ(first->GetDocument(), nullptr);
   document.reset();
-  EXPECT_EQ(Dump(first.get()),
-            "{urn:p}b(n='1') 'a text that needs memory of its own' [{urn:p}c]");
+  EXPECT_EQ(Dump(first.get()), "{urn:p}b(n='1') 'a text that needs memory of its own' [{urn:p}c]");
   EXPECT_EQ(first->GetXPath(), "/b");
   EXPECT_EQ(first->GetAttributes()[0]->GetXPath(), "/b/@n");
   delete first->RemoveLastChildElement();
@@ -207,8 +227,9 @@ TEST_F(CXmlDocumentTest, RemovedElementsOutliveTheDocument) {
 
 TEST_F(CXmlDocumentTest, KeepsThePrefixesOfTheWholeDocument) {
   CXmlDocument document;
-  document.LoadXml("<a xmlns='urn:d' xmlns:p='urn:1'><b xmlns:p='urn:2' xmlns:q='urn:2'/>"
-                   "<c xmlns=''/></a>");
+  document.LoadXml(
+      "<a xmlns='urn:d' xmlns:p='urn:1'><b xmlns:p='urn:2' xmlns:q='urn:2'/>"
+      "<c xmlns=''/></a>");
   EXPECT_EQ(document.LookupNamespaceFromAlias("p"), "urn:2");
   EXPECT_EQ(document.LookupNamespaceFromAlias(""), "");
   EXPECT_EQ(document.LookupNamespaceFromAlias("none"), "");

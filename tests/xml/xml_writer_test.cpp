@@ -1,14 +1,14 @@
 #include "qvxml/xml/xml_writer.h"
 
-#include <cstdint>
-#include <cstring>
 #include <string>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/slot_of.h"
 
 namespace {
 
 using namespace QvXmlLib16;
+using qv_test::SlotOf;
 
 // A format that writes nothing: shows what the base class keeps.
 class CSilentWriter : public CXmlWriter {
@@ -30,16 +30,6 @@ class CSilentWriter : public CXmlWriter {
   using CXmlWriter::GetContext;
   using CXmlWriter::GetEOLText;
 };
-
-// Position of a virtual operation in the table, from the member pointer's representation (Itanium
-// C++ ABI): 1 + its offset.
-template <class TMember>
-std::uintptr_t SlotOf(TMember member) {
-  std::uintptr_t word;
-  static_assert(sizeof member >= sizeof word);
-  std::memcpy(&word, &member, sizeof word);
-  return (word - 1) / sizeof(void*);
-}
 
 TEST(CXmlWriter, KeepsItsSlotOrder) {
   // Slots 0 and 1 are the two destructors.

@@ -5,10 +5,12 @@
 
 #include <string>
 
+#include "qvxml/support/export.h"
+
 namespace QvXmlLib16 {
 
 /// Implemented by readers; not an owner, so it is never destroyed through this interface.
-class IErrorPathProvider {
+class QVXML_API IErrorPathProvider {
  public:
   /// Current position in the input being read, as a path from its root.
   virtual std::string GetPath() = 0;

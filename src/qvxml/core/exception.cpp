@@ -117,6 +117,8 @@ void CQvException::DeleteChain(CQvException* first) noexcept {
   }
 }
 
+constinit CInstanceCounter CQvValidationException::s_instances("CQvValidationException");
+
 CQvValidationException::CQvValidationException() = default;
 CQvValidationException::CQvValidationException(const CQvException& other) : CQvException(other) {}
 CQvValidationException::CQvValidationException(const std::string& message, const std::string& path)
@@ -128,6 +130,8 @@ CQvValidationException::CQvValidationException(const CQvValidationException& oth
 CQvValidationException::CQvValidationException(CQvValidationException&& other) noexcept = default;
 CQvValidationException::~CQvValidationException() = default;
 CQvException* CQvValidationException::Clone() const { return new CQvValidationException(*this); }
+
+constinit CInstanceCounter CQvInvalidValueException::s_instances("CQvInvalidValueException");
 
 CQvInvalidValueException::CQvInvalidValueException() = default;
 CQvInvalidValueException::CQvInvalidValueException(const CQvException& other)
@@ -144,6 +148,9 @@ CQvInvalidValueException::~CQvInvalidValueException() = default;
 CQvException* CQvInvalidValueException::Clone() const {
   return new CQvInvalidValueException(*this);
 }
+
+constinit CInstanceCounter CQvInvalidNamespaceException::s_instances(
+    "CQvInvalidNamespaceException");
 
 CQvInvalidNamespaceException::CQvInvalidNamespaceException() = default;
 CQvInvalidNamespaceException::CQvInvalidNamespaceException(const CQvException& other)
@@ -164,6 +171,8 @@ CQvException* CQvInvalidNamespaceException::Clone() const {
   return new CQvInvalidNamespaceException(*this);
 }
 
+constinit CInstanceCounter CQvInvalidStateException::s_instances("CQvInvalidStateException");
+
 CQvInvalidStateException::CQvInvalidStateException() = default;
 CQvInvalidStateException::CQvInvalidStateException(const CQvException& other)
     : CQvException(other) {}
@@ -180,6 +189,8 @@ CQvException* CQvInvalidStateException::Clone() const {
   return new CQvInvalidStateException(*this);
 }
 
+constinit CInstanceCounter CQvInvalidParamException::s_instances("CQvInvalidParamException");
+
 CQvInvalidParamException::CQvInvalidParamException() = default;
 CQvInvalidParamException::CQvInvalidParamException(const CQvException& other)
     : CQvException(other) {}
@@ -195,6 +206,8 @@ CQvInvalidParamException::~CQvInvalidParamException() = default;
 CQvException* CQvInvalidParamException::Clone() const {
   return new CQvInvalidParamException(*this);
 }
+
+constinit CInstanceCounter CQvOverFlowException::s_instances("CQvOverFlowException");
 
 CQvOverFlowException::CQvOverFlowException() = default;
 CQvOverFlowException::CQvOverFlowException(const CQvException& other) : CQvException(other) {}

@@ -67,7 +67,8 @@ class QVXML_API CQvException {
 
 /// A document that does not match the bound classes: a missing or unexpected element, attribute or
 /// value, misuse of nil, malformed JSON.
-class QVXML_API CQvValidationException : public CQvException {
+class QVXML_API CQvValidationException : public CQvException,
+                                         private TInstanceCounted<CQvValidationException> {
  public:
   CQvValidationException();
   explicit CQvValidationException(const CQvException& other);
@@ -80,10 +81,15 @@ class QVXML_API CQvValidationException : public CQvException {
   ~CQvValidationException() override;
 
   CQvException* Clone() const override;
+
+ private:
+  friend class TInstanceCounted<CQvValidationException>;
+  static CInstanceCounter s_instances;
 };
 
 /// A value that cannot be converted or is out of the range of its type.
-class QVXML_API CQvInvalidValueException : public CQvValidationException {
+class QVXML_API CQvInvalidValueException : public CQvValidationException,
+                                           private TInstanceCounted<CQvInvalidValueException> {
  public:
   CQvInvalidValueException();
   explicit CQvInvalidValueException(const CQvException& other);
@@ -95,10 +101,16 @@ class QVXML_API CQvInvalidValueException : public CQvValidationException {
   ~CQvInvalidValueException() override;
 
   CQvException* Clone() const override;
+
+ private:
+  friend class TInstanceCounted<CQvInvalidValueException>;
+  static CInstanceCounter s_instances;
 };
 
 /// A namespace that is not allowed where it is found, or a name that must have a value.
-class QVXML_API CQvInvalidNamespaceException : public CQvValidationException {
+class QVXML_API CQvInvalidNamespaceException
+    : public CQvValidationException,
+      private TInstanceCounted<CQvInvalidNamespaceException> {
  public:
   CQvInvalidNamespaceException();
   explicit CQvInvalidNamespaceException(const CQvException& other);
@@ -111,10 +123,15 @@ class QVXML_API CQvInvalidNamespaceException : public CQvValidationException {
   ~CQvInvalidNamespaceException() override;
 
   CQvException* Clone() const override;
+
+ private:
+  friend class TInstanceCounted<CQvInvalidNamespaceException>;
+  static CInstanceCounter s_instances;
 };
 
 /// An operation that the object's current state does not allow.
-class QVXML_API CQvInvalidStateException : public CQvException {
+class QVXML_API CQvInvalidStateException : public CQvException,
+                                           private TInstanceCounted<CQvInvalidStateException> {
  public:
   CQvInvalidStateException();
   explicit CQvInvalidStateException(const CQvException& other);
@@ -126,10 +143,15 @@ class QVXML_API CQvInvalidStateException : public CQvException {
   ~CQvInvalidStateException() override;
 
   CQvException* Clone() const override;
+
+ private:
+  friend class TInstanceCounted<CQvInvalidStateException>;
+  static CInstanceCounter s_instances;
 };
 
 /// A bad argument: an index out of range, null for a mandatory property, the wrong kind of value.
-class QVXML_API CQvInvalidParamException : public CQvException {
+class QVXML_API CQvInvalidParamException : public CQvException,
+                                           private TInstanceCounted<CQvInvalidParamException> {
  public:
   CQvInvalidParamException();
   explicit CQvInvalidParamException(const CQvException& other);
@@ -141,10 +163,15 @@ class QVXML_API CQvInvalidParamException : public CQvException {
   ~CQvInvalidParamException() override;
 
   CQvException* Clone() const override;
+
+ private:
+  friend class TInstanceCounted<CQvInvalidParamException>;
+  static CInstanceCounter s_instances;
 };
 
 /// A decimal too large for the machine type asked for.
-class QVXML_API CQvOverFlowException : public CQvException {
+class QVXML_API CQvOverFlowException : public CQvException,
+                                       private TInstanceCounted<CQvOverFlowException> {
  public:
   CQvOverFlowException();
   explicit CQvOverFlowException(const CQvException& other);
@@ -156,6 +183,10 @@ class QVXML_API CQvOverFlowException : public CQvException {
   ~CQvOverFlowException() override;
 
   CQvException* Clone() const override;
+
+ private:
+  friend class TInstanceCounted<CQvOverFlowException>;
+  static CInstanceCounter s_instances;
 };
 
 }  // namespace QvXmlLib16

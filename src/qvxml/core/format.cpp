@@ -12,7 +12,7 @@ namespace {
 
 // End of the conversion that starts at `percent`: the address of its letter, or of the final NUL.
 const char* FindConversionLetter(const char* percent) {
-  return percent + 1 + std::strspn(percent + 1, "#-+ 0123456789$.*'IhlLqjzt");
+  return percent + 1 + std::strspn(percent + 1, "#-+ 0123456789$.*'IhlLqjztZ");
 }
 
 bool StoresCount(const char* format) {

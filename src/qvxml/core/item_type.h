@@ -3,10 +3,13 @@
 #ifndef QVXML_CORE_ITEM_TYPE_H_
 #define QVXML_CORE_ITEM_TYPE_H_
 
+#include "qvxml/support/export.h"
+
 namespace QvXmlLib16 {
 
-/// Names the kind of a value in metadata, writers, collections and QvVariant. The numbers are fixed.
-enum ItemType : int {
+/// Names the kind of a value in metadata, writers, collections and QvVariant. The numbers are
+/// fixed. Exported, as the templates over it otherwise would not be.
+enum QVXML_API ItemType : int {
   ItemType_none = 0,
   ItemType_hexBinary = 1,
   ItemType_base64Binary = 2,

@@ -86,8 +86,7 @@ class QVXML_API CBinaryData : private TInstanceCounted<CBinaryData> {
   /// Two upper-case digits for each byte; "" for an empty value.
   std::string GetAsHexString() const;
   /// Sets the bytes that hexadecimal text stands for; digits of either case, no whitespace. Null
-  /// and
-  /// "" make the value empty. Throws as ConvertToHexData does, and then changes nothing.
+  /// and "" make the value empty. Throws as ConvertToHexData does, and then changes nothing.
   void SetAsHexString(const char* hex);
   /// Base64 text as CBase64::Encode writes it; "" for an empty value.
   std::string GetAsBase64() const;

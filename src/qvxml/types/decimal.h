@@ -72,7 +72,8 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   /// invalid char at position %d [%s]." with the 0-based index of the character, or of the end when
   /// digits are missing, and the whole text. Beyond the limits it fails the same way, before any
   /// memory is taken: at the first digit too many (integer digits after leading zeros and fraction
-  /// digits count), or at the "e" or "E" of an exponent out of range. The value is then unchanged.
+  /// digits count), or at the "e" or "E" of an exponent that is out of range or makes a value whose
+  /// text has too many digits. The value is then unchanged.
   void Parse(const char* text);
   /// Parse for `length` bytes; `text` may be null when it is 0.
   void Parse(const char* text, std::size_t length);
@@ -107,9 +108,8 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   const CBigInteger& GetFractionPart() const noexcept { return m_fractionPart; }
   /// Number of decimal digits that the fraction part stands for, zeros in front included.
   int GetFractionalDivider() const noexcept { return m_fractionalDivider; }
-  /// Digits before the point: 0 when the integer part is zero and the fraction is not, else at
-  /// least
-  /// 1. The sign does not count.
+  /// Digits before the point, the sign not counted: 0 when the integer part is zero and the
+  /// fraction is not, else at least 1.
   std::size_t GetIntegerDigitCount() const noexcept;
   /// Digits after the point, without trailing zeros.
   std::size_t GetFractionDigitCount() const noexcept;

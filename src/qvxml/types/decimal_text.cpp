@@ -42,6 +42,23 @@ void DropTrailingZeros(std::string_view& fraction) {
   fraction = fraction.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
+// The digits that count towards the limit in the text without an exponent: a value that is read is
+// one whose text can be read again.
+std::size_t CountWrittenDigits(const DecimalDigits& digits) {
+  const std::string_view integer = digits.integer;
+  const std::string_view fraction = digits.fraction;
+  if (integer.empty() && fraction.empty()) return 0;
+  // Where the digits other than outer zeros lie, counted from the point of the text to the right.
+  const long integerSize = static_cast<long>(integer.size());
+  const long begin =
+      integer.empty() ? static_cast<long>(fraction.find_first_not_of('0')) : -integerSize;
+  const long end = fraction.empty()
+                       ? static_cast<long>(integer.find_last_not_of('0')) + 1 - integerSize
+                       : static_cast<long>(fraction.size());
+  const long point = digits.exponent;
+  return static_cast<std::size_t>(std::max(end, point) - std::min(begin, point));
+}
+
 class CDecimalScanner {
  public:
   explicit CDecimalScanner(std::string_view text) : m_text(text) {}
@@ -57,7 +74,10 @@ class CDecimalScanner {
     CheckDigitLimit(digits);
     DropTrailingZeros(digits.fraction);
     const std::size_t exponent = m_position;
-    if (Take('e') || Take('E')) digits.exponent = ScanExponent(exponent);
+    if (Take('e') || Take('E')) {
+      digits.exponent = ScanExponent(exponent);
+      if (CountWrittenDigits(digits) > CBigInteger::GetDigitLimit()) Fail(exponent);
+    }
     TakeWhile(CWhitespaceUtils::IsWhiteSpace);
     if (m_position != m_text.size()) Fail(m_position);
     return digits;

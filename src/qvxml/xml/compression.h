@@ -22,8 +22,8 @@ class QVXML_API CQvZip {
   ///
   /// Throws CQvException, and then leaves the bytes as they are: "Unknown Compression Type [%d]",
   /// or "Failed to compress data. [Error Code: %d]" with the result of zlib, which is 0 or
-  /// Z_BUF_ERROR
-  /// (-5) when the compressed form would be larger than the bytes themselves. No bytes always fail.
+  /// Z_BUF_ERROR (-5) when the compressed form would be larger than the bytes themselves. No bytes
+  /// always fail.
   static void CompressData(CBinaryData& data, CompressionType type);
 
   /// The bytes that gzip data, of one or more members, or a zlib stream stand for.

@@ -11,10 +11,10 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
+#include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
-#include "qvxml/xml/text_append_internal.h"
+#include "qvxml/xml/xml_building_internal.h"
 #include "qvxml/xml/xml_document.h"
-#include "qvxml/xml/xml_element_internal.h"
 
 namespace QvXmlLib16 {
 
@@ -154,7 +154,7 @@ inline void CExpatReader::EndElement() {
   TakeOpenText(*m_document.m_openElements.back(), start);
   // The callback may look at the elements around the one that it is given.
   if (m_document.m_callback != nullptr) FlushOpenText();
-  m_document.EndElement();
+  m_document.CloseElement();
 }
 
 inline void CExpatReader::AppendText(const char* text, size_t length) {

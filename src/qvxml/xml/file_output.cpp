@@ -133,10 +133,12 @@ class CTemporaryFile {
   std::string m_path;
 };
 
-// Whether the folder, rather than the state of the disk or of the process, is against replacing the
-// file: then it can still be written in place. After anything else that would risk its content.
+// Whether the folder or the length of its path, rather than the state of the disk or of the
+// process, is against replacing the file: then it can still be written in place. After anything
+// else that would risk its content.
 bool IsRefusal(int reason) {
-  return reason == EACCES || reason == EPERM || reason == EROFS || reason == EBUSY;
+  return reason == EACCES || reason == EPERM || reason == EROFS || reason == EBUSY ||
+         reason == ENAMETOOLONG;
 }
 
 // Closes the file in every case.
@@ -174,7 +176,7 @@ bool WriteWholeFile(const std::string& path, XmlEncoding encoding, const CBinary
     if (!WriteAndClose(file, encoding, bytes)) return false;
     if (temporary.BecomeTarget()) return true;
   }
-  return target.exists && IsRefusal(errno) && WriteDirectly(path, encoding, bytes);
+  return IsRefusal(errno) && WriteDirectly(path, encoding, bytes);
 }
 
 }  // namespace QvXmlLib16::detail

@@ -115,7 +115,7 @@ class CNodeArena {
   }
 
  private:
-  static constexpr size_t kChunkSize = 16384;
+  static constexpr size_t kChunkSize = 32768;
   // What malloc keeps beside a block, so that aligned chunks lie next to each other.
   static constexpr size_t kHeapOverhead = 16;
   static constexpr size_t kGranularity = 16;

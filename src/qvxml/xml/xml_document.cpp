@@ -2,33 +2,19 @@
 
 #include "qvxml/xml/xml_document.h"
 
-#include <cstring>
 #include <string_view>
 #include <utility>
 
 #include "qvxml/core/exception.h"
+#include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
-#include "qvxml/xml/text_append_internal.h"
-#include "qvxml/xml/xml_element_internal.h"
+#include "qvxml/xml/xml_building_internal.h"
 
 namespace QvXmlLib16 {
 
 using detail::CNodeArena;
-
-namespace {
-
-std::string_view ViewOf(const char* text) { return text != nullptr ? text : ""; }
-
-const std::string& EmptyString() {
-  static const std::string empty;
-  return empty;
-}
-
-[[noreturn]] void ThrowNoOpenElement() {
-  throw CQvInvalidStateException("There is no open element.");
-}
-
-}  // namespace
+using detail::EmptyString;
+using detail::ViewOf;
 
 constinit CInstanceCounter CXmlDocument::s_instances("CXmlDocument");
 
@@ -61,6 +47,10 @@ CNodeArena& CXmlDocument::Arena() {
   return *m_arena;
 }
 
+void CXmlDocument::ThrowNoOpenElement() {
+  throw CQvInvalidStateException("There is no open element.");
+}
+
 CXmlElement* CXmlDocument::AddDocElement(const char* namespaceUri, const char* localName) {
   return AddDocElement(Arena().Intern(ViewOf(namespaceUri), ViewOf(localName)));
 }
@@ -75,13 +65,6 @@ CXmlElement* CXmlDocument::AddDocElement(const detail::CXmlName* name) {
 
 CXmlElement* CXmlDocument::AddChildElement(const char* namespaceUri, const char* localName) {
   return AddChildElement(Arena().Intern(ViewOf(namespaceUri), ViewOf(localName)));
-}
-
-CXmlElement* CXmlDocument::AddChildElement(const detail::CXmlName* name) {
-  if (m_openElements.empty()) ThrowNoOpenElement();
-  CXmlElement* child = m_openElements.back()->AppendChild(Arena(), name);
-  m_openElements.push_back(child);
-  return child;
 }
 
 void CXmlDocument::AddElementAttribute(CXmlElement* element, const char* localName,
@@ -103,13 +86,18 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const char* text)
 }
 
 void CXmlDocument::EndElement() {
-  if (m_openElements.empty()) return;
-  CXmlElement* element = m_openElements.back();
-  m_openElements.pop_back();
-  if (m_callback == nullptr || !m_callback(element)) return;
+  if (!m_openElements.empty()) CloseElement();
+}
+
+void CXmlDocument::OfferElement(CXmlElement* element) {
   // Kept: the document element stays, whatever the callback says.
-  if (m_openElements.empty()) return;
-  delete m_openElements.back()->RemoveLastChildElement();
+  if (!m_callback(element) || m_openElements.empty()) return;
+  // Looked for, as the callback may have removed it already or put others behind it.
+  CXmlElement* child = m_openElements.back()->m_lastChild;
+  while (child != nullptr && child != element) child = child->m_previousSibling;
+  if (child == nullptr) return;
+  child->Unlink();
+  delete child;
 }
 
 void CXmlDocument::AddNamespacePrefix(const char* prefix, const char* namespaceUri) {

@@ -30,7 +30,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   /// Called with each element when its end tag has been read. When it returns true the element is
   /// removed from the tree and destroyed, so that a long document needs no more memory than its
   /// open elements; for the document element the answer counts for nothing. What it throws ends
-  /// the load and reaches the caller of the load. It must not load or clean up the document.
+  /// the load and reaches the caller of the load. It must not load or clean up the document, nor
+  /// delete elements that are still open.
   using ElementCompleteCallback = bool (*)(CXmlElement* element);
 
   // Construction. The context must outlive the document; without one
@@ -108,6 +109,9 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   detail::CNodeArena& Arena();
   CXmlElement* AddDocElement(const detail::CXmlName* name);
   CXmlElement* AddChildElement(const detail::CXmlName* name);
+  void CloseElement();
+  void OfferElement(CXmlElement* element);
+  [[noreturn]] static void ThrowNoOpenElement();
   void Release() noexcept;
   void UnbindPrefix(const std::string& prefix, const std::string& namespaceUri);
 

@@ -2,30 +2,21 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <new>
 #include <utility>
 #include <vector>
 
+#include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
+#include "qvxml/xml/xml_building_internal.h"
 #include "qvxml/xml/xml_document.h"
-#include "qvxml/xml/xml_element_internal.h"
 
 namespace QvXmlLib16 {
 
 using detail::CAttributeBlock;
 using detail::CNodeArena;
-
-namespace {
-
-std::string_view ViewOf(const char* text) { return text != nullptr ? text : ""; }
-
-const std::string& EmptyString() {
-  static const std::string empty;
-  return empty;
-}
-
-}  // namespace
+using detail::EmptyString;
+using detail::ViewOf;
 
 constinit CInstanceCounter CXmlElement::s_instances("CXmlElement");
 

@@ -17,7 +17,7 @@ class CXmlDocument;  // xml/xml_document.h
 
 namespace detail {
 class CNodeArena;        // xml/node_arena_internal.h
-struct CAttributeBlock;  // xml/xml_element_internal.h
+struct CAttributeBlock;  // xml/xml_building_internal.h
 }  // namespace detail
 
 /// A name, attributes, text and child elements. Comments and processing instructions are not kept,

@@ -1,7 +1,8 @@
-// The building steps of elements that readers take for each node, to be inlined there.
+// The building steps of documents and elements that are taken for each node, to be inlined in
+// readers.
 
-#ifndef QVXML_XML_XML_ELEMENT_INTERNAL_H_
-#define QVXML_XML_XML_ELEMENT_INTERNAL_H_
+#ifndef QVXML_XML_XML_BUILDING_INTERNAL_H_
+#define QVXML_XML_XML_BUILDING_INTERNAL_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +11,7 @@
 #include <string_view>
 
 #include "qvxml/xml/node_arena_internal.h"
+#include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element.h"
 
 namespace QvXmlLib16 {
@@ -75,6 +77,20 @@ inline void CXmlElement::AppendAttribute(detail::CNodeArena& arena, const detail
   m_attributes->Items()[m_attributes->size++] = attribute;
 }
 
+inline CXmlElement* CXmlDocument::AddChildElement(const detail::CXmlName* name) {
+  if (m_openElements.empty()) ThrowNoOpenElement();
+  CXmlElement* child = m_openElements.back()->AppendChild(*m_arena, name);
+  m_openElements.push_back(child);
+  return child;
+}
+
+// There must be an open element.
+inline void CXmlDocument::CloseElement() {
+  CXmlElement* element = m_openElements.back();
+  m_openElements.pop_back();
+  if (m_callback != nullptr) OfferElement(element);
+}
+
 }  // namespace QvXmlLib16
 
-#endif  // QVXML_XML_XML_ELEMENT_INTERNAL_H_
+#endif  // QVXML_XML_XML_BUILDING_INTERNAL_H_

@@ -1,14 +1,24 @@
-// How character data reaches the text of elements.
+// Small text helpers of the document model and its reader.
 
-#ifndef QVXML_XML_TEXT_APPEND_INTERNAL_H_
-#define QVXML_XML_TEXT_APPEND_INTERNAL_H_
+#ifndef QVXML_XML_DOM_TEXT_INTERNAL_H_
+#define QVXML_XML_DOM_TEXT_INTERNAL_H_
 
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 namespace QvXmlLib16 {
 namespace detail {
+
+/// The text of a parameter, where null stands for "".
+inline std::string_view ViewOf(const char* text) { return text != nullptr ? text : ""; }
+
+/// What getters refer to when there is nothing.
+inline const std::string& EmptyString() {
+  static const std::string empty;
+  return empty;
+}
 
 /// Appends the `length` bytes at `text` without their carriage returns.
 inline void AppendExcludingCR(std::string& target, const char* text, size_t length) {
@@ -24,4 +34,4 @@ inline void AppendExcludingCR(std::string& target, const char* text, size_t leng
 }  // namespace detail
 }  // namespace QvXmlLib16
 
-#endif  // QVXML_XML_TEXT_APPEND_INTERNAL_H_
+#endif  // QVXML_XML_DOM_TEXT_INTERNAL_H_
