@@ -136,7 +136,9 @@ void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx,
   QvVariant value;
   ReadProperty(object, value);
   if (m_isOptional && !value.IsValid()) return;
-  const std::string text = value.ToString(m_format.c_str());
+  const std::string* const held = value.PeekString();
+  const std::string converted = held == nullptr ? value.ToString(m_format.c_str()) : std::string();
+  const std::string& text = held == nullptr ? converted : *held;
   if (IsDefaultLeftOut(ctx, text)) return;
   QvXmlLib16::CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
   writer->WriteAttributeString(m_name, m_namespace, text, m_itemType);
