@@ -163,13 +163,9 @@ class COrders {
 
   static constexpr const char* kStates[] = {"open", "paid", "shipped"};
   static constexpr const char* kNames[] = {"M\xC3\xBCller &amp; Sohn", "Smith &amp; Co", "Dupont",
-                                           "Jos\xC3\xA9 Garc\xC3\xAD"
-                                           "a",
-                                           "Novak"};
-  static constexpr const char* kCities[] = {"K\xC3\xB6ln", "London",
-                                            "Orl\xC3\xA9"
-                                            "ans",
-                                            "Sevilla", "Praha"};
+                                           "Jos\xC3\xA9 Garc\303\255a", "Novak"};
+  static constexpr const char* kCities[] = {"K\xC3\xB6ln", "London", "Orl\303\251ans", "Sevilla",
+                                            "Praha"};
   static constexpr const char* kNotes[] = {
       "Deliver before noon, please; ring &quot;Office&quot; at the second door.",
       "Weight &lt; 20 kg, \xE2\x82\xAC 5 surcharge for the third floor."};
