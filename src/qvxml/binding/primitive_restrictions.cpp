@@ -25,9 +25,9 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(std::string pattern, std::int64_t
       m_fractionDigits(fractionDigits),
       m_enumeration(std::move(enumeration)),
       m_hasFacets(!m_pattern.empty() || m_minLength >= 0 || m_maxLength >= 0 ||
-                  !m_minInclusive.empty() || !m_maxInclusive.empty() || !m_minExclusive.empty() ||
-                  !m_maxExclusive.empty() || m_length >= 0 || m_totalDigits >= 0 ||
-                  m_fractionDigits >= 0 || !m_enumeration.empty()) {}
+                  m_minInclusive.IsPresent() || m_maxInclusive.IsPresent() ||
+                  m_minExclusive.IsPresent() || m_maxExclusive.IsPresent() || m_length >= 0 ||
+                  m_totalDigits >= 0 || m_fractionDigits >= 0 || !m_enumeration.empty()) {}
 
 CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
 
