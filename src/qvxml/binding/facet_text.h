@@ -12,8 +12,9 @@
 
 namespace QvXmlLib16::detail {
 
-/// XSD text that is converted to the type of the values it is compared with, for the first type only
-/// once: metadata has its facets for good, and checks one type. Converting is safe from any thread.
+/// XSD text that is converted to the type of the values it is compared with, for the first type
+/// only once: metadata has its facets for good, and checks one type. Converting is safe from any
+/// thread.
 class QVXML_API CFacetText {
  public:
   explicit CFacetText(std::string text) noexcept;

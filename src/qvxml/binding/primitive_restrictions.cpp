@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "qvxml/core/exception.h"
+
 namespace QvXmlLib16 {
 
 constinit CInstanceCounter CPrimitiveRestrictions::s_instances("CPrimitiveRestrictions");
@@ -30,5 +32,18 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(std::string pattern, std::int64_t
                   m_totalDigits >= 0 || m_fractionDigits >= 0 || !m_enumeration.empty()) {}
 
 CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
+
+void CPrimitiveRestrictions::ConvertBounds(ItemType type) const {
+  for (const detail::CFacetText* bound :
+       {&m_minInclusive, &m_maxInclusive, &m_minExclusive, &m_maxExclusive}) {
+    if (!bound->IsPresent()) continue;
+    try {
+      QvVariant room;
+      bound->As(type, room);
+    } catch (const CQvException&) {
+      // Reported by the checks, as long as there are values to check.
+    }
+  }
+}
 
 }  // namespace QvXmlLib16

@@ -47,6 +47,9 @@ class QVXML_API CPrimitiveRestrictions : private TInstanceCounted<CPrimitiveRest
   const std::vector<std::string>& GetEnumeration() const { return m_enumeration; }
 
   // The bounds for the checks, which need values.
+
+  /// Converts them ahead of the first check, but for text that is not of the type.
+  void ConvertBounds(ItemType type) const;
   const detail::CFacetText& MinInclusive() const { return m_minInclusive; }
   const detail::CFacetText& MaxInclusive() const { return m_maxInclusive; }
   const detail::CFacetText& MinExclusive() const { return m_minExclusive; }

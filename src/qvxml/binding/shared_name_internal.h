@@ -9,8 +9,8 @@
 namespace QvXmlLib16::detail {
 
 /// The one string of that text, which lives as long as the process, or null for a text that is not
-/// shared: a long one, or one for which there is no room after many others. Safe from any thread, without a
-/// lock.
+/// shared: a long one, or one for which there is no room after many others. Safe from any thread,
+/// without a lock.
 const std::string* FindSharedName(std::string_view text);
 
 }  // namespace QvXmlLib16::detail

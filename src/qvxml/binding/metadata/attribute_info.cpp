@@ -127,7 +127,9 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(
       m_itemType(itemType),
       m_format(TextOrEmpty(format)),
       m_whitespaceRule(whitespaceRule),
-      m_restrictions(restrictions) {}
+      m_restrictions(restrictions) {
+  m_restrictions.ConvertBounds(itemType);
+}
 
 void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx,
                                              const CXmlGeneratedClass* object,
@@ -217,7 +219,7 @@ bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext&, CXmlGener
   QvVariant value;
   InvokePropertyGet(object, value);
   RequireAttributeCol(value).Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
-                                  attribute->GetNamespaceURI().c_str());
+                                 attribute->GetNamespaceURI().c_str());
   return true;
 }
 

@@ -92,7 +92,9 @@ CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int prope
       m_whitespaceRule(whitespaceRule),
       m_defaultValue(TextOrEmpty(defaultValue)),
       m_isNillable(nillable),
-      m_hasPrimitiveType(true) {}
+      m_hasPrimitiveType(true) {
+  m_restrictions.ConvertBounds(itemType);
+}
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
                            bool nillable, EnumToText enumToText, TextToEnum textToEnum,

@@ -211,8 +211,8 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
     passStart = cursor;
     for (size_t index = 0; index < count; ++index) {
       if (isRead.Get(index)) continue;
-      isRead.Set(index, infos[index]->ElementFromXml(ctx, this, element, &cursor,
-                                                     namespaceUri, elementType));
+      isRead.Set(index, infos[index]->ElementFromXml(ctx, this, element, &cursor, namespaceUri,
+                                                     elementType));
     }
   } while (cursor != nullptr && cursor != passStart);
 

@@ -179,11 +179,12 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
     InPlace,  // It stands in m_place.
     Heap,
   };
-  // Room for the value objects but for rare ones, so that a value that passes through needs no heap.
+  // Room for the value objects but for rare ones, so that a value that passes through needs no
+  // heap.
   static constexpr size_t kPlaceBytes = 64;
   template <class TObject>
-  static constexpr bool kFitsInPlace = sizeof(TObject) <= kPlaceBytes &&
-                                       std::is_nothrow_move_constructible<TObject>::value;
+  static constexpr bool kFitsInPlace =
+      sizeof(TObject) <= kPlaceBytes&& std::is_nothrow_move_constructible<TObject>::value;
 
   template <class TScalar>
   void SetInline(ItemType type, TScalar value) noexcept {
