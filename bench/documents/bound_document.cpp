@@ -38,6 +38,15 @@ constexpr CDocumentClass kClasses[] = {
     {"gpx", "http://www.topografix.com/GPX/1/1", Make<gpx11::CGpx>},
 };
 
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ostringstream text;
+  std::ifstream file(path, std::ios::binary);
+  if (!file || !(text << file.rdbuf())) {
+    throw CQvException("Failed to read the file [" + path.string() + "]");
+  }
+  return text.str();
+}
+
 // The first start tag of the text, which is that of the root.
 std::string RootElementOf(const std::string& xml) {
   std::size_t start = xml.find('<');
@@ -95,11 +104,11 @@ CSmartPtr<CXmlObjectBase> CBoundDocument::Read() const {
 }
 
 CBoundDocument ReadDocument(const std::string& path) {
-  std::ostringstream text;
-  std::ifstream file(path, std::ios::binary);
-  if (!file || !(text << file.rdbuf()))
-    throw CQvException("Failed to read the file [" + path + "]");
-  return Bind(std::filesystem::path(path).stem().string(), text.str());
+  const std::filesystem::path xmlPath(path);
+  CBoundDocument document = Bind(xmlPath.stem().string(), ReadFile(xmlPath));
+  const std::filesystem::path jsonPath = std::filesystem::path(path).replace_extension(".json");
+  if (std::filesystem::exists(jsonPath)) document.json = ReadFile(jsonPath);
+  return document;
 }
 
 CBoundDocument MakeGpx(const std::string& name, std::size_t bytes) {

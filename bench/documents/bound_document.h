@@ -19,14 +19,16 @@ struct CBoundDocument {
   /// Declares the namespaces as the document does.
   QvXmlLib16::CSerializationContext ctx{};
   double elements = 0;
+  /// The same as JSON, "" where there is none.
+  std::string json{};
 
   /// A new object filled from `xml`.
   QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlObjectBase> Read() const;
   CDocument Description() const { return {name, xml.size(), elements}; }
 };
 
-/// Reads a file made by gen.py, or a GPX file; its name without folder and ending names the
-/// document. Its root element tells the class. Throws CQvException.
+/// Reads a file made by gen.py, with the JSON file beside it, or a GPX file; its name without
+/// folder and ending names the document. Its root element tells the class. Throws CQvException.
 CBoundDocument ReadDocument(const std::string& path);
 
 /// One track of about `bytes`, indented: points with position, elevation and time.
