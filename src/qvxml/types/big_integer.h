@@ -75,6 +75,8 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   void Parse(const char* text, std::size_t length);
   /// The decimal digits without leading zeros, after "-" when negative; "0" for zero.
   std::string ToString() const;
+  /// Appends the same to `text`.
+  void AppendTo(std::string& text) const;
 
   // Inspection.
 

@@ -154,11 +154,16 @@ void CBigInteger::WriteDigits(char* target, std::size_t width) const noexcept {
 }
 
 std::string CBigInteger::ToString() const {
-  const std::size_t digits = GetDigitCount();
-  const std::size_t sign = m_isNegative ? 1 : 0;
-  std::string text(sign + digits, '-');
-  WriteDigits(text.data() + sign, digits);
+  std::string text;
+  AppendTo(text);
   return text;
+}
+
+void CBigInteger::AppendTo(std::string& text) const {
+  const std::size_t digits = GetDigitCount();
+  const std::size_t end = text.size() + (m_isNegative ? 1 : 0) + digits;
+  text.resize(end, '-');
+  WriteDigits(text.data() + end - digits, digits);
 }
 
 double CBigInteger::ToDouble() const {

@@ -80,6 +80,8 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   /// The shortest text when the value is rationalised, without an exponent: "12", "-0.5", "1.05". A
   /// fraction other than zero is written with all digits of its scale.
   std::string ToString() const;
+  /// Appends the same to `text`.
+  void AppendTo(std::string& text) const;
   /// Exactly `fractionDigits` digits after the point, rounded half up on the magnitude; below 1,
   /// none and no point. A negative value that rounds to zero keeps its minus. A number of digits
   /// above the exponent limit and the scale throws as a scale out of range.

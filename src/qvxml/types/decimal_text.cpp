@@ -210,9 +210,15 @@ void CDecimal::WriteText(char* target) const noexcept {
 }
 
 std::string CDecimal::ToString() const {
-  std::string text(GetTextLength(), '\0');
-  WriteText(text.data());
+  std::string text;
+  AppendTo(text);
   return text;
+}
+
+void CDecimal::AppendTo(std::string& text) const {
+  const std::size_t before = text.size();
+  text.resize(before + GetTextLength());
+  WriteText(text.data() + before);
 }
 
 std::string CDecimal::ToString(int fractionDigits) const {
