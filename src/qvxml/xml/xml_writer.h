@@ -80,6 +80,12 @@ class QVXML_API CXmlWriter {
 
   /// Sets the state of the innermost open element; does nothing when none is open.
   void SetContextState(ContextState state);
+  /// Room for the text of a value on its way to the writer, emptied; for one value at a time. The
+  /// writers leave it alone.
+  std::string& GetValueRoom() noexcept {
+    m_valueRoom.clear();
+    return m_valueRoom;
+  }
 
   // Prefixes.
 
@@ -126,6 +132,7 @@ class QVXML_API CXmlWriter {
   // strings.
   CXmlWriterContext* m_spareContexts = nullptr;
   std::unique_ptr<detail::CNamespaceScopes> m_scopes;
+  std::string m_valueRoom;
   CNamedInstance m_instance;
 };
 

@@ -213,7 +213,7 @@ void AppendText(const QvVariant& value, const char* format, std::string& text) {
       type,
       [&](auto traits) {
         using Traits = decltype(traits);
-        AppendText<Traits::kType>(Traits::Get(value), format, text);
+        AppendText<Traits::kType>(Traits::View(value), format, text);
       },
       [type] {
         throw CQvException(
