@@ -41,6 +41,7 @@
 #include "qvxml/core/value/item_traits.h"
 #include "qvxml/core/value/variant.h"
 #include "qvxml/core/whitespace.h"
+#include "qvxml/json/json_context.h"
 #include "qvxml/licence/licence_check.h"
 #include "qvxml/support/critical_section.h"
 #include "qvxml/support/instance_monitor.h"
