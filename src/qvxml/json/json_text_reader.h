@@ -55,7 +55,7 @@ class QVXML_API CJsonTextReader : private TInstanceCounted<CJsonTextReader> {
 
   /// Converts JSON text to XML text in UTF-8 as the context's JSON options tell. The text is in the
   /// locale's encoding. Throws as Read() and CJsonReaderToXmlHandler do. Defined in
-  /// binding/document_loading.cpp.
+  /// binding/json_loading.cpp.
   static CBinaryData ConvertJsonToXml(const std::string& json, const CSerializationContext& ctx);
 
  private:
