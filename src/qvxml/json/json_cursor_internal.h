@@ -45,10 +45,6 @@ class CJsonCursor {
   char GetCurrent() const noexcept { return m_current; }
   const char* GetPosition() const noexcept { return m_position; }
   void MoveTo(const char* position) noexcept { m_position = position; }
-  /// Whether the text is the input's own, and so outlives what is read next.
-  bool IsInput(std::string_view text) const noexcept {
-    return text.data() >= m_begin && text.data() <= m_end;
-  }
 
   // Throw CQvValidationException. The formats take the line, counted from 1, and the bytes read of
   // it; those of FailFound the current character first.

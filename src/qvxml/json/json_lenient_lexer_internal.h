@@ -17,13 +17,6 @@ inline constexpr size_t kLenientMaxDepth = 100;
 /// characters in strings are; what follows the first value is not looked at.
 class CLenientLexer : public TJsonLexer<CLenientLexer> {
  public:
-  /// Members of an object may have the same name.
-  struct CNames {
-    void Open() noexcept {}
-    bool Add(std::string_view, bool) noexcept { return true; }
-    void Close() noexcept {}
-  };
-
   CLenientLexer(std::string_view text, IErrorPathProvider& paths, bool allowsComments) noexcept
       : TJsonLexer(text, paths), m_allowsComments(allowsComments) {}
 

@@ -130,7 +130,6 @@ class TJsonParser final : public IErrorPathProvider {
   bool BeginObject() {
     m_events->StartObject();
     m_levels.push_back({nullptr, kObject, 0});
-    m_names.Open();
     if (!m_lexer.Next()) FailUnclosedObject();
     if (m_lexer.GetCurrent() == '}') {
       EndObject();
@@ -198,7 +197,6 @@ class TJsonParser final : public IErrorPathProvider {
 
   void EndObject() {
     m_levels.pop_back();
-    m_names.Close();
     m_events->EndObject();
   }
 
@@ -217,9 +215,6 @@ class TJsonParser final : public IErrorPathProvider {
     const std::string_view name = m_lexer.ReadString(m_name);
     m_levels.back().name = start;
     m_levels.back().length = name.size();
-    if (!m_names.Add(name, m_lexer.IsInput(name))) {
-      m_lexer.Fail("Duplicate Name at line %d, position %d.");
-    }
     m_events->Name(name);
     if (!m_lexer.Next()) {
       m_lexer.Fail(
@@ -272,7 +267,6 @@ class TJsonParser final : public IErrorPathProvider {
   TEvents* m_events = nullptr;
   bool m_isInRoot = false;
   std::vector<CLevel> m_levels;
-  typename TLexer::CNames m_names;
   std::string m_name;
   std::string m_value;
 };

@@ -10,37 +10,6 @@ constexpr bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0
 
 }  // namespace
 
-bool CUniqueNames::Add(std::string_view name, bool isLasting) {
-  CObject& object = m_objects.back();
-  if (Contains(object, name)) return false;
-  if (!isLasting) name = m_ownNames.emplace_back(name);
-  m_names.push_back({name, !isLasting});
-  if (object.index != nullptr) object.index->insert(name);
-  return true;
-}
-
-void CUniqueNames::Close() {
-  for (; m_names.size() > m_objects.back().firstName; m_names.pop_back()) {
-    if (m_names.back().isOwn) m_ownNames.pop_back();
-  }
-  m_objects.pop_back();
-}
-
-bool CUniqueNames::Contains(CObject& object, std::string_view name) {
-  constexpr size_t kMaxCompared = 16;
-  if (object.index != nullptr) return object.index->count(name) != 0;
-  for (size_t i = object.firstName; i < m_names.size(); ++i) {
-    if (m_names[i].text == name) return true;
-  }
-  if (m_names.size() - object.firstName >= kMaxCompared) {
-    object.index = std::make_unique<std::set<std::string_view>>();
-    for (size_t i = object.firstName; i < m_names.size(); ++i) {
-      object.index->insert(m_names[i].text);
-    }
-  }
-  return false;
-}
-
 bool CStrictLexer::Start() {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (std::string_view(m_begin, GetRemaining()).substr(0, 3) == kByteOrderMark) {

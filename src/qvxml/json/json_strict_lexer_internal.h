@@ -4,47 +4,17 @@
 #define QVXML_JSON_JSON_STRICT_LEXER_INTERNAL_H_
 
 #include <cstddef>
-#include <deque>
-#include <memory>
-#include <set>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "qvxml/json/json_cursor_internal.h"
 
 namespace QvXmlLib16::detail {
 
-/// The member names of the open objects.
-class CUniqueNames {
- public:
-  void Open() { m_objects.push_back({m_names.size(), nullptr}); }
-  /// False when the innermost object has the name already. A name that is not lasting is copied.
-  bool Add(std::string_view name, bool isLasting);
-  void Close();
-
- private:
-  struct CName {
-    std::string_view text;
-    bool isOwn;
-  };
-  struct CObject {
-    size_t firstName;
-    // Made when there are many.
-    std::unique_ptr<std::set<std::string_view>> index;
-  };
-
-  bool Contains(CObject& object, std::string_view name);
-
-  std::vector<CName> m_names;
-  std::vector<CObject> m_objects;
-  std::deque<std::string> m_ownNames;
-};
-
-/// Accepts UTF-8 text of exactly one value, with or without a byte-order mark.
+/// Accepts UTF-8 text of exactly one value, with or without a byte-order mark. Names may be
+/// repeated in an object, as the RFC allows: elements are, and XML tells whether they may be.
 class CStrictLexer : public TJsonLexer<CStrictLexer> {
  public:
-  using CNames = CUniqueNames;
   using TJsonLexer::TJsonLexer;
 
   /// Goes to the first character of the value. Fails for text that is not UTF-8 or has no value.
