@@ -58,15 +58,31 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
                          XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_LF,
                          const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
                          CompressionType compression = CompressionType_None) const;
+  /// Writes a file of JSON, with the options of ctx.GetJsonContext(); as ToXmlFile otherwise.
+  virtual void ToJsonFile(
+      const char* path, bool format = true, XmlEncoding encoding = Encoding_UTF8,
+      EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+      CompressionType compression = CompressionType_None) const;
   /// Returns the document as text of the process' locale, see Encoding; `includeDocHeader` adds the
   /// XML declaration.
   virtual std::string ToXml(
       bool includeDocHeader = true, bool format = true, EOLType eol = EOL_LF,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext) const;
+  /// Returns the document as JSON, as text of the process' locale.
+  virtual std::string ToJson(
+      bool format = true, EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext) const;
   /// Returns the document as bytes.
   virtual CBinaryData ToXmlStream(
       bool includeDocHeader = true, bool format = true, XmlEncoding encoding = Encoding_UTF8,
       EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+      CompressionType compression = CompressionType_None) const;
+
+  /// Returns the document as bytes of JSON.
+  virtual CBinaryData ToJsonStream(
+      bool format = true, XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_LF,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
       CompressionType compression = CompressionType_None) const;
 

@@ -9,30 +9,11 @@
 #include <string>
 #include <string_view>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 #include "qvxml/core/error_path_provider.h"
 
 namespace QvXmlLib16::detail {
 
 constexpr bool IsJsonDigit(int character) noexcept { return character >= '0' && character <= '9'; }
-
-/// Finds the first character that `TClass` stops at, or `end`. `TClass` has Stops(char), and for 16
-/// characters at once Stops(__m128i), which sets the bits of the bytes to stop at.
-template <class TClass>
-const char* FindStop(const char* text, const char* end) noexcept {
-#if defined(__SSE2__)
-  for (; end - text >= 16; text += 16) {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-    const int mask = _mm_movemask_epi8(TClass::Stops(block));
-    if (mask != 0) return text + __builtin_ctz(static_cast<unsigned>(mask));
-  }
-#endif
-  while (text != end && !TClass::Stops(*text)) ++text;
-  return text;
-}
 
 /// A position in a text that must outlive it. Lines and positions are counted only when a failure
 /// asks for them.

@@ -34,7 +34,7 @@ bool CLenientLexer::SkipComment() noexcept {
 std::string_view CLenientLexer::ReadEscapedString(std::string& scratch) {
   scratch.clear();
   for (;;) {
-    const char* const stop = FindStop<CStringStop>(m_position, m_end);
+    const char* const stop = FindEscaped<CStringStops>(m_position, m_end);
     scratch.append(m_position, stop);
     m_position = stop;
     if (stop == m_end) {

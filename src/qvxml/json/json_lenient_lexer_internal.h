@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "qvxml/json/json_cursor_internal.h"
+#include "qvxml/xml/escape_scan_internal.h"
 
 namespace QvXmlLib16::detail {
 
@@ -36,7 +37,7 @@ class CLenientLexer : public TJsonLexer<CLenientLexer> {
   /// Reads on behind the opening quotation mark. The result is the input's own or in `scratch`.
   std::string_view ReadString(std::string& scratch) {
     const char* const start = m_position;
-    const char* const stop = FindStop<CStringStop>(start, m_end);
+    const char* const stop = FindEscaped<CStringStops>(start, m_end);
     if (stop == m_end || *stop != '"') return ReadEscapedString(scratch);
     m_position = stop + 1;
     return {start, static_cast<size_t>(stop - start)};
@@ -57,15 +58,15 @@ class CLenientLexer : public TJsonLexer<CLenientLexer> {
   std::string_view TextSince(const char* start, std::string& scratch) const;
 
  private:
-  struct CStringStop {
-    static bool Stops(char character) noexcept {
+  // What a string does not hold as it is, the closing quotation mark included.
+  struct CStringStops {
+    static constexpr bool Has(char character) noexcept {
       return character == '"' || character == '\\' || character == '\n';
     }
 #if defined(__SSE2__)
-    static __m128i Stops(__m128i block) noexcept {
-      const __m128i quoteOrEscape = _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8('"')),
-                                                 _mm_cmpeq_epi8(block, _mm_set1_epi8('\\')));
-      return _mm_or_si128(quoteOrEscape, _mm_cmpeq_epi8(block, _mm_set1_epi8('\n')));
+    static __m128i Find(__m128i characters) noexcept {
+      const __m128i found = _mm_or_si128(BytesEqual(characters, '"'), BytesEqual(characters, '\\'));
+      return _mm_or_si128(found, BytesEqual(characters, '\n'));
     }
 #endif
   };

@@ -37,7 +37,7 @@ void CStrictLexer::CheckFirstDigit() {
 std::string_view CStrictLexer::ReadEscapedString(std::string& scratch) {
   scratch.clear();
   for (;;) {
-    const char* const stop = FindStop<CStringStop>(m_position, m_end);
+    const char* const stop = FindEscaped<CStringStops>(m_position, m_end);
     scratch.append(m_position, stop);
     m_position = stop;
     if (stop == m_end) FailInString();

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "qvxml/json/json_cursor_internal.h"
+#include "qvxml/json/json_text_internal.h"
 
 namespace QvXmlLib16::detail {
 
@@ -32,7 +33,7 @@ class CStrictLexer : public TJsonLexer<CStrictLexer> {
   /// Reads on behind the opening quotation mark. The result is the input's own or in `scratch`.
   std::string_view ReadString(std::string& scratch) {
     const char* const start = m_position;
-    const char* const stop = FindStop<CStringStop>(start, m_end);
+    const char* const stop = FindEscaped<CStringStops>(start, m_end);
     if (stop == m_end || *stop != '"') return ReadEscapedString(scratch);
     m_position = stop + 1;
     return {start, static_cast<size_t>(stop - start)};
@@ -50,20 +51,8 @@ class CStrictLexer : public TJsonLexer<CStrictLexer> {
   }
 
  private:
-  struct CStringStop {
-    static bool Stops(char character) noexcept {
-      return character == '"' || character == '\\' || static_cast<unsigned char>(character) < 0x20;
-    }
-#if defined(__SSE2__)
-    static __m128i Stops(__m128i block) noexcept {
-      const __m128i quoteOrEscape = _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8('"')),
-                                                 _mm_cmpeq_epi8(block, _mm_set1_epi8('\\')));
-      const __m128i lastControl = _mm_set1_epi8(0x1F);
-      const __m128i control = _mm_cmpeq_epi8(_mm_max_epu8(block, lastControl), lastControl);
-      return _mm_or_si128(quoteOrEscape, control);
-    }
-#endif
-  };
+  // What writers escape, and so the closing quotation mark too.
+  using CStringStops = TJsonEscapes<true>;
 
   std::string_view ReadEscapedString(std::string& scratch);
   void ReadEscape(std::string& text);

@@ -121,7 +121,7 @@ void CXmlEmitter::PutEscaped(std::string_view text) {
   const char* run = text.data();
   const char* const end = run + text.size();
   for (;;) {
-    const char* const found = FindEscaped<kInAttribute>(run, end);
+    const char* const found = FindEscaped<TXmlEscapes<kInAttribute>>(run, end);
     const size_t length = static_cast<size_t>(found - run);
     EnsureRoom(length + kLongestEscape);
     Put(std::string_view(run, length));

@@ -46,6 +46,15 @@ class QVXML_API CStringBuffer : private TInstanceCounted<CStringBuffer> {
     m_cursor += length;
   }
 
+  /// Appends the text that number of times.
+  void AppendTimes(const std::string& text, unsigned long times) {
+    if (text.size() == 1 && times <= static_cast<size_t>(m_end - m_cursor)) {
+      for (char* const end = m_cursor + times; m_cursor != end; ++m_cursor) *m_cursor = text[0];
+    } else {
+      for (; times != 0 && !text.empty(); --times) Append(text);
+    }
+  }
+
   unsigned long GetLength() const noexcept {
     return m_fullLength + static_cast<unsigned long>(m_cursor - m_begin);
   }
