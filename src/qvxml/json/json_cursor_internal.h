@@ -56,8 +56,31 @@ class CJsonCursor {
   IErrorPathProvider& m_paths;
 };
 
+/// The end of the number that begins at `text`, or null when none ends before `end`. Numbers may
+/// begin with zeros.
+inline const char* FindNumberEnd(const char* text, const char* end) noexcept {
+  const auto skipDigits = [&text, end] {
+    const char* const start = text;
+    while (text != end && IsJsonDigit(*text)) ++text;
+    return text != start && text != end;
+  };
+  if (*text == '-') ++text;
+  if (!skipDigits()) return nullptr;
+  if (*text == '.') {
+    ++text;
+    if (!skipDigits()) return nullptr;
+  }
+  if (*text == 'e' || *text == 'E') {
+    ++text;
+    if (text != end && (*text == '+' || *text == '-')) ++text;
+    if (!skipDigits()) return nullptr;
+  }
+  return text;
+}
+
 /// Literals and numbers. `TLexer` has Peek(), the next character or kEnd, Take(), which makes it
-/// the current one, CheckFirstDigit() and TextSince().
+/// the current one, CheckFirstDigit(), TextSince(), and IsPlainNumber(), which tells whether that
+/// is all there is to a number.
 template <class TLexer>
 class TJsonLexer : public CJsonCursor {
  public:
@@ -81,6 +104,17 @@ class TJsonLexer : public CJsonCursor {
   /// Begins at the sign or the first digit. The result is the input's own or in `scratch`.
   std::string_view ReadNumber(std::string& scratch) {
     const char* const start = m_position - 1;
+    const char* const end = FindNumberEnd(start, m_end);
+    if (end == nullptr || !TLexer::IsPlainNumber(start, end)) return ReadNumberSlowly(scratch);
+    m_position = end;
+    return {start, static_cast<size_t>(end - start)};
+  }
+
+ private:
+  TLexer& Self() noexcept { return static_cast<TLexer&>(*this); }
+
+  std::string_view ReadNumberSlowly(std::string& scratch) {
+    const char* const start = m_position - 1;
     if (m_current == '-') {
       TakeDigit("Unexpected End of File. Expected a number at line %d, position %d.");
     }
@@ -98,9 +132,6 @@ class TJsonLexer : public CJsonCursor {
     return Self().TextSince(start, scratch);
   }
 
- protected:
-  TLexer& Self() noexcept { return static_cast<TLexer&>(*this); }
-
   void TakeDigit(const char* failureAtEnd) {
     if (Self().Peek() == kEnd) Fail(failureAtEnd);
     Self().Take();
@@ -108,8 +139,6 @@ class TJsonLexer : public CJsonCursor {
       FailFound("Expected a digit '0' to '9', found '%c' at line %d, position %d.");
     }
   }
-
- private:
   template <size_t kSize>
   void ReadRest(const char (&rest)[kSize], const char* failure, const char* failureAtEnd) {
     constexpr size_t kLength = kSize - 1;

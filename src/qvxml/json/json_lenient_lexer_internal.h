@@ -55,6 +55,8 @@ class CLenientLexer : public TJsonLexer<CLenientLexer> {
     m_position = m_next + 1;
   }
   void CheckFirstDigit() noexcept {}
+  /// `end` is before the end of the text: more digits may follow a line feed.
+  static bool IsPlainNumber(const char*, const char* end) noexcept { return *end != '\n'; }
   std::string_view TextSince(const char* start, std::string& scratch) const;
 
  private:

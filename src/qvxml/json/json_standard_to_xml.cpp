@@ -67,28 +67,34 @@ void CStandardJsonToXml::StartObject() {
   const Kind kind = TakeKind();
   if (kind == Kind::Attribute || kind == Kind::Text) ThrowNameFailure(m_name);
   if (kind == Kind::Element) StartElement();
-  m_levels.push_back({kind == Kind::Element, false, std::string()});
+  m_levels.push_back(kind == Kind::Element ? Level::Element : Level::Outermost);
 }
 
 void CStandardJsonToXml::EndObject() {
-  if (m_levels.back().isElement) m_emitter.EndElement();
+  if (m_levels.back() == Level::Element) m_emitter.EndElement();
   m_levels.pop_back();
 }
 
 void CStandardJsonToXml::StartArray() {
-  const bool isItem = !m_levels.empty() && m_levels.back().isArray;
+  const bool isItem = IsInArray();
   const Kind kind = TakeKind();
   if (kind == Kind::Attribute || kind == Kind::Text) ThrowNameFailure(m_name);
   if (kind == Kind::Outermost || isItem) {
     throw CQvValidationException("JSON Array has no Name.", m_paths.GetPath());
   }
-  m_levels.push_back({false, true, std::string(m_name)});
+  m_levels.push_back(Level::Array);
+  m_itemNames.emplace_back(m_name);
+}
+
+void CStandardJsonToXml::EndArray() {
+  m_levels.pop_back();
+  m_itemNames.pop_back();
 }
 
 // The kind that the last name told, or that of an item.
 CStandardJsonToXml::Kind CStandardJsonToXml::TakeKind() {
-  if (m_levels.empty() || !m_levels.back().isArray) return m_kind;
-  m_name = m_levels.back().name;
+  if (!IsInArray()) return m_kind;
+  m_name = m_itemNames.back();
   return Kind::Element;
 }
 

@@ -32,19 +32,15 @@ class CStandardJsonToXml {
   void StartObject();
   void EndObject();
   void StartArray();
-  void EndArray() { m_levels.pop_back(); }
+  void EndArray();
 
  private:
   // What the value that comes is to its object, or to its array.
   enum class Kind { Outermost, Element, Attribute, Text };
 
-  struct CLevel {
-    bool isElement;
-    bool isArray;
-    // Of the items.
-    std::string name;
-  };
+  enum class Level : unsigned char { Outermost, Element, Array };
 
+  bool IsInArray() const noexcept { return !m_levels.empty() && m_levels.back() == Level::Array; }
   Kind TakeKind();
   void Value(std::string_view value);
   void StartElement();
@@ -57,7 +53,9 @@ class CStandardJsonToXml {
   const std::string_view m_textName;
   Kind m_kind = Kind::Outermost;
   std::string_view m_name;
-  std::vector<CLevel> m_levels;
+  std::vector<Level> m_levels;
+  // One for each array.
+  std::vector<std::string> m_itemNames;
 };
 
 }  // namespace QvXmlLib16::detail

@@ -46,6 +46,10 @@ class CStrictLexer : public TJsonLexer<CStrictLexer> {
   }
   void Take() noexcept { m_current = *m_position++; }
   void CheckFirstDigit();
+  static bool IsPlainNumber(const char* start, const char* end) noexcept {
+    if (*start == '-') ++start;
+    return *start != '0' || end - start == 1 || !IsJsonDigit(start[1]);
+  }
   std::string_view TextSince(const char* start, std::string&) const noexcept {
     return {start, static_cast<size_t>(m_position - start)};
   }
