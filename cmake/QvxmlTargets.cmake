@@ -24,6 +24,11 @@ function(qvxml_layer name)
   add_library(qvxml_${name} OBJECT ${LAYER_SOURCES})
   target_include_directories(qvxml_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(qvxml_${name} PRIVATE qvxml_options ${LAYER_LIBRARIES})
+  # Calls inside the library may be inlined, as nobody is to replace its functions by others. Clang
+  # does so without being told.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(qvxml_${name} PRIVATE -fno-semantic-interposition)
+  endif()
   set_target_properties(
     qvxml_${name}
     PROPERTIES POSITION_INDEPENDENT_CODE ON
