@@ -1,8 +1,9 @@
-// Writes the objects of a GPX document of 5 MB as JSON, in both forms, and compares that with
-// libexpat parsing the XML of the same objects and with what other libraries need to write a tree
-// of the same JSON.
+// Writes the objects of a GPX document of 5 MB as JSON, in both forms, and reads them back, and
+// compares that with libexpat parsing the XML of the same objects and with what other libraries
+// need to write and to read a tree of the same JSON.
 
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -120,7 +121,7 @@ void WriteAgain(const CRecorder& recorder) {
   writer.WriteEndDocument();
 }
 
-void AddPeers(const std::string& json, std::vector<bench::CProgram>& programs) {
+void AddWriters(const std::string& json, std::vector<bench::CProgram>& programs) {
 #if defined(QVXML_BENCH_RAPIDJSON)
   programs.push_back({"RapidJSON, text of a ready tree", [&json] {
                         rapidjson::Document tree;
@@ -146,6 +147,40 @@ void AddPeers(const std::string& json, std::vector<bench::CProgram>& programs) {
 #endif
 }
 
+// Reads new objects; taking them down is not timed.
+bench::CProgram Reading(const std::string& name, std::function<void(gpx11::CGpx&)> read) {
+  return {name, [read] {
+            const CSmartPtr<gpx11::CGpx> gpx(new gpx11::CGpx);
+            return bench::TimeOf([&] { read(*gpx); });
+          }};
+}
+
+void AddReading(const std::string& form, const std::string& json, const CSerializationContext& ctx,
+                std::vector<bench::CProgram>& programs) {
+  programs.push_back(bench::Timed(("JSON to XML text" + form).c_str(),
+                                  [&] { CJsonTextReader::ConvertJsonToXml(json, ctx); }));
+  programs.push_back(
+      Reading("FromJson" + form, [&](gpx11::CGpx& gpx) { gpx.FromJson(json.c_str(), ctx); }));
+}
+
+void AddReaders(const std::string& json, std::vector<bench::CProgram>& programs) {
+#if defined(QVXML_BENCH_RAPIDJSON)
+  programs.push_back(bench::Timed("RapidJSON, to a tree", [&json] {
+    rapidjson::Document tree;
+    tree.Parse(json.data(), json.size());
+  }));
+#else
+  programs.push_back({"RapidJSON", {}, "not installed"});
+#endif
+#if defined(QVXML_BENCH_NLOHMANN)
+  programs.push_back(bench::Timed("nlohmann-json, to a tree", [&json] {
+    const nlohmann::json tree = nlohmann::json::parse(json);
+  }));
+#else
+  programs.push_back({"nlohmann-json", {}, "not installed"});
+#endif
+}
+
 }  // namespace
 
 int main() {
@@ -159,6 +194,7 @@ int main() {
   wellFormed.GetJsonContext().SetWellFormed(true);
   CRecorder recorder;
   gpx->ToXml_Int(&recorder, true, gpx->GetTargetNamespace().c_str(), own, false);
+  const std::string ownJson = gpx->ToJson(false, EOL_LF, own);
   const std::string json = gpx->ToJson(false, EOL_LF, wellFormed);
 
   std::vector<bench::CProgram> programs;
@@ -173,7 +209,11 @@ int main() {
   programs.push_back(bench::Timed("writer alone", [&] { WriteAgain<CJsonTextWriter>(recorder); }));
   programs.push_back(bench::Timed("writer alone, well-formed",
                                   [&] { WriteAgain<CWellFormedJsonWriter>(recorder); }));
-  AddPeers(json, programs);
+  AddWriters(json, programs);
+  programs.push_back(Reading("FromXml", [&](gpx11::CGpx& read) { read.FromXml(xml.c_str()); }));
+  AddReading("", ownJson, own, programs);
+  AddReading(", well-formed", json, wellFormed, programs);
+  AddReaders(json, programs);
   bench::Compare({"gpx", xml.size(), bench::CountElements(xml)}, programs);
   return 0;
 }

@@ -210,7 +210,7 @@ TEST(JsonWriters, WriteNamespaces) {
          Start(w, "r", "urn:d"); Attribute(w, "x", "1", "urn:d"); Attribute(w, "lang", "en", kXml);
          Start(w, "a"); End(w); End(w); },
        R"({"r": {"@xmlns": "urn:d","@xmlns:p": "urn:d","@p:x": "1","@xml:lang": "en","a": }})",
-       R"({"r": {"@xmlns": "urn:d","@xmlns:p": "urn:d","@p:x": "1","@xml:lang": "en","a": {}}})"},
+       R"({"r": {"@xmlns": "urn:d","@xmlns:p": "urn:d","@p:x": "1","@xml:lang": "en","a": {"@xmlns": ""}}})"},
       {"type with and without a prefix",
        [](Writer& w) { w.AddNamespace("xsi", kXsi); w.AddNamespace("p", "urn:p"); Start(w, "r");
          w.WriteAttributeType("urn:p", "T", kString); Start(w, "a");
@@ -241,6 +241,11 @@ TEST(CWellFormedJsonWriter, DeclaresNamespacesWhereTheyAreUsed) {
       {"attributes", [](Writer& w) { Start(w, "r"); Attribute(w, "x", "1", "urn:a");
          Attribute(w, "y", "2", "urn:a"); Attribute(w, "z", "3", "urn:b"); End(w); },
        R"({"r": {"@xmlns:AA": "urn:a","@AA:x": "1","@AA:y": "2","@xmlns:AB": "urn:b","@AB:z": "3"}})"},
+      {"the default one is taken back once, and then needs a prefix",
+       [](Writer& w) { w.SetDefaultNamespace("urn:d"); Start(w, "r", "urn:d"); Start(w, "a");
+         Start(w, "b"); Text(w, "t"); End(w); Start(w, "c", "urn:d"); End(w); End(w);
+         Start(w, "e", "urn:d"); End(w); End(w); },
+       R"({"r": {"@xmlns": "urn:d","a": {"@xmlns": "","b": "t","AA:c": {"@xmlns:AA": "urn:d"}},"e": {}}})"},
       {"type", [](Writer& w) { Start(w, "r"); w.WriteAttributeType("urn:t", "T", kString); End(w); },
        R"({"r": {"@xmlns:AA": "urn:t","@xmlns:AB": "http://www.w3.org/2001/XMLSchema-instance","@AB:type": "AA:T"}})"},
   };

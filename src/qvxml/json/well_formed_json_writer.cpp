@@ -78,6 +78,7 @@ void CWellFormedJsonWriter::WriteStartElement(const std::string& localName,
     StartMember(prefix, localName, isItem);
     PushLevel();
     if (isNewPrefix) WriteDeclaration(prefix, namespaceUri);
+    if (IsFull() && namespaceUri.empty()) TakeBackDefaultNamespace(context);
     if (ownerDepth == 0 && IsFull()) WriteRootNamespaces();
     FlushIfFull();
   } catch (...) {
@@ -106,6 +107,13 @@ bool CWellFormedJsonWriter::BindIfUnbound(CXmlWriterContext& context,
   if (!context.GetNamespaceMapValue(namespaceUri).empty()) return false;
   context.SetNamespaceMapValue(namespaceUri, context.GetUniquePrefix());
   return true;
+}
+
+// An element in no namespace would come into the default one.
+void CWellFormedJsonWriter::TakeBackDefaultNamespace(CXmlWriterContext& context) {
+  if (context.GetParent() == nullptr || context.GetDefaultNamespace().empty()) return;
+  context.SetDefaultNamespace(std::string());
+  WriteDeclaration({}, std::string());
 }
 
 void CWellFormedJsonWriter::WriteRootNamespaces() {

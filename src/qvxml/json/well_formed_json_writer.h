@@ -22,7 +22,8 @@ namespace QvXmlLib16 {
 ///   names is an array of its own. An array ends before whatever is no item of the collection.
 /// - Text of numeric types and booleans is written without quotation marks if JSON knows it as a
 ///   number or boolean, as a string otherwise (INF, NaN, 007), and is null if it is empty.
-/// - A namespace that has no prefix gets one, which is declared where it is used.
+/// - A namespace that has no prefix gets one, which is declared where it is used. An element in no
+///   namespace takes back the default one around it with "@xmlns": "".
 /// - Comments are left out.
 ///
 /// An object has a name twice only where the element has: two elements of one name that are not in
@@ -88,6 +89,7 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
   // Binds a new prefix if the namespace has none; tells whether it had none.
   static bool BindIfUnbound(CXmlWriterContext& context, const std::string& namespaceUri);
   void WriteRootNamespaces();
+  void TakeBackDefaultNamespace(CXmlWriterContext& context);
   // The prefix is "" for the default namespace.
   void WriteDeclaration(std::string_view prefix, const std::string& namespaceUri);
 
