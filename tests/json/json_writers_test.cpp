@@ -147,6 +147,9 @@ TEST(JsonWriters, WriteElementsTextAndAttributes) {
        [](Writer& w) { Start(w, "a\"b\\"); Attribute(w, "\n", "1"); End(w); },
        "{\"a\"b\\\": {\"@\n\": \"1\"}}", R"({"a\"b\\": {"@\n": "1"}})"},
       {"nothing", [](Writer&) {}, "{}", "{}"},
+      {"several roots",
+       [](Writer& w) { Element(w, "a", "1"); Element(w, "b", "2"); },
+       R"({"a": "1""b": "2"})", R"({"a": "1","b": "2"})"},
   };
   ExpectTexts(rows);
 }
@@ -528,19 +531,6 @@ TYPED_TEST(OneJsonWriter, FlushesWhenMuchIsWaiting) {
   End(writer);
   writer.Close();
   writer.WriteEndDocument();
-}
-
-TEST(CWellFormedJsonWriter, WritesTheItemsOfARootCollection) {
-  CTextStream stream;
-  CWellFormedJsonWriter writer(stream);
-  writer.SetFormat(false);
-  writer.SetRootCollection();
-  writer.WriteStartDocument();
-  Element(writer, "i", "1", ItemType_i4);
-  Element(writer, "i", "2", ItemType_i4);
-  Item(writer, "j", "3");
-  writer.WriteEndDocument();
-  EXPECT_EQ(stream.GetString(), R"({"i": [1,2],"j": [{"@x": "3"}]})");
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // The entry points that write.
 
 #include "qvxml/binding/object_flags_internal.h"
-#include "qvxml/binding/xml_collection_base.h"
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/json/json_text_writer.h"
@@ -53,7 +52,6 @@ void WriteJson(const CXmlObjectBase& object, CTextStream& stream, bool format, E
     WriteJson(object, writer, stream, format, eol, ctx);
   } else {
     CWellFormedJsonWriter writer(stream);
-    if (dynamic_cast<const CXmlCollectionBase*>(&object) != nullptr) writer.SetRootCollection();
     WriteJson(object, writer, stream, format, eol, ctx);
   }
 }
@@ -112,7 +110,7 @@ std::string CXmlObjectBase::ToJson(bool format, EOLType eol,
   CheckLicenceAndVersion();
   CTextStream stream;
   WriteJson(*this, stream, format, eol, ctx);
-  return std::string(stream.GetText(), stream.GetLength());
+  return stream.GetString();
 }
 
 CBinaryData CXmlObjectBase::ToJsonStream(bool format, XmlEncoding encoding, EOLType eol,

@@ -61,14 +61,19 @@ void CJsonTextWriter::WriteStartElement(const std::string& localName,
 void CJsonTextWriter::WriteElementName(CXmlWriterContext& context) {
   const std::string& namespaceUri = context.GetNamespaceUri();
   bool isNewPrefix = false;
-  if (IsFull() && context.GetPrefix().empty() && !context.IsUnprefixed(namespaceUri)) {
+  std::string_view prefix;
+  if (IsFull() && !context.IsUnprefixed(namespaceUri)) {
+    prefix = context.GetNamespaceMapValue(namespaceUri);
+    isNewPrefix = prefix.empty();
+  }
+  if (isNewPrefix) {
     if (context.GetParent() != nullptr) ThrowUnknownNamespace(context.GetLocalName());
     context.SetNamespaceMapValue(namespaceUri, context.GetUniquePrefix());
-    isNewPrefix = true;
+    prefix = context.GetNamespaceMapValue(namespaceUri);
   }
-  WriteName({}, IsFull() ? context.GetPrefix() : std::string_view(), context.GetLocalName());
+  WriteName({}, prefix, context.GetLocalName());
   m_isValuePending = true;
-  if (isNewPrefix) WriteDeclaration(context, context.GetPrefix(), namespaceUri);
+  if (isNewPrefix) WriteDeclaration(context, prefix, namespaceUri);
 }
 
 void CJsonTextWriter::WriteRootNamespaces(CXmlWriterContext& root) {

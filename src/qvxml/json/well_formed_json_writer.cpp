@@ -62,14 +62,19 @@ void CWellFormedJsonWriter::WriteComment(const std::string&) {}
 
 void CWellFormedJsonWriter::WriteStartElement(const std::string& localName,
                                               const std::string& namespaceUri) {
-  const bool isItem = IsInCollection(GetContext());
+  const CXmlWriterContext* const owner = GetContext();
+  const bool isItem = owner != nullptr && (owner->GetState() == ContextState_CollectionBegin ||
+                                           owner->GetState() == ContextState_ArrayOpen);
   const size_t ownerDepth = m_depth;
   CXmlWriterContext& context = PushContext(localName, namespaceUri, 0);
   try {
-    // Known before the name is written, which has it.
-    const bool isNewPrefix =
-        IsFull() && !context.IsUnprefixed(namespaceUri) && BindIfUnbound(context, namespaceUri);
-    const std::string_view prefix = IsFull() ? context.GetPrefix() : std::string_view();
+    bool isNewPrefix = false;
+    std::string_view prefix;
+    if (IsFull() && !context.IsUnprefixed(namespaceUri)) {
+      // Bound before the name is written, which has it.
+      isNewPrefix = BindIfUnbound(context, namespaceUri);
+      prefix = context.GetNamespaceMapValue(namespaceUri);
+    }
     StartMember(prefix, localName, isItem);
     PushLevel();
     if (isNewPrefix) WriteDeclaration(prefix, namespaceUri);
@@ -81,12 +86,6 @@ void CWellFormedJsonWriter::WriteStartElement(const std::string& localName,
     PopContext();
     throw;
   }
-}
-
-bool CWellFormedJsonWriter::IsInCollection(const CXmlWriterContext* parent) const noexcept {
-  if (parent == nullptr) return m_isRootCollection;
-  return parent->GetState() == ContextState_CollectionBegin ||
-         parent->GetState() == ContextState_ArrayOpen;
 }
 
 void CWellFormedJsonWriter::StartMember(std::string_view prefix, const std::string& localName,

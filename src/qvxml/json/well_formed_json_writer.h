@@ -44,8 +44,6 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
 
   void WriteStartDocument();
   void WriteEndDocument();
-  /// Makes the outermost elements items of a collection; to be called before the first one.
-  void SetRootCollection() noexcept { m_isRootCollection = true; }
   /// Does nothing.
   void WriteComment(const std::string& text) override;
 
@@ -86,7 +84,6 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
 
   CLevel& GetLevel() noexcept { return m_levels[m_depth]; }
   void PushLevel();
-  bool IsInCollection(const CXmlWriterContext* parent) const noexcept;
   // Writes all that comes before the value of an element.
   void StartMember(std::string_view prefix, const std::string& localName, bool isItem);
   // Binds a new prefix if the namespace has none; tells whether it had none.
@@ -112,7 +109,6 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
   size_t m_depth = 0;
   // Brackets and braces that are open.
   unsigned long m_indent = 0;
-  bool m_isRootCollection = false;
   // The text of all open elements, one behind the other.
   std::string m_text;
   // The value of an xsi:type attribute.

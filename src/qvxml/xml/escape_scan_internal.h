@@ -66,6 +66,10 @@ const char* FindEscaped(const char* text, const char* end) noexcept {
     const __m128i first = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(text));
     const __m128i last = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(end - 8));
     if (mask(_mm_unpacklo_epi64(first, last)) == 0) return end;
+  } else if (end - text >= 4) {
+    const __m128i first = _mm_loadu_si32(text);
+    const __m128i last = _mm_loadu_si32(end - 4);
+    if ((mask(_mm_unpacklo_epi32(first, last)) & 0xFF) == 0) return end;
   }
 #endif
   while (text != end && !TEscapes::Has(*text)) ++text;
