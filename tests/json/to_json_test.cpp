@@ -76,7 +76,7 @@ const Sample kSamples[] = {
      R"({"contact": {"@xmlns": "urn:qvxml:samples","name": "n","email": "e","key": ["a"],"value": ["1"],"key": ["b"],"value": ["2"]}})"},
     {Make<CEnvelope>, "<envelope " NAMESPACE R"( hop="1"><header a="1" xmlns=""><x/><x>2</x>h</header><subject>s</subject><y xmlns="urn:y"/></envelope>)",
      nullptr,
-     R"({"envelope": {"@xmlns": "urn:qvxml:samples","@hop": "1","header": {"@a": "1","x": ["","2"],"#text": "h"},"subject": "s","AA:y": [{"@xmlns:AA": "urn:y","#text": ""}]}})"},
+     R"({"envelope": {"@xmlns": "urn:qvxml:samples","@hop": "1","header": {"@xmlns": "","@a": "1","x": ["","2"],"#text": "h"},"subject": "s","AA:y": [{"@xmlns:AA": "urn:y","#text": ""}]}})"},
 };
 // clang-format on
 

@@ -1,3 +1,6 @@
+#include <cstring>
+#include <utility>
+
 #include "qvxml/core/exception.h"
 #include "qvxml/json/xml_emitter_internal.h"
 #include "qvxml/xml/escape_scan_internal.h"
@@ -19,29 +22,23 @@ void CXmlEmitter::EndDocument() const {
 void CXmlEmitter::StartElement(std::string_view name) {
   const size_t depth = m_levels.size();
   EnsureRoom(name.size() + depth + 3);
+  unsigned char* at = m_cursor;
   if (depth != 0) {
     m_levels.back().hasChildren = true;
-    if (m_isStartTagOpen) {
-      Put('>');
-      PutEOL();
-    }
+    if (m_isStartTagOpen) at = PutEOL(Put(at, '>'));
   }
-  PutIndent(depth);
-  Put('<');
-  m_levels.push_back({GetLength(), name.size(), false});
-  Put(name);
+  at = Put(PutIndent(at, depth), '<');
+  m_levels.push_back({static_cast<size_t>(at - m_bytes.get()), name.size(), false});
+  m_cursor = Put(at, name);
   m_isStartTagOpen = true;
 }
 
 void CXmlEmitter::Attribute(std::string_view name, std::string_view value) {
   if (!m_isStartTagOpen) throw CQvException("Attributes must be added before elements");
   EnsureRoom(name.size() + 3);
-  Put(' ');
-  Put(name);
-  Put("=\"");
+  m_cursor = Put(Put(Put(m_cursor, ' '), name), "=\"");
   PutValue(value);
-  EnsureRoom(1);
-  Put('"');
+  PutRaw("\"");
 }
 
 void CXmlEmitter::PutValue(std::string_view value) {
@@ -69,26 +66,24 @@ void CXmlEmitter::Section(std::string_view text) {
 
 void CXmlEmitter::OpenContent() {
   if (!HasOpenElement()) throw CQvException("An Element has not been opened.");
-  if (m_isStartTagOpen) {
-    EnsureRoom(1);
-    Put('>');
-    m_isStartTagOpen = false;
-  }
+  if (m_isStartTagOpen) PutRaw(">");
+  m_isStartTagOpen = false;
 }
 
 void CXmlEmitter::EndElement() {
   const CLevel level = m_levels.back();
   m_levels.pop_back();
   EnsureRoom(level.nameLength + m_levels.size() + 4);
+  unsigned char* at = m_cursor;
   if (m_isStartTagOpen) {
-    Put("/>");
+    at = Put(at, "/>");
   } else {
-    if (level.hasChildren) PutIndent(m_levels.size());
-    Put("</");
-    Put(GetText().substr(level.nameOffset, level.nameLength));
-    Put('>');
+    if (level.hasChildren) at = PutIndent(at, m_levels.size());
+    at = Put(at, "</");
+    at = Put(at, {AsText(m_bytes.get()) + level.nameOffset, level.nameLength});
+    at = Put(at, '>');
   }
-  PutEOL();
+  m_cursor = PutEOL(at);
   m_isStartTagOpen = false;
 }
 
@@ -112,7 +107,7 @@ void CXmlEmitter::Grow(size_t length) {
 
 void CXmlEmitter::PutRaw(std::string_view text) {
   EnsureRoom(text.size());
-  Put(text);
+  m_cursor = Put(m_cursor, text);
 }
 
 template <bool kInAttribute>
@@ -122,32 +117,31 @@ void CXmlEmitter::PutEscaped(std::string_view text) {
   const char* const end = run + text.size();
   for (;;) {
     const char* const found = FindEscaped<TXmlEscapes<kInAttribute>>(run, end);
-    const size_t length = static_cast<size_t>(found - run);
-    EnsureRoom(length + kLongestEscape);
-    Put(std::string_view(run, length));
+    const std::string_view plain(run, static_cast<size_t>(found - run));
+    EnsureRoom(plain.size() + kLongestEscape);
+    m_cursor = Put(m_cursor, plain);
     if (found == end) return;
-    switch (*found) {
-      case '&':
-        Put("&amp;");
-        break;
-      case '<':
-        Put("&lt;");
-        break;
-      case '>':
-        Put("&gt;");
-        break;
-      case '"':
-        Put("&quot;");
-        break;
-      case '\n':
-        Put(kInAttribute ? std::string_view("&#xA;") : std::string_view("\n"));
-        break;
-      default:
-        // Kept: otherwise carriage returns are lost.
-        if (!m_isFormatted) Put("&#xD;");
-        break;
-    }
+    m_cursor = Put(m_cursor, GetEscape<kInAttribute>(*found));
     run = found + 1;
+  }
+}
+
+template <bool kInAttribute>
+std::string_view CXmlEmitter::GetEscape(char character) const noexcept {
+  switch (character) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '"':
+      return "&quot;";
+    case '\n':
+      return kInAttribute ? "&#xA;" : "\n";
+    default:
+      // Kept: carriage returns are lost, as CXmlTextWriter loses them.
+      return m_isFormatted ? "" : "&#xD;";
   }
 }
 

@@ -6,12 +6,12 @@
 #define QVXML_JSON_XML_EMITTER_INTERNAL_H_
 
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <string_view>
 #include <vector>
 
 #include "qvxml/types/binary_data.h"
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16::detail {
 
@@ -60,35 +60,40 @@ class CXmlEmitter {
     bool hasChildren;
   };
 
-  static const char* AsText(const unsigned char* bytes) noexcept {
-    return reinterpret_cast<const char*>(bytes);
-  }
+  static char* AsText(unsigned char* bytes) noexcept { return reinterpret_cast<char*>(bytes); }
   size_t GetLength() const noexcept { return static_cast<size_t>(m_cursor - m_bytes.get()); }
 
   void EnsureRoom(size_t length) {
     if (static_cast<size_t>(m_end - m_cursor) < length) Grow(length);
   }
   void Grow(size_t length);
-  // The following need room that was made before.
-  void Put(char character) noexcept { *m_cursor++ = static_cast<unsigned char>(character); }
-  void Put(std::string_view text) noexcept {
-    std::memcpy(m_cursor, text.data(), text.size());
-    m_cursor += text.size();
+  // The following need room that was made before, and return the place behind what they wrote. The
+  // cursor is kept in a local, as bytes that are written could be the member's for all the compiler
+  // knows.
+  static unsigned char* Put(unsigned char* at, char character) noexcept {
+    *at = static_cast<unsigned char>(character);
+    return at + 1;
   }
-  void PutEOL() noexcept {
-    if (m_isFormatted) Put('\n');
+  static unsigned char* Put(unsigned char* at, std::string_view text) noexcept {
+    CopyShort(AsText(at), text.data(), text.size());
+    return at + text.size();
   }
-  void PutIndent(size_t depth) noexcept {
-    if (!m_isFormatted) return;
-    std::memset(m_cursor, '\t', depth);
-    m_cursor += depth;
+  unsigned char* PutEOL(unsigned char* at) const noexcept {
+    return m_isFormatted ? Put(at, '\n') : at;
   }
-  void CloseStartTag();
+  unsigned char* PutIndent(unsigned char* at, size_t depth) const noexcept {
+    if (!m_isFormatted) return at;
+    // Mostly few: a call costs more.
+    for (; depth != 0; --depth) at = Put(at, '\t');
+    return at;
+  }
   void OpenContent();
   void PutRaw(std::string_view text);
   void PutValue(std::string_view value);
   template <bool kInAttribute>
   void PutEscaped(std::string_view text);
+  template <bool kInAttribute>
+  std::string_view GetEscape(char character) const noexcept;
 
   const bool m_isFormatted;
   bool m_isStartTagOpen = false;
