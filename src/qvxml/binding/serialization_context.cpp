@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "qvxml/core/exception.h"
+#include "qvxml/json/json_context.h"
 
 namespace QvXmlLib16 {
 
@@ -51,5 +52,7 @@ void CSerializationContext::SetIndentChars(const char* value) {
   }
   m_indentChars = text;
 }
+
+CJsonContext& CSerializationContext::GetJsonContext() const { return m_jsonContext.GetOrMake(); }
 
 }  // namespace QvXmlLib16

@@ -39,18 +39,12 @@ constexpr size_t kRepetitionAlwaysAllowed = size_t{8} << 20;
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
 
-bool IsInternalTextUtf8() {
-  // The encoding of no other locale has these bytes for that character.
-  constexpr std::string_view kProbe = "\xF0\x9F\x98\x80";
-  return Utf8ToLocalCodePage(kProbe.data(), kProbe.size()) == kProbe;
-}
-
 }  // namespace
 
 constinit CInstanceCounter CExpatReader::s_instances("CExpatReader");
 
 CExpatReader::CExpatReader(CXmlDocument& document)
-    : m_document(document), m_convertsText(!IsInternalTextUtf8()) {}
+    : m_document(document), m_convertsText(!IsLocaleTextUtf8()) {}
 
 CExpatReader::~CExpatReader() { Cleanup(); }
 

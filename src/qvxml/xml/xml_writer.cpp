@@ -117,6 +117,11 @@ bool CXmlWriter::IsDeclarable(const NamespaceMap::value_type& binding) noexcept 
          binding.first.compare(0, kXmlNamespace.size(), kXmlNamespace) != 0;
 }
 
+const std::string& CXmlWriter::GetXsiNamespace() {
+  static const std::string& s_uri = *new std::string("http://www.w3.org/2001/XMLSchema-instance");
+  return s_uri;
+}
+
 const char* CXmlWriter::GetEOLText(EOLType type) {
   switch (type) {
     case EOL_CRLF:

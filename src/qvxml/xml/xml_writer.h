@@ -121,6 +121,8 @@ class QVXML_API CXmlWriter {
   /// Whether a binding may be declared: not those of the XML namespace and of namespaces that begin
   /// with its URI, and not those to an empty prefix.
   static bool IsDeclarable(const NamespaceMap::value_type& binding) noexcept;
+  /// The namespace of the attributes type and nil.
+  static const std::string& GetXsiNamespace();
   /// "\r\n" or "\n". Throws CQvException "Invalid EOL type.".
   static const char* GetEOLText(EOLType type);
 
