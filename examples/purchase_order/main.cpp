@@ -85,7 +85,8 @@ void Try(const char* what, TAction action) {
 int main() {
   const CSmartPtr<po::CPurchaseOrder> order = MakeOrder();
   const std::string text = Write(*order);
-  std::cout << text << "\n" << WriteJson(*order) << "\n\ntotal: " << ReadTotal(text).ToString() << "\n";
+  std::cout << text << "\n"
+            << WriteJson(*order) << "\n\ntotal: " << ReadTotal(text).ToString() << "\n";
 
   Try("a value that is not of its type", [&] {
     std::string wrong = text;
