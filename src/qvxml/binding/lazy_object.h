@@ -42,6 +42,47 @@ class QVXML_API CLazyObject {
   mutable std::atomic<CXmlObjectBase*> m_object{nullptr};
 };
 
+/// The same for a `TObject` that counts no references; copies share it.
+template <class TObject>
+class TLazyShared {
+ public:
+  TLazyShared() noexcept = default;
+  TLazyShared(const TLazyShared& other) noexcept : m_held(Share(other)) {}
+  TLazyShared& operator=(const TLazyShared& other) noexcept {
+    Held* const shared = Share(other);
+    Drop(m_held.exchange(shared, std::memory_order_acq_rel));
+    return *this;
+  }
+  ~TLazyShared() { Drop(m_held.load(std::memory_order_acquire)); }
+
+  /// The object, made by its default constructor when there is none yet.
+  TObject& GetOrMake() const {
+    Held* held = m_held.load(std::memory_order_acquire);
+    if (held != nullptr) return held->object;
+    Held* const made = new Held();
+    if (m_held.compare_exchange_strong(held, made, std::memory_order_acq_rel)) return made->object;
+    delete made;
+    return held->object;
+  }
+
+ private:
+  struct Held {
+    std::atomic<long> owners{1};
+    TObject object;
+  };
+
+  static Held* Share(const TLazyShared& other) noexcept {
+    Held* const held = other.m_held.load(std::memory_order_acquire);
+    if (held != nullptr) held->owners.fetch_add(1, std::memory_order_relaxed);
+    return held;
+  }
+  static void Drop(Held* held) noexcept {
+    if (held != nullptr && held->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) delete held;
+  }
+
+  mutable std::atomic<Held*> m_held{nullptr};
+};
+
 }  // namespace detail
 }  // namespace QvXmlLib16
 

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "qvxml/core/exception.h"
+#include "qvxml/fastinfoset/fi_context.h"
 
 namespace QvXmlLib16 {
 
@@ -51,5 +52,7 @@ void CSerializationContext::SetIndentChars(const char* value) {
   }
   m_indentChars = text;
 }
+
+CFastInfosetContext& CSerializationContext::GetFIContext() const { return m_fiContext.GetOrMake(); }
 
 }  // namespace QvXmlLib16

@@ -14,7 +14,8 @@
 
 namespace QvXmlLib16 {
 
-class CAttributeCol;  // xml/untyped/attribute_col.h
+class CAttributeCol;        // xml/untyped/attribute_col.h
+class CFastInfosetContext;  // fastinfoset/fi_context.h
 
 /// The kind of schema that the classes were generated from. The numbers are fixed.
 enum SchemaType : int {
@@ -121,10 +122,17 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
     return m_processingInstructions;
   }
 
+  // The options of other formats.
+
+  /// Those of Fast Infoset, for the caller to change. Made when they are first asked for, from any
+  /// thread. A copy of the context shares them, if they were made by then.
+  CFastInfosetContext& GetFIContext() const;
+
  private:
   friend class TInstanceCounted<CSerializationContext>;
   static CInstanceCounter s_instances;
 
+  detail::TLazyShared<CFastInfosetContext> m_fiContext;
   std::string m_defaultNamespaceUri;
   bool m_writeTypeAttribute = true;
   CNamespaceAliasMap m_namespaceAliases;
