@@ -1,4 +1,4 @@
-// The checks of literal text, and restricted alphabets. Algorithms are in fi_algorithms.cpp.
+// The checks of literal text, and restricted alphabets. Algorithms are in fi_algorithm_text.cpp.
 
 #include <algorithm>
 #include <iterator>
