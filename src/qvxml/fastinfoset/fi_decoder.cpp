@@ -17,8 +17,10 @@ namespace {
 // had many does not make every other one large.
 constexpr uint32_t kMaxLikelyAttributes = 16;
 
-bool IsWhitespace(char character) {
-  return character == ' ' || character == '\n' || character == '\t';
+// After whitespace more of it is likely to come behind the next child, and the whole may be a text
+// that elements share.
+bool MayBeWholeText(std::string_view text) {
+  return !text.empty() && text.front() != ' ' && text.front() != '\n' && text.front() != '\t';
 }
 
 }  // namespace
@@ -182,25 +184,31 @@ std::string_view CDecoder::AddValue(const CCharacters& value) {
 }
 
 inline void CDecoder::ReadChunk(unsigned char octet) {
-  if (octet < kChunkIndex) {
-    const CCharacters chunk = m_strings.TakeOnFifthBit(octet);
-    const bool isAdded = (octet & kAddToTableInChunk) != 0;
-    const std::string_view text = isAdded ? AddChunk(chunk) : ToTreeText(chunk);
-    return chunk.isCData && m_keepsCData ? AddSection(text) : AddText(text, nullptr);
+  if (octet >= kChunkIndex) {
+    const size_t offset = m_input.GetOffset() - 1;
+    const unsigned index = m_input.TakeIndexOnFourthBit(octet);
+    if (index > m_chunks.size()) m_input.FailIndex(index, m_chunks.size(), offset);
+    const CChunk& chunk = m_chunks[index - 1];
+    m_input.ChargeRepetition(chunk.size);
+    return AddChunkText(chunk);
   }
-  const size_t offset = m_input.GetOffset() - 1;
-  const unsigned index = m_input.TakeIndexOnFourthBit(octet);
-  if (index > m_chunks.size()) m_input.FailIndex(index, m_chunks.size(), offset);
-  CChunk& chunk = m_chunks[index - 1];
-  m_input.ChargeRepetition(chunk.text.size());
-  AddText(chunk.text, &chunk.shared);
+  const CCharacters chunk = m_strings.TakeOnFifthBit(octet);
+  const bool isAdded = (octet & kAddToTableInChunk) != 0 && AddChunk(chunk);
+  if (chunk.isCData && m_keepsCData) {
+    AddSection(ToTreeText(chunk));
+  } else if (isAdded) {
+    AddChunkText(m_chunks.back());
+  } else {
+    AddText(ToTreeText(chunk));
+  }
 }
 
-// Returns the text as the tree holds it.
-std::string_view CDecoder::AddChunk(const CCharacters& chunk) {
+// Returns whether there was room.
+bool CDecoder::AddChunk(const CCharacters& chunk) {
+  if (m_chunks.size() == kMaxEntries) return false;
   const std::string_view text = ToTreeText(chunk);
-  if (m_chunks.size() == kMaxEntries) return text;
-  return m_chunks.emplace_back(CChunk{m_strings.Keep(text), nullptr}).text;
+  m_chunks.push_back({m_arena.AddSharedText(text), text.size(), MayBeWholeText(text)});
+  return true;
 }
 
 inline std::string_view CDecoder::ToTreeText(const CCharacters& chunk) {
@@ -212,24 +220,25 @@ inline std::string_view CDecoder::ToTreeText(const CCharacters& chunk) {
   return m_withoutCR;
 }
 
-// `shared` is null for text that only this element has.
-inline void CDecoder::AddText(std::string_view text, const std::string** shared) {
+// Most elements have one text, which goes into them at once.
+inline void CDecoder::AddText(std::string_view text) {
   if (text.empty()) return;
   CXmlElement& element = *m_document.m_openElements.back();
-  if (!IsFirstText(element, text)) return AppendPendingText(text);
-  if (shared == nullptr) {
-    element.SetOwnText(m_arena, text);
-  } else {
-    if (*shared == nullptr) *shared = m_arena.AddSharedText(text);
-    element.m_text = *shared;
-  }
+  if (HasText(element) || !MayBeWholeText(text)) return AppendPendingText(text);
+  element.SetOwnText(m_arena, text);
 }
 
-// Whether the text may go into the element at once: most elements have no other. Whitespace waits,
-// as more of it is likely to come after the next child, and the whole may be one that is shared.
-inline bool CDecoder::IsFirstText(const CXmlElement& element, std::string_view text) const {
-  return element.m_text == m_arena.EmptyText() && !IsWhitespace(text.front()) &&
-         (m_pending.empty() || m_pending.back().depth != GetDepth());
+// Does not look at the text itself, which may lie far away in memory.
+inline void CDecoder::AddChunkText(const CChunk& chunk) {
+  CXmlElement& element = *m_document.m_openElements.back();
+  if (HasText(element) || !chunk.mayBeWhole) return AppendPendingText(*chunk.text);
+  element.m_text = chunk.text;
+}
+
+// Of the innermost open element.
+inline bool CDecoder::HasText(const CXmlElement& element) const {
+  return element.m_text != m_arena.EmptyText() ||
+         (!m_pending.empty() && m_pending.back().depth == GetDepth());
 }
 
 void CDecoder::AppendPendingText(std::string_view text) {

@@ -40,10 +40,12 @@ class CDecoder {
     uint32_t namespaceUri;
     size_t offset;
   };
-  // Attribute values are copied wherever they are used; chunks are shared once they are repeated.
+  // Elements share the text; attributes copy theirs.
   struct CChunk {
-    std::string_view text;
-    const std::string* shared = nullptr;
+    const std::string* text;
+    size_t size : 63;
+    // As the only text of an element.
+    size_t mayBeWhole : 1;
   };
   // Text of an open element that waits for its end.
   struct CPendingText {
@@ -90,10 +92,11 @@ class CDecoder {
 
   // Its text.
   void ReadChunk(unsigned char octet);
-  std::string_view AddChunk(const CCharacters& chunk);
-  void AddText(std::string_view text, const std::string** shared);
+  bool AddChunk(const CCharacters& chunk);
+  void AddText(std::string_view text);
+  void AddChunkText(const CChunk& chunk);
   void AddSection(std::string_view text);
-  bool IsFirstText(const CXmlElement& element, std::string_view text) const;
+  bool HasText(const CXmlElement& element) const;
   void AppendPendingText(std::string_view text);
   void TakePendingText();
   void FlushPendingText();

@@ -57,7 +57,7 @@ class CStrings {
  private:
   CCharacters TakeUtf8(size_t length) {
     const std::string_view text = m_input.TakeOctets(length);
-    if (IsPlain(text)) return {text, true, false};
+    if (IsPlain(text, length + m_input.GetRemaining())) return {text, true, false};
     return CheckText(text);
   }
   CCharacters CheckText(std::string_view text) const;

@@ -49,9 +49,7 @@ bool IsXmlCharacter(char32_t character) {
 size_t PlainBlocks(const char* text, size_t length) {
   size_t count = 0;
   for (; length - count >= 8; count += 8) {
-    std::uint64_t block;
-    std::memcpy(&block, text + count, sizeof block);
-    if (HasSpecial(block)) break;
+    if (HasSpecial(LoadBlock(text + count))) break;
   }
   return count;
 }

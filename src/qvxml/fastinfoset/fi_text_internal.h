@@ -12,32 +12,37 @@
 
 namespace QvXmlLib16::detail::fi {
 
+inline std::uint64_t LoadBlock(const char* bytes) {
+  std::uint64_t block;
+  std::memcpy(&block, bytes, sizeof block);
+  return block;
+}
+
 /// Whether the eight bytes hold one below 0x20 or above 0x7F.
 inline bool HasSpecial(std::uint64_t bytes) {
   return ((bytes | (bytes - 0x2020202020202020u)) & 0x8080808080808080u) != 0;
 }
 
 /// Whether the text is ASCII without control characters, and so needs no further look.
-inline bool IsPlain(std::string_view text) {
-  const auto load = [](const char* bytes) {
-    std::uint64_t block;
-    std::memcpy(&block, bytes, sizeof block);
-    return block;
-  };
+///
+/// It must not be empty. `readable` bytes, the text among them, may be read.
+inline bool IsPlain(std::string_view text, size_t readable) {
+  constexpr std::uint64_t kSpaces = 0x2020202020202020u;
   const char* position = text.data();
   size_t rest = text.size();
-  if (rest < 8) {
-    unsigned char found = 0;
-    for (; rest != 0; --rest, ++position) {
-      const auto byte = static_cast<unsigned char>(*position);
-      found = static_cast<unsigned char>(found | byte | (byte - 0x20));
-    }
-    return found < 0x80;
-  }
   for (; rest > 8; rest -= 8, position += 8) {
-    if (HasSpecial(load(position))) return false;
+    if (HasSpecial(LoadBlock(position))) return false;
   }
-  return !HasSpecial(load(text.data() + text.size() - 8));
+  if (text.size() >= 8) return !HasSpecial(LoadBlock(position + rest - 8));
+  if (readable < 8) {
+    char copy[8] = {};
+    std::memcpy(copy, position, rest);
+    return IsPlain({copy, rest}, sizeof copy);
+  }
+  // Blanks in place of what comes after the text; without a loop, which short texts of all lengths
+  // would make hard to predict.
+  const std::uint64_t others = ~std::uint64_t{0} << 8 * rest;
+  return !HasSpecial((LoadBlock(position) & ~others) | (kSpaces & others));
 }
 
 /// Whether the text is UTF-8 and of characters that XML 1.0 allows.
