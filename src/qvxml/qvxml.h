@@ -44,6 +44,7 @@
 #include "qvxml/fastinfoset/fi_context.h"
 #include "qvxml/fastinfoset/fi_declaration.h"
 #include "qvxml/fastinfoset/fi_vocabulary.h"
+#include "qvxml/fastinfoset/fi_writer.h"
 #include "qvxml/licence/licence_check.h"
 #include "qvxml/support/critical_section.h"
 #include "qvxml/support/instance_monitor.h"
