@@ -43,6 +43,7 @@
 #include "qvxml/core/whitespace.h"
 #include "qvxml/fastinfoset/fi_context.h"
 #include "qvxml/fastinfoset/fi_declaration.h"
+#include "qvxml/fastinfoset/fi_reader.h"
 #include "qvxml/fastinfoset/fi_vocabulary.h"
 #include "qvxml/fastinfoset/fi_writer.h"
 #include "qvxml/licence/licence_check.h"

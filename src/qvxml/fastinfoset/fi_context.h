@@ -12,7 +12,7 @@
 
 namespace QvXmlLib16 {
 
-/// Tells how documents are written, and which vocabulary they refer to.
+/// Tells how documents are written, which vocabulary they refer to, and what reading refuses.
 ///
 /// A new context gives documents that every decoder of ITU-T X.891 reads: all text literal, in
 /// UTF-8. A context may serve several documents at once as long as nobody changes it.
@@ -82,6 +82,14 @@ class QVXML_API CFastInfosetContext : private TInstanceCounted<CFastInfosetConte
   /// Null is "".
   void SetExternalVocabularyURI(const char* uri);
 
+  // What reading refuses.
+
+  /// How many times the size of the document the strings that it refers to by index may add up to,
+  /// beyond 8 MiB that are always allowed; 100 at first, 0 for no limit. The XML reader has the
+  /// same limit.
+  unsigned GetMaxAmplification() const { return m_maxAmplification; }
+  void SetMaxAmplification(unsigned ratio) { m_maxAmplification = ratio; }
+
  private:
   friend class TInstanceCounted<CFastInfosetContext>;
   static CInstanceCounter s_instances;
@@ -96,6 +104,7 @@ class QVXML_API CFastInfosetContext : private TInstanceCounted<CFastInfosetConte
   bool m_useGeneratedVocabulary = false;
   CFIVocabulary m_vocabulary;
   std::string m_externalVocabularyUri;
+  unsigned m_maxAmplification = 100;
 };
 
 }  // namespace QvXmlLib16

@@ -6,8 +6,8 @@
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
 #include "qvxml/core/locale_text_internal.h"
-#include "qvxml/core/unicode_internal.h"
 #include "qvxml/fastinfoset/fi_encoder_internal.h"
+#include "qvxml/fastinfoset/fi_text_internal.h"
 
 namespace QvXmlLib16::detail {
 
@@ -20,11 +20,6 @@ std::uint64_t TagOf(unsigned prefix, unsigned namespaceNumber) {
 }
 
 constexpr size_t kFlushAt = 32768;
-
-bool IsXmlCharacter(char32_t character) {
-  if (character < 0x20) return character == '\t' || character == '\n' || character == '\r';
-  return character != 0xFFFE && character != 0xFFFF;
-}
 
 bool IsFull(const CFIStringIndex& index) { return index.GetCount() >= kMaxEntries; }
 
@@ -140,7 +135,10 @@ void CFIEncoder::Declare(const std::string& prefix, const std::string& namespace
   if (isFirst) m_output.Put(kElementNamespaces | (m_hasAttributes ? kElementAttributes : 0u));
   m_output.Put(kNamespaceAttribute | (prefix.empty() ? 0u : kHasPrefix) |
                (namespaceUri.empty() ? 0u : kHasNamespace));
-  if (!prefix.empty()) PutDeclaration(m_prefixes, Utf8Of(prefix));
+  if (!prefix.empty()) {
+    CheckName(Utf8Of(prefix));
+    PutDeclaration(m_prefixes, Utf8Of(prefix));
+  }
   if (!namespaceUri.empty()) PutDeclaration(m_namespaces, Utf8Of(namespaceUri));
   if (isFirst) m_output.Put(kTerminator);
 
@@ -204,6 +202,7 @@ void CFIEncoder::PutIdentifying(CFIStringIndex& index, const std::string& utf8) 
   if (const unsigned number = index.Find(utf8)) {
     m_output.PutIndexOnSecondBit(kIndexFollows, number);
   } else {
+    CheckName(utf8);
     m_output.PutOctetString(utf8);
     if (!IsFull(index)) index.Add(utf8);
   }
@@ -223,37 +222,18 @@ void CFIEncoder::PutDeclaration(CFIStringIndex& index, const std::string& utf8) 
   index.Add(utf8);
 }
 
-bool CFIEncoder::IsPlainAscii(std::string_view text) noexcept {
-  constexpr std::uint64_t kBlanks = 0x2020202020202020u;
-  constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-  const char* position = text.data();
-  size_t left = text.size();
-  std::uint64_t found = 0;
-  for (; left >= 8; left -= 8, position += 8) {
-    std::uint64_t block;
-    std::memcpy(&block, position, sizeof block);
-    // Set in the high bit where a byte is below a blank or above 127.
-    found |= ((block - kBlanks) & ~block) | block;
+const std::string& CFIEncoder::ConvertedOf(const std::string& text) {
+  if (m_isTextUtf8 && IsXmlText(text)) return text;
+  m_converted = LocalCodePageToUtf8(text.data(), text.size());
+  if (!IsXmlText(m_converted)) {
+    throw CQvException("Text holds a character that can not be written.");
   }
-  bool isPlain = (found & kHighBits) == 0;
-  for (; left != 0; --left, ++position) isPlain &= *position >= ' ';
-  return isPlain;
+  return m_converted;
 }
 
-const std::string& CFIEncoder::ConvertedOf(const std::string& text) {
-  const bool isUtf8 = m_isTextUtf8 && ValidUtf8Length(text.data(), text.size()) == text.size();
-  if (!isUtf8) m_converted = LocalCodePageToUtf8(text.data(), text.size());
-  const std::string& utf8 = isUtf8 ? text : m_converted;
-  const char* const end = utf8.data() + utf8.size();
-  for (const char* position = utf8.data(); position != end;) {
-    char32_t character = 0;
-    position += ReadUtf8(position, end, character);
-    if (!IsXmlCharacter(character)) {
-      throw CQvException(FormatString("The character [U+%04X] can not be written.",
-                                      static_cast<unsigned>(character)));
-    }
-  }
-  return utf8;
+void CFIEncoder::CheckName(const std::string& utf8) {
+  if (IsNCName(utf8)) return;
+  throw CQvException(FormatString("The name [%s] can not be written.", utf8.c_str()));
 }
 
 }  // namespace QvXmlLib16::detail

@@ -13,6 +13,7 @@
 #include "qvxml/fastinfoset/fi_declaration.h"
 #include "qvxml/fastinfoset/fi_output_internal.h"
 #include "qvxml/fastinfoset/fi_string_index_internal.h"
+#include "qvxml/fastinfoset/fi_text_internal.h"
 
 namespace QvXmlLib16::detail {
 
@@ -129,10 +130,10 @@ class CFIEncoder {
   // The text in UTF-8: itself, or a copy that serves until the next call. Throws for characters
   // that no document may hold.
   const std::string& Utf8Of(const std::string& text) {
-    return IsPlainAscii(text) ? text : ConvertedOf(text);
+    return fi::IsPlain(text) ? text : ConvertedOf(text);
   }
-  static bool IsPlainAscii(std::string_view text) noexcept;
   const std::string& ConvertedOf(const std::string& text);
+  static void CheckName(const std::string& utf8);
 
   CBinaryStream& m_stream;
   CFIOutput m_output;

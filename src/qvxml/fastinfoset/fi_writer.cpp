@@ -18,10 +18,6 @@ const std::string& XsiNamespace() {
   return s_uri;
 }
 
-void RequireName(const std::string& localName) {
-  if (localName.empty()) throw CQvException("A name must not be empty.");
-}
-
 [[noreturn]] void ThrowInvalidInstruction(const std::string& text) {
   throw CQvException(FormatString("Invalid processing instruction [%s].", text.c_str()));
 }
@@ -134,7 +130,6 @@ void CFastInfosetWriter::EndStartTag() {
 
 void CFastInfosetWriter::WriteStartElement(const std::string& localName,
                                            const std::string& namespaceUri) {
-  RequireName(localName);
   RequireDocument();
   if (m_place == Place::AfterRoot) throw CQvException("A document must have one element.");
   BeginItem();
@@ -185,7 +180,6 @@ void CFastInfosetWriter::WriteAttributeString(const std::string& localName,
                                               const std::string& namespaceUri,
                                               const std::string& value, ItemType type) {
   CXmlWriterContext& context = GetOpenStartTag();
-  RequireName(localName);
   BeginItem();
   if (!WriteDeclarationAttribute(context, localName, namespaceUri, value)) {
     const NamePrefix name = ResolveAttribute(context, namespaceUri);

@@ -26,9 +26,9 @@ class CFIEncoder;  // fastinfoset/fi_encoder_internal.h
 /// To be called in this order: Open, WriteStartDocument, one element with comments and processing
 /// instructions around it, WriteEndDocument, Close.
 ///
-/// Text keeps every character, carriage returns and line feeds included; a character that no XML
-/// document may hold throws CQvException "The character [U+%04X] can not be written.". Names are
-/// not checked, but must not be "".
+/// Text keeps every character, carriage returns and line feeds included; one that no XML document
+/// may hold throws CQvException "Text holds a character that can not be written.". What is no name
+/// without a colon throws "The name [%s] can not be written.".
 ///
 /// Namespaces are declared where they are first needed, also where the caller bound a prefix and
 /// declared nothing. Where a prefix is taken, another one is made. An attribute named xmlns, or

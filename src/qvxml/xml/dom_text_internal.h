@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "qvxml/core/locale_text.h"
+
 namespace QvXmlLib16 {
 namespace detail {
 
@@ -18,6 +20,13 @@ inline std::string_view ViewOf(const char* text) { return text != nullptr ? text
 inline const std::string& EmptyString() {
   static const std::string empty;
   return empty;
+}
+
+/// Whether UTF-8 need not be converted for the tree.
+inline bool IsInternalTextUtf8() {
+  // The encoding of no other locale has these bytes for that character.
+  constexpr std::string_view kProbe = "\xF0\x9F\x98\x80";
+  return Utf8ToLocalCodePage(kProbe.data(), kProbe.size()) == kProbe;
 }
 
 /// Appends the `length` bytes at `text` without their carriage returns.

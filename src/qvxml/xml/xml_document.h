@@ -18,6 +18,10 @@ namespace QvXmlLib16 {
 
 class CSerializationContext;  // binding/serialization_context.h
 
+namespace detail::fi {
+class CDecoder;  // fastinfoset/fi_decoder_internal.h
+}
+
 /// Loads a document and owns its elements.
 ///
 /// The constructors and everything that loads are defined in binding/document_loading.cpp, where
@@ -96,6 +100,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
 
  private:
   friend class CExpatReader;
+  friend class CFastInfosetReader;
+  friend class detail::fi::CDecoder;
   friend class TInstanceCounted<CXmlDocument>;
   static CInstanceCounter s_instances;
 
@@ -104,6 +110,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   bool StripsCDATA() const;
   void SetInput(CBinaryData&& input);
   void Parse();
+  class CEndOfParse;
+  bool ParseFastInfoset();
   void ParseText();
 
   detail::CNodeArena& Arena();
