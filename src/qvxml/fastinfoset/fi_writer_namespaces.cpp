@@ -137,12 +137,13 @@ bool CFastInfosetWriter::WriteDeclarationAttribute(CXmlWriterContext& context,
     if (localName[kDeclarationName.size()] != ':') return false;
     prefix = localName.substr(kDeclarationName.size() + 1);
   }
+  if (IsReserved(prefix) || IsFixed(value) || (value.empty() && !prefix.empty())) return true;
   NamePrefix numbers;
-  const bool isPossible = !IsReserved(prefix) && !IsFixed(value) &&
-                          (prefix.empty() || !value.empty()) &&
-                          (IsDeclared(prefix, value, numbers) || IsFree(prefix));
-  if (!isPossible) return true;
-  if (!IsDeclared(prefix, value, numbers)) Declare(prefix, value);
+  const bool isDeclared = IsDeclared(prefix, value, numbers);
+  if (!isDeclared && !IsFree(prefix)) return true;
+  // One that is in force already is still the caller's to repeat, but not on one element.
+  const bool isHere = isDeclared && m_bindings[numbers.prefix].depth == context.GetDepth();
+  if (!isHere) Declare(prefix, value);
   if (prefix.empty()) {
     context.SetDefaultNamespace(value);
   } else {
