@@ -7,6 +7,7 @@
 
 #include <langinfo.h>
 
+#include "qvxml/core/locale_text_internal.h"
 #include "qvxml/core/unicode_internal.h"
 
 namespace QvXmlLib16 {
@@ -29,11 +30,6 @@ locale_t InvariantLocale() {
 const char* Codeset() { return nl_langinfo(CODESET); }
 
 bool IsUnsetCodeset(const char* codeset) { return std::strcmp(codeset, "ANSI_X3.4-1968") == 0; }
-
-bool IsTextUtf8() {
-  const char* codeset = Codeset();
-  return std::strcmp(codeset, "UTF-8") == 0 || IsUnsetCodeset(codeset);
-}
 
 // The result is the one of a loop over mbrtowc in a UTF-8 locale, made from whole valid stretches.
 std::string WithoutMalformedUtf8(const char* text, size_t length) {
@@ -96,6 +92,11 @@ class CLocaleEncoder {
 
 }  // namespace
 
+bool detail::IsLocaleTextUtf8() {
+  const char* codeset = Codeset();
+  return std::strcmp(codeset, "UTF-8") == 0 || IsUnsetCodeset(codeset);
+}
+
 CInvariantLocaleScope::CInvariantLocaleScope() : m_previous(uselocale(InvariantLocale())) {}
 
 CInvariantLocaleScope::~CInvariantLocaleScope() { uselocale(m_previous); }
@@ -116,12 +117,13 @@ CTextLocaleScope::~CTextLocaleScope() {
 
 std::string LocalCodePageToUtf8(const char* text, size_t length) {
   if (text == nullptr) return std::string();
-  return IsTextUtf8() ? WithoutMalformedUtf8(text, length) : DecodeByLocale(text, length);
+  return detail::IsLocaleTextUtf8() ? WithoutMalformedUtf8(text, length)
+                                    : DecodeByLocale(text, length);
 }
 
 std::string Utf8ToLocalCodePage(const char* text, size_t length) {
   if (text == nullptr) return std::string();
-  if (IsTextUtf8()) return WithoutMalformedUtf8(text, length);
+  if (detail::IsLocaleTextUtf8()) return WithoutMalformedUtf8(text, length);
   const char* const end = text + length;
   const char* const firstNonAscii = text + detail::AsciiLength(text, length);
   if (firstNonAscii == end) return std::string(text, length);
@@ -137,7 +139,7 @@ std::string Utf8ToLocalCodePage(const char* text, size_t length) {
 
 std::string UnicodeToLocalCodePage(const wchar_t* text, size_t length) {
   if (text == nullptr || length == 0) return std::string();
-  if (!IsTextUtf8()) {
+  if (!detail::IsLocaleTextUtf8()) {
     CLocaleEncoder encoder;
     for (size_t i = 0; i < length; ++i) encoder.Append(static_cast<char32_t>(text[i]));
     return encoder.TakeText();

@@ -66,6 +66,8 @@ inline constexpr unsigned char kDocumentTypeDeclaration = 0xC4;
 inline constexpr unsigned char kEntityReference = 0xC8;
 inline constexpr unsigned char kProcessingInstruction = 0xE1;
 inline constexpr unsigned char kComment = 0xE2;
+/// In front of an index in place of a literal string.
+inline constexpr unsigned char kIndexFollows = 0x80;
 inline constexpr unsigned char kTerminator = 0xF0;
 inline constexpr unsigned char kTwoTerminators = 0xFF;
 inline constexpr unsigned char kEmptyString = 0xFF;
@@ -124,7 +126,7 @@ inline constexpr std::uint64_t kDoubleNaN = 0x7FF8000000000000u;
 
 // Where each form of an integer begins: the first value that takes the next longer form.
 
-/// Indices on the second, third and fourth bit of an octet; the last bound is what no form carries.
+/// Indices on the second, third and fourth bit of an octet; the last bound is beyond every form.
 inline constexpr unsigned kIndexOnSecondBit[] = {1, 65, 8257, kMaxEntries + 1};
 inline constexpr unsigned kIndexOnThirdBit[] = {1, 33, 2081, 526369, kMaxEntries + 1};
 inline constexpr unsigned kIndexOnFourthBit[] = {1, 17, 1041, 263185, kMaxEntries + 1};

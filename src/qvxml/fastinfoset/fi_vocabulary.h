@@ -41,7 +41,7 @@ class TFITable {
   // An entry that is there keeps its index.
   void AddValueToMap(const TEntry& entry) {
     if (m_indices.size() >= kMaxEntries) return;
-    m_indices.emplace(entry, static_cast<unsigned>(m_indices.size() + 1));
+    m_indices.try_emplace(entry, static_cast<unsigned>(m_indices.size() + 1));
   }
   void AddValueToVector(const TEntry& entry) {
     if (m_entries.size() < kMaxEntries) m_entries.push_back(entry);
