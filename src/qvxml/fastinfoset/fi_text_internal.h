@@ -25,8 +25,8 @@ inline bool HasSpecial(std::uint64_t bytes) {
 
 /// Whether the text is ASCII without control characters, and so needs no further look.
 ///
-/// It must not be empty. `readable` bytes, the text among them, may be read.
-inline bool IsPlain(std::string_view text, size_t readable) {
+/// More bytes than the text, up to `readable`, may be looked at, which is faster.
+inline bool IsPlain(std::string_view text, size_t readable = 0) {
   constexpr std::uint64_t kSpaces = 0x2020202020202020u;
   const char* position = text.data();
   size_t rest = text.size();
