@@ -1,5 +1,7 @@
 #include "qvxml/support/instance_monitor.h"
 
+#include <atomic>
+#include <memory>
 #include <string>
 #include <thread>
 #include <utility>
@@ -85,6 +87,68 @@ TEST(CInstanceMonitor, CountsOnManyThreads) {
   EXPECT_EQ(CInstanceMonitor::GetCount("test.CZebra"), 1);
   EXPECT_EQ(CInstanceMonitor::GetCount("test.CHorse"), 0);
   EXPECT_EQ(CInstanceMonitor::GetCount("test.CAnimal"), 0);
+}
+
+TEST(CInstanceMonitor, CountsObjectsThatPassFromThreadToThread) {
+  std::vector<std::unique_ptr<CZebra>> zebras;
+  for (int round = 0; round < 3; ++round) {
+    std::thread([&zebras] {
+      for (int i = 0; i < 100; ++i) zebras.push_back(std::make_unique<CZebra>());
+    }).join();
+    EXPECT_EQ(CInstanceMonitor::GetCount("test.CZebra"), 100);
+    std::thread([&zebras] { zebras.resize(60); }).join();
+    EXPECT_EQ(CInstanceMonitor::GetCount("test.CZebra"), 60);
+    zebras.clear();
+    EXPECT_EQ(CInstanceMonitor::GetCount("test.CZebra"), 0);
+  }
+}
+
+TEST(CInstanceMonitor, CountsObjectsThatEndWithTheirThread) {
+  std::thread([] {
+    // Known to the thread before its first object, so destroyed when it counts no more on its own.
+    static thread_local std::unique_ptr<CHorse> late;
+    static thread_local const CHorse early;
+    late = std::make_unique<CHorse>(early);
+    EXPECT_EQ(CInstanceMonitor::GetCount("test.CHorse"), 2);
+  }).join();
+  EXPECT_EQ(CInstanceMonitor::GetCount("test.CHorse"), 0);
+}
+
+TEST(CInstanceMonitor, IsReadWhileOtherThreadsCount) {
+  std::atomic<bool> isOver{false};
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 2; ++i) {
+    threads.emplace_back([&isOver] {
+      while (!isOver) {
+        std::thread([] { const CZebra zebra; }).join();
+      }
+    });
+  }
+  for (int round = 0; round < 1000; ++round) {
+    const long count = CInstanceMonitor::GetCount("test.CZebra");
+    EXPECT_TRUE(count >= 0 && count <= 2) << count;
+  }
+  isOver = true;
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(CInstanceMonitor::GetCount("test.CZebra"), 0);
+}
+
+// Last, since the classes stay known.
+TEST(CInstanceMonitor, CountsAnyNumberOfClasses) {
+  constexpr int kClasses = 1000;
+  const auto nameOf = [](int number) { return "test." + std::to_string(number); };
+  const long total = CInstanceMonitor::GetTotal();
+  {
+    std::vector<CNamedInstance> instances;
+    instances.reserve(2 * kClasses);
+    for (int i = 0; i < kClasses; ++i) instances.emplace_back(nameOf(i).c_str());
+    for (int i = 0; i < kClasses; ++i) instances.emplace_back(instances[static_cast<size_t>(i)]);
+    EXPECT_EQ(CInstanceMonitor::GetTotal(), total + 2 * kClasses);
+    for (const int number : {0, kClasses / 2, kClasses - 1}) {
+      EXPECT_EQ(CInstanceMonitor::GetCount(nameOf(number).c_str()), 2);
+    }
+  }
+  EXPECT_EQ(CInstanceMonitor::GetTotal(), total);
 }
 
 }  // namespace

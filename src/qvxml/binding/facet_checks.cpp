@@ -60,17 +60,14 @@ std::enable_if_t<std::is_class_v<TMoment>, std::partial_ordering> Order(const TM
 
 template <class TTraits>
 bool BreaksBound(const typename TTraits::Carrier& value, const CPrimitiveRestrictions& facets) {
-  const auto order = [&value](const std::string& bound) {
-    return Order(value, TTraits::FromText(bound, CWhitespaceUtils::ws_collapse));
+  const auto order = [&value](const detail::CFacetText& bound) {
+    QvVariant room;
+    return Order(value, TTraits::View(bound.As(TTraits::kType, room)));
   };
-  const std::string& minInclusive = facets.GetMinInclusive();
-  const std::string& maxInclusive = facets.GetMaxInclusive();
-  const std::string& minExclusive = facets.GetMinExclusive();
-  const std::string& maxExclusive = facets.GetMaxExclusive();
-  return (!minInclusive.empty() && order(minInclusive) < 0) ||
-         (!maxInclusive.empty() && order(maxInclusive) > 0) ||
-         (!minExclusive.empty() && order(minExclusive) <= 0) ||
-         (!maxExclusive.empty() && order(maxExclusive) >= 0);
+  return (facets.MinInclusive().IsPresent() && order(facets.MinInclusive()) < 0) ||
+         (facets.MaxInclusive().IsPresent() && order(facets.MaxInclusive()) > 0) ||
+         (facets.MinExclusive().IsPresent() && order(facets.MinExclusive()) <= 0) ||
+         (facets.MaxExclusive().IsPresent() && order(facets.MaxExclusive()) >= 0);
 }
 
 template <class TTraits>
@@ -186,9 +183,8 @@ void CheckVariant(const char* name, const QvVariant& value, const CPrimitiveRest
   } else {
     if (!facets.HasFacets() || value.IsNil()) return;
     if constexpr (TTraits::kFacets == FacetFamily::Boolean) return;
-    if constexpr (TTraits::kFacets == FacetFamily::String) {
-      const std::string* const text = value.PeekString();
-      if (text != nullptr) return Check<TTraits>(name, *text, facets);
+    if (value.GetItemType() == TTraits::kType) {
+      return Check<TTraits>(name, TTraits::View(value), facets);
     }
     Check<TTraits>(name, Take<TTraits>(value), facets);
   }

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "qvxml/core/exception.h"
+
 namespace QvXmlLib16 {
 
 constinit CInstanceCounter CPrimitiveRestrictions::s_instances("CPrimitiveRestrictions");
@@ -25,10 +27,23 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(std::string pattern, std::int64_t
       m_fractionDigits(fractionDigits),
       m_enumeration(std::move(enumeration)),
       m_hasFacets(!m_pattern.empty() || m_minLength >= 0 || m_maxLength >= 0 ||
-                  !m_minInclusive.empty() || !m_maxInclusive.empty() || !m_minExclusive.empty() ||
-                  !m_maxExclusive.empty() || m_length >= 0 || m_totalDigits >= 0 ||
-                  m_fractionDigits >= 0 || !m_enumeration.empty()) {}
+                  m_minInclusive.IsPresent() || m_maxInclusive.IsPresent() ||
+                  m_minExclusive.IsPresent() || m_maxExclusive.IsPresent() || m_length >= 0 ||
+                  m_totalDigits >= 0 || m_fractionDigits >= 0 || !m_enumeration.empty()) {}
 
 CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
+
+void CPrimitiveRestrictions::ConvertBounds(ItemType type) const {
+  for (const detail::CFacetText* bound :
+       {&m_minInclusive, &m_maxInclusive, &m_minExclusive, &m_maxExclusive}) {
+    if (!bound->IsPresent()) continue;
+    try {
+      QvVariant room;
+      bound->As(type, room);
+    } catch (const CQvException&) {
+      // Reported by the checks, as long as there are values to check.
+    }
+  }
+}
 
 }  // namespace QvXmlLib16

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "qvxml/binding/facet_text.h"
 #include "qvxml/support/export.h"
 #include "qvxml/support/instance_monitor.h"
 
@@ -36,14 +37,23 @@ class QVXML_API CPrimitiveRestrictions : private TInstanceCounted<CPrimitiveRest
   const std::string& GetPattern() const { return m_pattern; }
   std::int64_t GetMinLength() const { return m_minLength; }
   std::int64_t GetMaxLength() const { return m_maxLength; }
-  const std::string& GetMinInclusive() const { return m_minInclusive; }
-  const std::string& GetMaxInclusive() const { return m_maxInclusive; }
-  const std::string& GetMinExclusive() const { return m_minExclusive; }
-  const std::string& GetMaxExclusive() const { return m_maxExclusive; }
+  const std::string& GetMinInclusive() const { return m_minInclusive.GetText(); }
+  const std::string& GetMaxInclusive() const { return m_maxInclusive.GetText(); }
+  const std::string& GetMinExclusive() const { return m_minExclusive.GetText(); }
+  const std::string& GetMaxExclusive() const { return m_maxExclusive.GetText(); }
   std::int64_t GetLength() const { return m_length; }
   std::int64_t GetTotalDigits() const { return m_totalDigits; }
   std::int64_t GetFractionDigits() const { return m_fractionDigits; }
   const std::vector<std::string>& GetEnumeration() const { return m_enumeration; }
+
+  // The bounds for the checks, which need values.
+
+  /// Converts them ahead of the first check, but for text that is not of the type.
+  void ConvertBounds(ItemType type) const;
+  const detail::CFacetText& MinInclusive() const { return m_minInclusive; }
+  const detail::CFacetText& MaxInclusive() const { return m_maxInclusive; }
+  const detail::CFacetText& MinExclusive() const { return m_minExclusive; }
+  const detail::CFacetText& MaxExclusive() const { return m_maxExclusive; }
 
  private:
   friend class TInstanceCounted<CPrimitiveRestrictions>;
@@ -52,10 +62,10 @@ class QVXML_API CPrimitiveRestrictions : private TInstanceCounted<CPrimitiveRest
   std::string m_pattern;
   std::int64_t m_minLength;
   std::int64_t m_maxLength;
-  std::string m_minInclusive;
-  std::string m_maxInclusive;
-  std::string m_minExclusive;
-  std::string m_maxExclusive;
+  detail::CFacetText m_minInclusive;
+  detail::CFacetText m_maxInclusive;
+  detail::CFacetText m_minExclusive;
+  detail::CFacetText m_maxExclusive;
   std::int64_t m_length;
   std::int64_t m_totalDigits;
   std::int64_t m_fractionDigits;

@@ -47,8 +47,9 @@ void CXmlCollection::Insert(CSmartPtr<CXmlObjectBase> item, TCheckPosition check
   }
   RaiseAdd(item.Ptr());
   const size_t position = checkPosition();
-  m_items.insert(m_items.begin() + static_cast<std::ptrdiff_t>(position), item);
-  RaiseAdded(item.Ptr());
+  CXmlObjectBase* const inserted = item.Ptr();
+  m_items.insert(m_items.begin() + static_cast<std::ptrdiff_t>(position), std::move(item));
+  RaiseAdded(inserted);
 }
 
 CXmlObjectBase* CXmlCollection::Item(int index) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "qvxml/binding/name_match_internal.h"
+#include "qvxml/binding/shared_name_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 
@@ -11,9 +12,13 @@ namespace QvXmlLib16 {
 CXmlCollectionBase::CXmlCollectionBase(const char* elementName, const char* namespaceUri,
                                        int minOccurs, unsigned int maxOccurs)
     : CXmlObjectBase(elementName),
-      m_namespace(namespaceUri == nullptr ? "" : namespaceUri),
+      m_namespace(detail::FindSharedName(namespaceUri == nullptr ? "" : namespaceUri)),
       m_minOccurs(minOccurs),
-      m_maxOccurs(maxOccurs) {}
+      m_maxOccurs(maxOccurs) {
+  if (m_namespace != nullptr) return;
+  m_ownNamespace = std::make_unique<const std::string>(namespaceUri);
+  m_namespace = m_ownNamespace.get();
+}
 
 CXmlCollectionBase::~CXmlCollectionBase() = default;
 
@@ -25,7 +30,7 @@ std::string CXmlCollectionBase::GetTargetNamespace() const {
       "logic error)");
 }
 
-std::string CXmlCollectionBase::GetNamespace() const { return m_namespace; }
+std::string CXmlCollectionBase::GetNamespace() const { return *m_namespace; }
 
 void CXmlCollectionBase::ValidateCount(const CSerializationContext& ctx) const {
   if (ctx.GetIgnoreInvalidCollectionCounts()) return;
@@ -111,7 +116,7 @@ void CXmlCollectionBase::CheckIndex(int index, long limit) const {
 
 bool CXmlCollectionBase::IsItemElement(const CSerializationContext& ctx,
                                        const CXmlElement* element) const {
-  return detail::DoesNameMatch(ctx, element, GetElementName(), m_namespace);
+  return detail::DoesNameMatch(ctx, element, GetElementName(), *m_namespace);
 }
 
 }  // namespace QvXmlLib16

@@ -3,6 +3,7 @@
 #ifndef QVXML_BINDING_XML_COLLECTION_BASE_H_
 #define QVXML_BINDING_XML_COLLECTION_BASE_H_
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -75,7 +76,7 @@ class QVXML_API CXmlCollectionBase : public CXmlObjectBase {
   /// Whether the element has the name of the items and, unless the context ignores namespaces,
   /// their namespace; false for null.
   bool IsItemElement(const CSerializationContext& ctx, const CXmlElement* element) const;
-  const std::string& GetItemNamespace() const { return m_namespace; }
+  const std::string& GetItemNamespace() const { return *m_namespace; }
 
  private:
   template <class TRaise>
@@ -84,7 +85,9 @@ class QVXML_API CXmlCollectionBase : public CXmlObjectBase {
   bool HasTooMany() const;
   bool HasTooFew() const;
 
-  std::string m_namespace;
+  // Collections are made with each object around them, so they share what they can.
+  const std::string* m_namespace;
+  std::unique_ptr<const std::string> m_ownNamespace;
   int m_minOccurs;
   unsigned int m_maxOccurs;
   std::vector<IEventSink*> m_listeners;

@@ -49,16 +49,14 @@ void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContex
 
 void CXmlObjectBase::SetElementName(const char* elementName) { m_elementName = View(elementName); }
 
-long long CXmlObjectBase::AddRef() {
-  const CQVCriticalSectionGuard guard(m_section);
-  return ++m_references;
+long long CXmlObjectBase::AddRef() noexcept {
+  return m_references.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
 long long CXmlObjectBase::Release() {
-  m_section.Enter();
-  const long long references = --m_references;
-  // Left before the object goes: a mutex must not be destroyed while it is held.
-  m_section.Leave();
+  // Nobody else can add a reference to one that only the caller holds.
+  const long long references =
+      IsSoleReference() ? 0 : m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
   if (references == 0) delete this;
   return references;
 }

@@ -4,12 +4,12 @@
 #ifndef QVXML_BINDING_XML_OBJECT_BASE_H_
 #define QVXML_BINDING_XML_OBJECT_BASE_H_
 
+#include <atomic>
 #include <string>
 
 #include "qvxml/binding/event_sink.h"
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/fastinfoset/fi_declaration.h"
-#include "qvxml/support/critical_section.h"
 #include "qvxml/support/export.h"
 #include "qvxml/support/instance_monitor.h"
 #include "qvxml/types/binary_data.h"
@@ -131,10 +131,14 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   /// Null is "".
   void SetElementName(const char* elementName);
   /// Adds a reference; returns the new count. From any thread.
-  long long AddRef();
+  long long AddRef() noexcept;
   /// Drops a reference and destroys the object with the last one; returns the new count. From any
   /// thread.
   long long Release();
+  /// Whether exactly one reference is held: then it is the caller's own.
+  bool IsSoleReference() const noexcept {
+    return m_references.load(std::memory_order_acquire) == 1;
+  }
 
   // Process-wide switches; not locked, so set them before other threads write.
 
@@ -202,8 +206,7 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   static CInstanceCounter s_instances;
 
   std::string m_elementName;
-  CQVCriticalSection m_section;
-  long long m_references = 0;
+  std::atomic<long long> m_references{0};
 };
 
 }  // namespace QvXmlLib16

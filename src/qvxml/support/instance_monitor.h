@@ -21,6 +21,9 @@ namespace QvXmlLib16 {
 
 /// The live count of one class. Constant-initialised and never destroyed, so objects may be made
 /// and destroyed before main starts and after it ends.
+///
+/// Each thread counts in memory of its own, which costs about as much as a plain increment; whoever
+/// reads a count adds up those of all threads.
 class QVXML_API CInstanceCounter {
  public:
   /// `className` must outlive the process' last object; a string literal does.
@@ -28,19 +31,35 @@ class QVXML_API CInstanceCounter {
   CInstanceCounter(const CInstanceCounter&) = delete;
   CInstanceCounter& operator=(const CInstanceCounter&) = delete;
 
-  void Add() noexcept {
-    if (!m_isListed.load(std::memory_order_relaxed)) List();
-    m_count.fetch_add(1, std::memory_order_relaxed);
-  }
-  void Remove() noexcept { m_count.fetch_sub(1, std::memory_order_relaxed); }
+  void Add() noexcept { Change(1); }
+  void Remove() noexcept { Change(-1); }
 
  private:
   friend class CInstanceMonitor;
 
+  void Change(long difference) noexcept {
+    std::atomic<long>* const counts = s_threadCounts;
+    const unsigned slot = m_slot.load(std::memory_order_relaxed);
+    if (__builtin_expect(counts == nullptr || slot == 0, 0)) return ChangeWithoutSlot(difference);
+    // Only this thread writes there, so that nothing can come between reading and writing.
+    const long count = counts[slot].load(std::memory_order_relaxed);
+    counts[slot].store(count + difference, std::memory_order_relaxed);
+  }
+  void ChangeWithoutSlot(long difference) noexcept;
   void List() noexcept;
+  static void ConnectThread() noexcept;
+  long Sum() const noexcept;
+
+  // The calling thread's counts by slot; null before its first count and at its very end. Not
+  // thread_local, which makes code that cannot see the definition call a function, nor of a model
+  // that calls the loader.
+  static __thread std::atomic<long>* s_threadCounts __attribute__((tls_model("initial-exec")));
 
   const char* m_className;
+  // What is counted while there is no slot or no memory of the thread.
   std::atomic<long> m_count{0};
+  // Where each thread counts; 0 for none.
+  std::atomic<unsigned> m_slot{0};
   std::atomic<bool> m_isListed{false};
   CInstanceCounter* m_next = nullptr;
 };

@@ -18,7 +18,6 @@ using QvXmlLib16::CAttributeCol;
 using QvXmlLib16::CQvException;
 using QvXmlLib16::CQvValidationException;
 using QvXmlLib16::CSerializationContext;
-using QvXmlLib16::CSmartPtr;
 using QvXmlLib16::CXmlAttribute;
 using QvXmlLib16::CXmlGeneratedClass;
 using QvXmlLib16::CXmlObjectBase;
@@ -30,19 +29,19 @@ namespace {
 
 const char* TextOrEmpty(const char* text) { return text == nullptr ? "" : text; }
 
-CSmartPtr<CAttributeCol> RequireAttributeCol(const QvVariant& value) {
+CAttributeCol& RequireAttributeCol(const QvVariant& value) {
   // Through the two types that ObjectIn does not refuse, as this message is another.
   const QvXmlLib16::ItemType type = value.GetItemType();
-  CSmartPtr<CXmlObjectBase> held;
+  CXmlObjectBase* held = nullptr;
   if (type == QvXmlLib16::ItemType_xmlObject || type == QvXmlLib16::ItemType_xmlCollection) {
     held = QvXmlLib16::detail::ObjectIn(value);
   }
-  auto* collection = dynamic_cast<CAttributeCol*>(held.Ptr());
+  auto* collection = dynamic_cast<CAttributeCol*>(held);
   if (collection == nullptr) {
     throw CQvException(
         "Serialization Data Error : The collection should be a CAttributeCol, it was not!");
   }
-  return CSmartPtr<CAttributeCol>(collection);
+  return *collection;
 }
 
 }  // namespace
@@ -128,7 +127,9 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(
       m_itemType(itemType),
       m_format(TextOrEmpty(format)),
       m_whitespaceRule(whitespaceRule),
-      m_restrictions(restrictions) {}
+      m_restrictions(restrictions) {
+  m_restrictions.ConvertBounds(itemType);
+}
 
 void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx,
                                              const CXmlGeneratedClass* object,
@@ -203,7 +204,7 @@ void CAttributeInfoAny::AttributeToXml(const CSerializationContext& ctx,
                                        const CXmlGeneratedClass* object, CXmlWriter* writer) const {
   QvVariant value;
   ReadProperty(object, value);
-  const CSmartPtr<CXmlObjectBase> held = QvXmlLib16::detail::ObjectIn(value);
+  const CXmlObjectBase* const held = QvXmlLib16::detail::ObjectIn(value);
   if (held == nullptr) return;
   held->ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx, false);
 }
@@ -217,8 +218,8 @@ bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext&, CXmlGener
   }
   QvVariant value;
   InvokePropertyGet(object, value);
-  RequireAttributeCol(value)->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
-                                  attribute->GetNamespaceURI().c_str());
+  RequireAttributeCol(value).Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+                                 attribute->GetNamespaceURI().c_str());
   return true;
 }
 

@@ -43,8 +43,8 @@ bool CElementInfo::IsOptional(const CXmlGeneratedClass* object) const {
     case ElementOccurrence::Mandatory:
       return false;
     case ElementOccurrence::Repeated: {
-      const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(object);
-      return collection && collection->GetMinOccurs() <= 0;
+      const CXmlCollectionBase* const collection = ReadCollection(object);
+      return collection != nullptr && collection->GetMinOccurs() <= 0;
     }
     case ElementOccurrence::Optional:
       break;
@@ -52,7 +52,7 @@ bool CElementInfo::IsOptional(const CXmlGeneratedClass* object) const {
   if (m_descriptor.group != QvXmlLib16::XmlElementGroupType_Choice) return true;
   // That an alternative is not chosen does not make the choice optional.
   return m_elementType != QvXmlLib16::XmlElementType_Element &&
-         AreAllMembersOptional(ReadObject(object).Ptr());
+         AreAllMembersOptional(ReadObject(object));
 }
 
 bool CElementInfo::ClaimsElement(const CSerializationContext& ctx, const CXmlGeneratedClass* object,
@@ -76,7 +76,7 @@ bool CClsMember::Claims(const CElementInfo& info, const CSerializationContext& c
                         const CXmlGeneratedClass* object, CXmlElement* element) {
   const auto& member = static_cast<const CClsMember&>(info);
   if (!member.IsGroup()) return member.IsThisElement(ctx, element);
-  CSmartPtr<CXmlObjectBase> group = member.ReadObject(object);
+  CSmartPtr<CXmlObjectBase> group(member.ReadObject(object));
   if (!group) group = member.CreateChild();
   return ClaimsByGroup(group.Ptr(), ctx, element);
 }
@@ -91,8 +91,7 @@ bool CAbsClsMember::Claims(const CElementInfo& info, const CSerializationContext
 bool CColMember::Claims(const CElementInfo& info, const CSerializationContext& ctx,
                         const CXmlGeneratedClass* object, CXmlElement* element) {
   const auto& member = static_cast<const CColMember&>(info);
-  const CSmartPtr<CXmlCollectionBase> held = member.ReadCollection(object);
-  auto* const collection = dynamic_cast<CXmlCollection*>(held.Ptr());
+  auto* const collection = dynamic_cast<CXmlCollection*>(member.ReadCollection(object));
   if (collection == nullptr) return member.IsThisElement(ctx, element);
   if (!collection->MayTake(ctx, element)) return false;
   const CSmartPtr<CXmlObjectBase> item = collection->CreateItem(element);

@@ -24,7 +24,6 @@ using QvXmlLib16::CQvException;
 using QvXmlLib16::CQvInvalidParamException;
 using QvXmlLib16::CQvValidationException;
 using QvXmlLib16::CSerializationContext;
-using QvXmlLib16::CSmartPtr;
 using QvXmlLib16::CWhitespaceUtils;
 using QvXmlLib16::CXmlAttribute;
 using QvXmlLib16::CXmlCollectionBase;
@@ -93,7 +92,9 @@ CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int prope
       m_whitespaceRule(whitespaceRule),
       m_defaultValue(TextOrEmpty(defaultValue)),
       m_isNillable(nillable),
-      m_hasPrimitiveType(true) {}
+      m_hasPrimitiveType(true) {
+  m_restrictions.ConvertBounds(itemType);
+}
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
                            bool nillable, EnumToText enumToText, TextToEnum textToEnum,
@@ -159,13 +160,13 @@ void CElementInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& val
   InvokePropertyGet(const_cast<CXmlGeneratedClass*>(object), value);
 }
 
-CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* object) const {
+CXmlObjectBase* CElementInfo::ReadObject(const CXmlGeneratedClass* object) const {
   QvVariant value;
   ReadProperty(object, value);
   return QvXmlLib16::detail::ObjectIn(value);
 }
 
-CSmartPtr<CXmlCollectionBase> CElementInfo::ReadCollection(const CXmlGeneratedClass* object) const {
+CXmlCollectionBase* CElementInfo::ReadCollection(const CXmlGeneratedClass* object) const {
   QvVariant value;
   ReadProperty(object, value);
   return QvXmlLib16::detail::CollectionIn(value);
@@ -223,8 +224,8 @@ bool CElementInfo::WriteText(CXmlWriter* writer, const std::string& text, ItemTy
 bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx,
                                    const CXmlGeneratedClass* object, CXmlWriter* writer,
                                    bool optional) const {
-  const CSmartPtr<CXmlObjectBase> child = ReadObject(object);
-  if (!child) return false;
+  const CXmlObjectBase* const child = ReadObject(object);
+  if (child == nullptr) return false;
   child->ToXml_Int(writer, false, m_namespace.c_str(), ctx, optional);
   return true;
 }
@@ -232,8 +233,8 @@ bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx,
 bool CElementInfo::ElementToXmlCol(const CSerializationContext& ctx,
                                    const CXmlGeneratedClass* object, CXmlWriter* writer,
                                    bool checkEmpty) const {
-  const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(object);
-  if (!collection) return false;
+  CXmlCollectionBase* const collection = ReadCollection(object);
+  if (collection == nullptr) return false;
   if (collection->GetCount() == 0) {
     if (checkEmpty) collection->ValidateCount(ctx);
     return false;

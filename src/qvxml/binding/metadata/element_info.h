@@ -103,6 +103,13 @@ class QVXML_API CElementInfo {
                                          const QvXmlLib16::CXmlGeneratedClass* object,
                                          QvXmlLib16::CXmlWriter* writer) const;
 
+  /// Whether an element of that local name, or null for none, is certainly not this member's, and
+  /// the member is satisfied without one: then ElementFromXml, which would read nothing and return
+  /// true, need not be asked.
+  bool IsPassedOver(const std::string* localName) const {
+    return m_isNamedOption && (localName == nullptr || *localName != m_name);
+  }
+
   // About the member.
 
   const std::string& GetName() const { return m_name; }
@@ -146,10 +153,10 @@ class QVXML_API CElementInfo {
   /// InvokePropertyGet for an object that is only read.
   void ReadProperty(const QvXmlLib16::CXmlGeneratedClass* object,
                     QvXmlLib16::QvVariant& value) const;
-  /// What the property holds, or null.
-  QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlObjectBase> ReadObject(
-      const QvXmlLib16::CXmlGeneratedClass* object) const;
-  QvXmlLib16::CSmartPtr<QvXmlLib16::CXmlCollectionBase> ReadCollection(
+  /// What the property holds, or null. No reference is added: hold one while code runs that may
+  /// replace it.
+  QvXmlLib16::CXmlObjectBase* ReadObject(const QvXmlLib16::CXmlGeneratedClass* object) const;
+  QvXmlLib16::CXmlCollectionBase* ReadCollection(
       const QvXmlLib16::CXmlGeneratedClass* object) const;
 
   // Writing: each returns whether it wrote something.
@@ -222,6 +229,7 @@ class QVXML_API CElementInfo {
   // Set by the concrete class, so that what depends on its axes needs no further virtual operation.
   CElementDescriptor m_descriptor;
   detail::ClaimTest m_claims = nullptr;
+  bool m_isNamedOption = false;
 };
 
 }  // namespace QvXmlLib16Data

@@ -78,8 +78,8 @@ bool CUntpdMember::Claims(const CElementInfo& info, const CSerializationContext&
 
 bool CUntpdColMember::Claims(const CElementInfo& info, const CSerializationContext& ctx,
                              const CXmlGeneratedClass* object, CXmlElement* element) {
-  const auto held = static_cast<const CUntpdColMember&>(info).ReadCollection(object);
-  const auto* const collection = dynamic_cast<const CElementCol*>(held.Ptr());
+  const auto* const collection = dynamic_cast<const CElementCol*>(
+      static_cast<const CUntpdColMember&>(info).ReadCollection(object));
   return collection != nullptr && collection->Admits(ctx, *element);
 }
 

@@ -74,8 +74,8 @@ void CObjectMember::PseudoChildAttributeToXml(const CSerializationContext& ctx,
                                               CXmlWriter* writer) const {
   // Kept: only element type 1, while the content of a group is that of every type but 0.
   if (m_elementType != QvXmlLib16::XmlElementType_Group) return;
-  const CSmartPtr<CXmlObjectBase> child = ReadObject(object);
-  if (child) AttributesToXml_Int(child.Ptr(), writer, ctx);
+  const CXmlObjectBase* const child = ReadObject(object);
+  if (child != nullptr) AttributesToXml_Int(child, writer, ctx);
 }
 
 bool CObjectMember::Write(const CSerializationContext& ctx, const CXmlGeneratedClass* object,
@@ -131,7 +131,7 @@ bool CHeldClsMember::Read(const CMemberReading& at) const {
   if (IsGroup() ? element == nullptr && m_mustConsume : !IsThisElement(at.ctx, element)) {
     return false;
   }
-  const CSmartPtr<CXmlObjectBase> child = ReadObject(at.object);
+  const CSmartPtr<CXmlObjectBase> child(ReadObject(at.object));
   if (!child) ThrowPropertyIsNull();
   if (IsGroup()) {
     *at.cursor = FromXml_Int(child.Ptr(), at.parent, element, at.ctx, at.optional);
@@ -173,7 +173,7 @@ CColMember::CColMember(const char* name, const char* namespaceUri, int propertyI
     : CMemberKind(name, namespaceUri, propertyIndex) {}
 
 CSmartPtr<CXmlCollectionBase> CColMember::ReadItems(const CMemberReading& at) const {
-  CSmartPtr<CXmlCollectionBase> collection = ReadCollection(at.object);
+  CSmartPtr<CXmlCollectionBase> collection(ReadCollection(at.object));
   if (!collection) ThrowPropertyIsNull();
   *at.cursor = FromXml_Int(collection.Ptr(), at.parent, *at.cursor, at.ctx, false);
   return collection;

@@ -59,6 +59,10 @@ TElementMark<kGroup, kKind, kOccurrence>::TElementMark(CElementInfo& info,
                                                        ClaimTest claims) noexcept {
   info.m_descriptor = CElementDescriptor{kGroup, kKind, kOccurrence};
   info.m_claims = claims;
+  info.m_isNamedOption = kGroup == Group::Seq && kOccurrence == ElementOccurrence::Optional &&
+                         (kKind == ElementKind::Primitive || kKind == ElementKind::Enumeration ||
+                          kKind == ElementKind::Class) &&
+                         info.m_elementType == QvXmlLib16::XmlElementType_Element;
   s_instances<kGroup, kKind, kOccurrence>.Add();
 }
 
@@ -182,8 +186,8 @@ bool TRepeated<kGroup, TKind>::Validate(const CSerializationContext& ctx,
     return TKind::Validate(ctx, object, found, check);
   } else {
     if (!found && !check) return false;
-    const auto collection = this->ReadCollection(object);
-    if (collection) collection->ValidateCount(ctx);
+    const QvXmlLib16::CXmlCollectionBase* const collection = this->ReadCollection(object);
+    if (collection != nullptr) collection->ValidateCount(ctx);
     return true;
   }
 }

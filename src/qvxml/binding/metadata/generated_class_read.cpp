@@ -28,6 +28,10 @@ bool IsOneOf(const std::string& value, const char* word, const char* digit) {
   return strcasecmp(value.c_str(), word) == 0 || value == digit;
 }
 
+const std::string* NameOf(const CXmlElement* element) {
+  return element != nullptr ? &element->GetLocalName() : nullptr;
+}
+
 // What is left after the members of a class have been read: the caller's affair when the class
 // shares its parent's element, a fault otherwise.
 CXmlElement* EndOfMembers(const CSerializationContext& ctx, const CXmlElement* element,
@@ -146,16 +150,22 @@ void CXmlGeneratedClass::ReadNilAttribute(const CXmlAttribute& attribute) {
 CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationContext& ctx,
                                                           CXmlElement* element, CXmlElement* cursor,
                                                           XmlElementType elementType) {
-  const std::string namespaceUri = GetNamespace();
   CElementInfo** info = GetClassElementInfo();
-  while (info != nullptr && *info != nullptr) {
-    if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri.c_str(), elementType)) {
+  if (info == nullptr) return EndOfMembers(ctx, element, cursor, elementType);
+  const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
+  const std::string* name = NameOf(cursor);
+  while (*info != nullptr) {
+    if ((*info)->IsPassedOver(name)) {
       ++info;
+    } else if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
+      ++info;
+      name = NameOf(cursor);
     } else if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) {
       // Kept: the caller decides, nothing is reported here.
       return cursor;
     } else {
       cursor = cursor->GetNextSiblingElement();
+      name = NameOf(cursor);
     }
   }
   return EndOfMembers(ctx, element, cursor, elementType);
@@ -166,12 +176,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializatio
                                                              CXmlElement* cursor,
                                                              XmlElementType elementType,
                                                              bool optional) {
-  const std::string namespaceUri = GetNamespace();
+  const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
   CElementInfo** infos = GetClassElementInfo();
   CXmlElement* const start = cursor;
   while (true) {
     for (CElementInfo** info = infos; info != nullptr && *info != nullptr; ++info) {
-      if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri.c_str(), elementType)) {
+      if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
         return EndOfMembers(ctx, element, cursor, elementType);
       }
     }
@@ -192,7 +202,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializatio
 CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationContext& ctx,
                                                           CXmlElement* element, CXmlElement* cursor,
                                                           XmlElementType elementType) {
-  const std::string namespaceUri = GetNamespace();
+  const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
   CElementInfo** infos = GetClassElementInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isRead(count);
@@ -201,8 +211,8 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
     passStart = cursor;
     for (size_t index = 0; index < count; ++index) {
       if (isRead.Get(index)) continue;
-      isRead.Set(index, infos[index]->ElementFromXml(ctx, this, element, &cursor,
-                                                     namespaceUri.c_str(), elementType));
+      isRead.Set(index, infos[index]->ElementFromXml(ctx, this, element, &cursor, namespaceUri,
+                                                     elementType));
     }
   } while (cursor != nullptr && cursor != passStart);
 

@@ -111,7 +111,12 @@ void CXmlGeneratedClass::ProcessAttributesToXml(const CSerializationContext& ctx
     for (; *info != nullptr; ++info) (*info)->AttributeToXml(ctx, this, writer);
   }
   if (CElementInfo** info = GetClassElementInfo()) {
-    for (; *info != nullptr; ++info) (*info)->PseudoChildAttributeToXml(ctx, this, writer);
+    for (; *info != nullptr; ++info) {
+      // Only model groups have any.
+      if ((*info)->GetElementType() == XmlElementType_Group) {
+        (*info)->PseudoChildAttributeToXml(ctx, this, writer);
+      }
+    }
   }
 }
 

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <typeinfo>
 #include <utility>
 
 #include "qvxml/binding/metadata/class_meta_data.h"
@@ -155,14 +156,14 @@ inline void RequireType(const QvVariant& value, ItemType type) {
 template <ItemType kType, class TValue>
 void AccessValue(bool get, QvVariant& value, std::optional<TValue>& property) {
   if (get && property.has_value()) {
-    ItemTraits<kType>::Set(value, *property);
+    ItemTraits<kType>::Lend(value, *property);
   } else if (get) {
     value.SetInvalid();
   } else if (!value.IsValid()) {
     property.reset();
   } else {
     detail::RequireType(value, kType);
-    property = ItemTraits<kType>::Get(value);
+    property = ItemTraits<kType>::Take(value);
   }
 }
 
@@ -180,12 +181,16 @@ void AccessValue(bool get, QvVariant& value, TNillable<TValue>& property) {
 
 template <class TEnum>
 void AccessEnum(bool get, QvVariant& value, std::optional<TEnum>& property) {
-  std::optional<long> number;
-  if (get && property.has_value()) number = static_cast<long>(*property);
-  AccessValue<ItemType_i4>(get, value, number);
-  if (get) return;
-  property.reset();
-  if (number.has_value()) property = static_cast<TEnum>(*number);
+  if (get && property.has_value()) {
+    value.SetI4(static_cast<long>(*property));
+  } else if (get) {
+    value.SetInvalid();
+  } else if (!value.IsValid()) {
+    property.reset();
+  } else {
+    detail::RequireType(value, ItemType_i4);
+    property = static_cast<TEnum>(value.GetI4());
+  }
 }
 
 template <class TObject>
@@ -194,8 +199,12 @@ void AccessObject(bool get, QvVariant& value, CSmartPtr<TObject>& property) {
     value.SetXmlObject(property.Ptr());
     return;
   }
-  const CSmartPtr<CXmlObjectBase> object = value.GetXmlObject();
-  TObject* const typed = dynamic_cast<TObject*>(object.Ptr());
+  CXmlObjectBase* const object = value.PeekXmlObject();
+  // Most often the object is of that very class, which is quicker to tell than whether it is of one
+  // derived from it.
+  TObject* const typed = object != nullptr && typeid(*object) == typeid(TObject)
+                             ? static_cast<TObject*>(object)
+                             : dynamic_cast<TObject*>(object);
   if (typed == nullptr && object != nullptr) detail::ThrowWrongClass(*object);
   property.reset(typed);
 }
@@ -207,13 +216,11 @@ void ResetChild(CSmartPtr<TObject>& property, const char* elementName) {
     return;
   }
   // One that somebody else holds is left to them.
-  const bool isShared = property->AddRef() > 2;
-  property->Release();
-  if (isShared) {
-    property = new TObject(elementName);
-  } else {
+  if (property->IsSoleReference()) {
     property->SetElementName(elementName);
     property->Init();
+  } else {
+    property = new TObject(elementName);
   }
 }
 

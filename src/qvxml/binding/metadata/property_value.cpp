@@ -14,24 +14,22 @@ namespace {
 
 }  // namespace
 
-CSmartPtr<CXmlObjectBase> ObjectIn(const QvVariant& value) {
-  if (value.GetItemType() == ItemType_xmlObject) return value.GetXmlObject();
-  if (value.GetItemType() == ItemType_xmlCollection) {
-    return CSmartPtr<CXmlObjectBase>(value.GetXmlCollection().Ptr());
-  }
+CXmlObjectBase* ObjectIn(const QvVariant& value) {
+  if (value.GetItemType() == ItemType_xmlObject) return value.PeekXmlObject();
+  if (value.GetItemType() == ItemType_xmlCollection) return value.PeekXmlCollection();
   if (!value.IsValid() || value.IsNil()) return nullptr;
   ThrowInvalidType(value);
 }
 
-CSmartPtr<CXmlCollectionBase> CollectionIn(const QvVariant& value) {
-  if (value.GetItemType() == ItemType_xmlCollection) return value.GetXmlCollection();
-  const CSmartPtr<CXmlObjectBase> object = ObjectIn(value);
-  CSmartPtr<CXmlCollectionBase> collection(dynamic_cast<CXmlCollectionBase*>(object.Ptr()));
-  if (object && !collection) ThrowInvalidType(value);
+CXmlCollectionBase* CollectionIn(const QvVariant& value) {
+  if (value.GetItemType() == ItemType_xmlCollection) return value.PeekXmlCollection();
+  CXmlObjectBase* const object = ObjectIn(value);
+  auto* const collection = dynamic_cast<CXmlCollectionBase*>(object);
+  if (object != nullptr && collection == nullptr) ThrowInvalidType(value);
   return collection;
 }
 
-std::string EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
+const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
                        const std::string& name) {
   const long number =
       value.GetItemType() == ItemType_i4 && !value.IsNil()

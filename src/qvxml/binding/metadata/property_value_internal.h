@@ -8,20 +8,20 @@
 
 #include "qvxml/binding/xml_collection_base.h"
 #include "qvxml/binding/xml_object_base.h"
-#include "qvxml/core/smart_ptr.h"
 #include "qvxml/core/value/variant.h"
 
 namespace QvXmlLib16::detail {
 
-/// The object or collection that the property holds, or null when it is unset or nil. Throws
-/// CQvException "Invalid Type %d" for a value of another type, which would vanish otherwise.
-CSmartPtr<CXmlObjectBase> ObjectIn(const QvVariant& value);
+/// The object or collection that the property holds, or null when it is unset or nil; no reference
+/// is added. Throws CQvException "Invalid Type %d" for a value of another type, which would vanish
+/// otherwise.
+CXmlObjectBase* ObjectIn(const QvVariant& value);
 /// The same for a collection.
-CSmartPtr<CXmlCollectionBase> CollectionIn(const QvVariant& value);
+CXmlCollectionBase* CollectionIn(const QvVariant& value);
 
-/// The text of the enumeration's value that the property holds as a number. Throws CQvException
-/// when it holds none, and when the enumeration has no such value.
-std::string EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
+/// The text of the enumeration's value that the property holds as a number, valid for good. Throws
+/// CQvException when it holds none, and when the enumeration has no such value.
+const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
                        const std::string& name);
 /// Makes `value` the number of the enumeration's value that `text` stands for.
 void SetEnum(QvVariant& value, const std::string& text, int (*textToEnum)(const char*),

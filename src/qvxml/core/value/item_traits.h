@@ -37,6 +37,11 @@ enum class FacetFamily {
 
 /// The facts of one item type: its `Carrier`, name, holding and facets, and the one pair of
 /// conversions and of variant accessors. Defined for 1 to 26.
+///
+/// Three accessors save copies where a value passes through a variant: `View` refers to the value
+/// of a variant that has this very tag and is not nil, `Lend` lets the variant refer to a value
+/// that stays unchanged as long as the variant is used (a copy of the variant has its own one), and
+/// `Take` moves the value out of a variant that is not needed any more.
 template <ItemType>
 struct ItemTraits;
 
@@ -57,6 +62,27 @@ struct ItemTraits;
     }                                                                                           \
     static Carrier Get(const QvVariant& variant) { return variant.Get##accessor(); }            \
     static void Set(QvVariant& variant, const Carrier& value) { variant.Set##accessor(value); } \
+    static decltype(auto) View(const QvVariant& variant) {                                      \
+      if constexpr (kHolding == ItemHolding::Owned) {                                           \
+        return *static_cast<const Carrier*>(variant.GetInline<const void*>());                  \
+      } else {                                                                                  \
+        return Get(variant);                                                                    \
+      }                                                                                         \
+    }                                                                                           \
+    static void Lend(QvVariant& variant, const Carrier& value) {                                \
+      if constexpr (kHolding == ItemHolding::Owned) {                                           \
+        variant.SetInline(kType, static_cast<const void*>(&value));                             \
+      } else {                                                                                  \
+        Set(variant, value);                                                                    \
+      }                                                                                         \
+    }                                                                                           \
+    static Carrier Take(QvVariant& variant) {                                                   \
+      if constexpr (kHolding == ItemHolding::Owned) {                                           \
+        return variant.TakeOwned<Carrier>();                                                    \
+      } else {                                                                                  \
+        return Get(variant);                                                                    \
+      }                                                                                         \
+    }                                                                                           \
   };
 #include "qvxml/core/value/item_types.def"
 

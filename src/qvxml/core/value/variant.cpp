@@ -1,6 +1,7 @@
 #include "qvxml/core/value/variant.h"
 
 #include <cassert>
+#include <new>
 #include <type_traits>
 #include <utility>
 
@@ -40,51 +41,71 @@ std::string FormatValue(const typename TTraits::Carrier& value, const char* form
 
 constinit CInstanceCounter QvVariant::s_instances("QvVariant");
 
-QvVariant::QvVariant() = default;
-
-QvVariant::QvVariant(const QvVariant& other) : TInstanceCounted<QvVariant>() { *this = other; }
+QvVariant::QvVariant(const QvVariant& other) : TInstanceCounted<QvVariant>() { CopyValue(other); }
 
 QvVariant::QvVariant(QvVariant&& other) noexcept : TInstanceCounted<QvVariant>() {
-  *this = std::move(other);
+  MoveValue(other);
 }
-
-QvVariant::~QvVariant() { ReleaseValue(); }
 
 QvVariant& QvVariant::operator=(const QvVariant& other) {
   if (this == &other) return *this;
-  assert(other.CheckInvariants());
-  const uint64_t slot = VisitItemType(
-      other.m_type,
-      [&](auto traits) {
-        using Traits = decltype(traits);
-        if constexpr (kIsOwned<Traits>) {
-          const auto* value = static_cast<typename Traits::Carrier*>(other.GetInline<void*>());
-          void* copy = value == nullptr ? nullptr : new typename Traits::Carrier(*value);
-          return reinterpret_cast<uint64_t>(copy);
-        } else {
-          return other.m_slot;
-        }
-      },
-      [&]() -> uint64_t {
-        if (other.m_type != ItemType_none && !IsPointerType(other.m_type)) {
-          throw CQvException("Unknown Type");
-        }
-        return other.m_slot;
-      });
-  ReleaseValue();
-  m_isNil = other.m_isNil;
-  m_type = other.m_type;
-  m_slot = slot;
-  return *this;
+  // Copied before the old value goes, as memory may be short.
+  QvVariant copy(other);
+  return *this = std::move(copy);
 }
 
 QvVariant& QvVariant::operator=(QvVariant&& other) noexcept {
   if (this == &other) return *this;
-  ReleaseValue();
+  if (m_ownership != Ownership::None) ReleaseValue();
+  MoveValue(other);
+  return *this;
+}
+
+// Into a variant that holds nothing.
+void QvVariant::CopyValue(const QvVariant& other) {
+  assert(other.CheckInvariants());
+  VisitItemType(
+      other.m_type,
+      [&](auto traits) {
+        using Traits = decltype(traits);
+        if constexpr (kIsOwned<Traits>) {
+          using Carrier = typename Traits::Carrier;
+          if (const Carrier* value = other.PeekOwned<Carrier>()) SetOwned(other.m_type, *value);
+        } else {
+          m_slot = other.m_slot;
+        }
+      },
+      [&] {
+        if (other.m_type != ItemType_none && !IsPointerType(other.m_type)) {
+          throw CQvException("Unknown Type");
+        }
+        m_slot = other.m_slot;
+      });
+  m_isNil = other.m_isNil;
+  m_type = other.m_type;
+}
+
+// Into a variant that owns nothing; the other one holds nothing afterwards.
+void QvVariant::MoveValue(QvVariant& other) noexcept {
+  m_slot = std::exchange(other.m_slot, 0);
+  if (other.m_ownership == Ownership::InPlace) {
+    VisitItemType(
+        other.m_type,
+        [&](auto traits) {
+          using Traits = decltype(traits);
+          using Carrier = typename Traits::Carrier;
+          if constexpr (kIsOwned<Traits> && kFitsInPlace<Carrier>) {
+            auto* const source = std::launder(reinterpret_cast<Carrier*>(other.m_place));
+            void* const moved = new (m_place) Carrier(std::move(*source));
+            source->~Carrier();
+            m_slot = reinterpret_cast<uint64_t>(moved);
+          }
+        },
+        [] {});
+  }
+  m_ownership = std::exchange(other.m_ownership, Ownership::None);
   m_isNil = std::exchange(other.m_isNil, false);
   m_type = std::exchange(other.m_type, ItemType_none);
-  m_slot = std::exchange(other.m_slot, 0);
-  return *this;
 }
 
 void QvVariant::SetInvalid() { Clear(); }
@@ -97,7 +118,7 @@ void QvVariant::SetNil() {
 }
 
 void QvVariant::Clear() {
-  ReleaseValue();
+  if (m_ownership != Ownership::None) ReleaseValue();
   m_slot = 0;
   m_isNil = false;
   m_type = ItemType_none;
@@ -173,15 +194,20 @@ CDecimal QvVariant::GetDecimal() const { return GetOwned<CDecimal>(); }
 void QvVariant::SetInteger(const CBigInteger& value) { SetOwned(ItemType_integer, value); }
 CBigInteger QvVariant::GetInteger() const { return GetOwned<CBigInteger>(); }
 
-const std::string* QvVariant::PeekString() const {
-  return m_type == ItemType_string ? PeekOwned<std::string>() : nullptr;
-}
-
 template <class TObject>
 void QvVariant::SetOwned(ItemType type, TObject&& value) {
-  // Built before the old value goes: `value` may be part of it, and memory may be short.
-  void* copy = new std::decay_t<TObject>(std::forward<TObject>(value));
-  SetInline(type, copy);
+  using Object = std::decay_t<TObject>;
+  if constexpr (kFitsInPlace<Object>) {
+    // Built before the old value goes: `value` may be part of it, and memory may be short.
+    Object copy(std::forward<TObject>(value));
+    if (m_ownership != Ownership::None) ReleaseValue();
+    SetInline(type, static_cast<void*>(new (m_place) Object(std::move(copy))));
+    m_ownership = Ownership::InPlace;
+  } else {
+    void* const copy = new Object(std::forward<TObject>(value));
+    SetInline(type, copy);
+    m_ownership = Ownership::Heap;
+  }
 }
 
 template <class TObject>
@@ -193,7 +219,7 @@ const TObject* QvVariant::PeekOwned() const {
         return kIsOwned<Traits> && std::is_same_v<typename Traits::Carrier, TObject>;
       },
       [] { return false; });
-  return isHeld ? static_cast<const TObject*>(GetInline<void*>()) : nullptr;
+  return isHeld ? static_cast<const TObject*>(GetInline<const void*>()) : nullptr;
 }
 
 template <class TObject>
@@ -203,26 +229,50 @@ TObject QvVariant::GetOwned() const {
   ThrowInvalidType(m_type);
 }
 
+template <class TObject>
+TObject QvVariant::TakeOwned() {
+  const TObject* const value = PeekOwned<TObject>();
+  if (value == nullptr || m_ownership == Ownership::None) return GetOwned<TObject>();
+  return std::move(*const_cast<TObject*>(value));
+}
+
+template CBigInteger QvVariant::TakeOwned<CBigInteger>();
+template CBinaryData QvVariant::TakeOwned<CBinaryData>();
+template CDateTime QvVariant::TakeOwned<CDateTime>();
+template CDateTimeSpan QvVariant::TakeOwned<CDateTimeSpan>();
+template CDecimal QvVariant::TakeOwned<CDecimal>();
+template std::string QvVariant::TakeOwned<std::string>();
+
 void QvVariant::ReleaseValue() noexcept {
   assert(CheckInvariants());
   VisitItemType(
       m_type,
       [this](auto traits) {
         using Traits = decltype(traits);
+        using Carrier = typename Traits::Carrier;
         if constexpr (kIsOwned<Traits>) {
-          delete static_cast<typename Traits::Carrier*>(GetInline<void*>());
+          auto* const value = static_cast<Carrier*>(GetInline<void*>());
+          if (m_ownership == Ownership::InPlace) {
+            value->~Carrier();
+          } else {
+            delete value;
+          }
         }
       },
       [] {});
+  m_ownership = Ownership::None;
 }
 
 // A value is present exactly when there is a tag and no nil flag; the slot is null otherwise.
 bool QvVariant::CheckInvariants() const {
   if (m_type < ItemType_none || m_type > ItemType_xmlCollection) return false;
-  if (m_isNil || m_type == ItemType_none) return m_slot == 0;
+  if (m_isNil || m_type == ItemType_none) return m_slot == 0 && m_ownership == Ownership::None;
   return VisitItemType(
-      m_type, [this](auto traits) { return !kIsOwned<decltype(traits)> || m_slot != 0; },
-      [] { return true; });
+      m_type,
+      [this](auto traits) {
+        return kIsOwned<decltype(traits)> ? m_slot != 0 : m_ownership == Ownership::None;
+      },
+      [this] { return m_ownership == Ownership::None; });
 }
 
 }  // namespace QvXmlLib16

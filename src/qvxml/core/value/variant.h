@@ -3,8 +3,10 @@
 #ifndef QVXML_CORE_VALUE_VARIANT_H_
 #define QVXML_CORE_VALUE_VARIANT_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 
 #include "qvxml/core/item_type.h"
 #include "qvxml/core/smart_ptr.h"
@@ -24,16 +26,18 @@ class CXmlObjectBase;      // binding/xml_object_base.h
 
 /// A value with its ItemType, or none, or nil.
 ///
-/// Scalars are kept inline; value objects are copied onto the heap and owned; generated objects and
-/// collections are bare pointers that are never owned or counted.
+/// Scalars and value objects are copied and owned, nearly all of them within the variant; generated
+/// objects and collections are bare pointers that are never owned or counted.
 class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
  public:
   /// Invalid and not nil.
-  QvVariant();
+  QvVariant() noexcept {}  // Not "= default": m_place is left as it is.
   QvVariant(const QvVariant& other);
   /// Leaves `other` invalid.
   QvVariant(QvVariant&& other) noexcept;
-  virtual ~QvVariant();
+  virtual ~QvVariant() {
+    if (m_ownership != Ownership::None) ReleaseValue();
+  }
 
   /// Copies the nil flag, the tag and the owned value.
   QvVariant& operator=(const QvVariant& other);
@@ -151,16 +155,41 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
 
   /// The string held, without a copy, or null when the variant holds none; valid until the variant
   /// changes.
-  const std::string* PeekString() const;
+  const std::string* PeekString() const noexcept {
+    return m_type == ItemType_string ? static_cast<const std::string*>(GetInline<const void*>())
+                                     : nullptr;
+  }
+  /// The object or collection held, without a reference of its own, or null.
+  CXmlObjectBase* PeekXmlObject() const noexcept {
+    return static_cast<CXmlObjectBase*>(GetPointer(ItemType_xmlObject));
+  }
+  CXmlCollectionBase* PeekXmlCollection() const noexcept {
+    return static_cast<CXmlCollectionBase*>(GetPointer(ItemType_xmlCollection));
+  }
 
  private:
   friend class TInstanceCounted<QvVariant>;
+  template <ItemType>
+  friend struct ItemTraits;
   static CInstanceCounter s_instances;
+
+  // Who releases the value object that the slot points at.
+  enum class Ownership : unsigned char {
+    None,     // There is none, or it is only borrowed.
+    InPlace,  // It stands in m_place.
+    Heap,
+  };
+  // Room for the value objects but for rare ones, so that a value that passes through needs no
+  // heap.
+  static constexpr size_t kPlaceBytes = 64;
+  template <class TObject>
+  static constexpr bool kFitsInPlace =
+      sizeof(TObject) <= kPlaceBytes&& std::is_nothrow_move_constructible<TObject>::value;
 
   template <class TScalar>
   void SetInline(ItemType type, TScalar value) noexcept {
     static_assert(sizeof(TScalar) <= sizeof m_slot, "a scalar fits the slot");
-    if (m_type != ItemType_none) ReleaseValue();
+    if (m_ownership != Ownership::None) ReleaseValue();
     m_slot = 0;
     __builtin_memcpy(&m_slot, &value, sizeof value);
     m_isNil = false;
@@ -172,7 +201,9 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
     __builtin_memcpy(&value, &m_slot, sizeof value);
     return value;
   }
-  void* GetPointer(ItemType type) const { return m_type == type ? GetInline<void*>() : nullptr; }
+  void* GetPointer(ItemType type) const noexcept {
+    return m_type == type ? GetInline<void*>() : nullptr;
+  }
 
   template <class TObject>
   void SetOwned(ItemType type, TObject&& value);
@@ -180,13 +211,20 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   const TObject* PeekOwned() const;
   template <class TObject>
   TObject GetOwned() const;
+  // The value object, moved out where the variant owns it: a variant that is not needed any more.
+  template <class TObject>
+  TObject TakeOwned();
+  void CopyValue(const QvVariant& other);
+  void MoveValue(QvVariant& other) noexcept;
 
   void ReleaseValue() noexcept;
   bool CheckInvariants() const;
 
   bool m_isNil = false;
+  Ownership m_ownership = Ownership::None;
   ItemType m_type = ItemType_none;
   uint64_t m_slot = 0;
+  alignas(8) unsigned char m_place[kPlaceBytes];
 };
 
 }  // namespace QvXmlLib16
