@@ -90,6 +90,10 @@ CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(const std::string& localN
     context.m_depth = rootDepth;
   }
   context.m_prefix = nullptr;
+  // Most often the namespace is the one around it, and with it the prefix, once that was looked up.
+  if (m_context != nullptr && m_context->m_namespaceUri == namespaceUri) {
+    context.m_prefix = m_context->m_prefix;
+  }
   context.m_childCount = 0;
   context.m_isStartTagOpen = false;
   context.m_state = ContextState_None;
