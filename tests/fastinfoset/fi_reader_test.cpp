@@ -148,6 +148,9 @@ TEST_F(CFastInfosetReaderTest, RecognisesItsInputByTheFirstOctets) {
   EXPECT_EQ(Outcome(Octets("E000 0002 00")),
             "Unexpected octet [02] for the version of a Fast Infoset document at byte 3");
   EXPECT_FALSE(CFastInfosetReader::IsFastInfoset(nullptr, 0));
+  CXmlDocument empty;
+  EXPECT_QV_THROW(CFastInfosetReader(empty, CFastInfosetContext()).Parse(), CQvException,
+                  "There is no Fast Infoset document at byte 0");
 }
 
 TEST_F(CFastInfosetReaderTest, ReadsTheExamplesOfTheStandard) {
@@ -233,6 +236,8 @@ TEST_F(CFastInfosetReaderTest, ResolvesNames) {
        "The prefix [] is not bound to the namespace [] at byte 10"},
       {"attribute in a namespace without prefix", "78 CD00'u' F0 3D8100'r' 798100'a'FF FFF0",
        "The prefix [] is not bound to the namespace [u] at byte 14"},
+      {"a declaration for an attribute", "7C00'r' 7804'xmlns'00'u' FFF0",
+       "The attribute [xmlns] is no namespace attribute at byte 8"},
       {"attribute twice", "7C00'r' 7800'a'FF 7880FF 7881FF FFF0",
        "The attribute [a] occurs twice at byte 15"},
       {"attribute twice with two prefixes",

@@ -38,8 +38,9 @@ CDecoder::CDecoder(CXmlDocument& document, const CFastInfosetContext& context)
 
 void CDecoder::Decode() {
   const CBinaryData& input = m_document.m_input;
-  m_input.TakeOctets(DeclarationLength(input.GetData(), input.GetLength()) +
-                     sizeof kIdentification);
+  const size_t start = DeclarationLength(input.GetData(), input.GetLength());
+  if (start == kNoDocument) m_input.FailAt(0, "There is no Fast Infoset document");
+  m_input.TakeOctets(start + sizeof kIdentification);
   try {
     ReadHeader();
     if (!ReadContent(ReadProlog())) ReadEpilog();

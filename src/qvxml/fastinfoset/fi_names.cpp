@@ -79,20 +79,24 @@ CNames::CName& CNames::TakeLiteralName(CTable& table, unsigned bits, uint32_t wi
   const bool hasPrefix = (bits & kHasPrefix) != 0;
   const bool hasNamespace = (bits & kHasNamespace) != 0;
   if (hasPrefix && !hasNamespace) m_input.FailOctet("a name");
+  const size_t offset = m_input.GetOffset() - 1;
   CName name;
   name.prefix = hasPrefix ? TakePrefix() : withoutPrefix;
   name.namespaceUri = hasNamespace ? TakeNamespace() : kNoNamespace;
-  Resolve(name, TakeLocalName());
+  Resolve(name, TakeLocalName(), offset);
   if (table.size() < kMaxEntries) return table.emplace_back(name);
   return m_unlisted = name;
 }
 
 // A vocabulary may hold names without a local name.
-void CNames::ResolveListed(CName& name) {
-  Resolve(name, name.localName != 0 ? m_localNames[name.localName - 1] : "");
+void CNames::ResolveListed(CName& name, size_t offset) {
+  Resolve(name, name.localName != 0 ? m_localNames[name.localName - 1] : "", offset);
 }
 
-void CNames::Resolve(CName& name, std::string_view localName) {
+void CNames::Resolve(CName& name, std::string_view localName, size_t offset) {
+  if (name.prefix == kNoPrefix && localName == kXmlnsPrefix) {
+    m_input.FailAt(offset, "The attribute [xmlns] is no namespace attribute");
+  }
   const std::string_view namespaceUri = m_namespaces.TextOf(name.namespaceUri);
   const std::string_view prefix = m_prefixes.TextOf(name.prefix);
   // The record holds copies of them.

@@ -85,7 +85,7 @@ class CNames {
   /// The shared record of a name that is used here. Throws when its prefix is not bound to its
   /// namespace; `offset` tells where it is used.
   const CXmlName* Use(CName& name, size_t offset) {
-    if (name.xmlName == nullptr) ResolveListed(name);
+    if (name.xmlName == nullptr) ResolveListed(name, offset);
     if (m_bindings[name.prefix].boundTo != name.namespaceUri) FailUnbound(name, offset);
     return name.xmlName;
   }
@@ -146,8 +146,8 @@ class CNames {
   void TakeSurrogate(CTable& table, uint32_t withoutPrefix);
   void AddNames(CTable& table, const CFIVocabulary::CFIQNameTable& names, uint32_t withoutPrefix);
   unsigned TakeSurrogatePart(size_t count);
-  void ResolveListed(CName& name);
-  void Resolve(CName& name, std::string_view localName);
+  void ResolveListed(CName& name, size_t offset);
+  void Resolve(CName& name, std::string_view localName, size_t offset);
   const CXmlName* Intern(std::string_view namespaceUri, std::string_view localName);
   uint32_t AddPrefix(std::string_view text);
   void Rebind();

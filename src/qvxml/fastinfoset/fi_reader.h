@@ -31,7 +31,7 @@ class QVXML_API CFastInfosetReader : private TInstanceCounted<CFastInfosetReader
   /// X.891. Such bytes are no XML text.
   static bool IsFastInfoset(const unsigned char* bytes, size_t length) noexcept;
 
-  /// Parses the whole input of the document, which must be Fast Infoset.
+  /// Parses the whole input of the document.
   ///
   /// Throws CQvException "%s at byte %lu", what is wrong and where, counted from 0 at the start of
   /// the input, and what the document's callback threw. The document then keeps what was read
