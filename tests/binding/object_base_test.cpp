@@ -2,6 +2,7 @@
 // tests of names and namespaces.
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -59,10 +60,12 @@ TEST_F(CXmlObjectBaseTest, KeepsItsSlotOrder) {
       SlotOf(&C::OnEvent),
       SlotOf(&C::GetBase),
       SlotOf(&C::ToXmlFile),
+      SlotOf(&C::ToFastInfosetFile),
       SlotOf(&C::ToJsonFile),
       SlotOf(&C::ToXml),
       SlotOf(&C::ToJson),
       SlotOf(&C::ToXmlStream),
+      SlotOf(&C::ToFastInfosetStream),
       SlotOf(&C::ToJsonStream),
       SlotOf(&C::FromXmlFile),
       SlotOf(&C::FromJsonFile),
@@ -142,8 +145,12 @@ TEST_F(CXmlObjectBaseTest, TheContextReachesTheWriter) {
                                      CPrimitiveRestrictions(), "7");
   object.values[2].SetI4(7);
   EXPECT_EQ("<r><a>5</a><d/></r>", object.ToXml(false, false, EOL_LF, options));
+  EXPECT_EQ("E0000001003C00723C00619035F03C0064FFF0",
+            object.ToFastInfosetStream(FInfoDecl_None, options).GetAsHexString());
   options.SetWriteDefaultElementValues(true);
   EXPECT_EQ("<r><a>5</a><d>7</d></r>", object.ToXml(false, false, EOL_LF, options));
+  EXPECT_EQ("E0000001003C00723C00619035F03C00649037FFF0",
+            object.ToFastInfosetStream(FInfoDecl_None, options).GetAsHexString());
 }
 
 TEST_F(CXmlObjectBaseTest, CompressesWhatGetsSmaller) {
@@ -157,6 +164,11 @@ TEST_F(CXmlObjectBaseTest, CompressesWhatGetsSmaller) {
     CDriven copy(schema);
     copy.FromXmlStream(data);
     EXPECT_EQ(plain, copy.ToXml());
+    const CBinaryData octets = object.ToFastInfosetStream(FInfoDecl_None, ctx, type);
+    EXPECT_EQ(BytesOf(data).substr(0, 2), BytesOf(octets).substr(0, 2));
+    CDriven fromOctets(schema);
+    fromOctets.FromXmlStream(octets);
+    EXPECT_EQ(plain, fromOctets.ToXml());
   }
   for (const bool isAsync : {false, true}) {
     CXmlObjectBase::AsyncToXmlFile(isAsync);
@@ -167,6 +179,11 @@ TEST_F(CXmlObjectBaseTest, CompressesWhatGetsSmaller) {
     copy.FromXmlFile(path.c_str());
     EXPECT_EQ(plain, copy.ToXml());
   }
+  object.ToFastInfosetFile(path.c_str(), FInfoDecl_None, ctx, CompressionType_GZip);
+  EXPECT_EQ("\x1F\x8B", ReadFile(path).substr(0, 2));
+  CDriven copy(schema);
+  copy.FromXmlFile(path.c_str());
+  EXPECT_EQ(plain, copy.ToXml());
   SetText("x");
   EXPECT_QV_THROW(
       object.ToXmlStream(false, false, Encoding_UTF8, EOL_LF, ctx, CompressionType_GZip),
@@ -179,10 +196,19 @@ TEST_F(CXmlObjectBaseTest, AFileIsTouchedOnlyWhenTheDocumentIsWhole) {
   EXPECT_QV_THROW(
       object.ToXmlFile(path.c_str(), true, true, Encoding_UTF8, EOL_LF, ctx, CompressionType_ZLib),
       CQvException, "ZLIB Compression only available for To Stream methods.");
+  EXPECT_QV_THROW(object.ToFastInfosetFile(path.c_str(), FInfoDecl_None, ctx, CompressionType_ZLib),
+                  CQvException, "ZLIB Compression only available for To Stream methods.");
   SetNumber(101);
   EXPECT_QV_THROW(object.ToXmlFile(path.c_str()), CQvValidationException,
                   "Failed to convert the element [r] to XML");
+  EXPECT_QV_THROW(object.ToFastInfosetFile(path.c_str()), CQvValidationException,
+                  "Failed to convert the element [r] to XML");
   EXPECT_EQ(0, folder.CountEntries());
+  SetNumber(5);
+  object.ToFastInfosetFile(path.c_str(), FInfoDecl_Plain);
+  EXPECT_EQ("<?xml encoding='finf'?>\xE0", ReadFile(path).substr(0, 24));
+  std::filesystem::remove(path);
+  SetNumber(101);
   // Written as it goes, it stays cut off.
   CXmlObjectBase::AsyncToXmlFile(true);
   CXmlObjectBase::AsyncFromXmlFile(true);

@@ -53,6 +53,22 @@ CSmartPtr<TObject> Read(const std::string& xml) {
 #define XSI "http://www.w3.org/2001/XMLSchema-instance"
 #define NIL " xmlns:AA=\"" XSI "\" AA:nil=\"true\""
 
+// Expects that the object survives Fast Infoset, with values as text and in their own encodings.
+void ExpectFastInfosetKeeps(const CXmlObjectBase& object, CSmartPtr<CXmlObjectBase> (*make)()) {
+  for (const bool isSuggested : {false, true}) {
+    for (const char* const defaultNamespace : {"", "urn:qvxml:samples"}) {
+      CSerializationContext ctx;
+      ctx.SetDefaultNamespaceURI(defaultNamespace);
+      if (isSuggested) ctx.GetFIContext().SetSuggestedValues();
+      const CBinaryData octets = object.ToFastInfosetStream(FInfoDecl_None, ctx);
+      const CSmartPtr<CXmlObjectBase> readBack = make();
+      readBack->FromXmlStream(octets, ctx);
+      EXPECT_EQ(Write(*readBack), Write(object));
+      EXPECT_TRUE(readBack->ToFastInfosetStream(FInfoDecl_None, ctx) == octets);
+    }
+  }
+}
+
 // What is read is written again to the byte.
 TEST_F(Samples, WriteWhatTheyRead) {
   for (const SampleDocument& row : SampleDocuments()) {
@@ -61,6 +77,7 @@ TEST_F(Samples, WriteWhatTheyRead) {
     try {
       object->FromXml(InNamespace(row.xml).c_str());
       EXPECT_EQ(Write(*object), InNamespace(row.xml));
+      ExpectFastInfosetKeeps(*object, row.make);
     } catch (const CQvException& exception) {
       ADD_FAILURE() << exception.GetFullMessage();
     }
@@ -216,6 +233,23 @@ TEST_F(Samples, AllTypesSurviveText) {
     CheckAllTypes(*readBack);
     EXPECT_EQ(Write(*readBack, isFormatted), text);
   }
+}
+
+TEST_F(Samples, AllTypesSurviveFastInfoset) {
+  const CSmartPtr<CAllTypes> object(new CAllTypes);
+  FillAllTypes(*object);
+  CSerializationContext ctx;
+  for (const bool isSuggested : {false, true}) {
+    if (isSuggested) ctx.GetFIContext().SetSuggestedValues();
+    for (const int encoding : {0, 1}) {
+      ctx.GetFIContext().SetDefaultStringEncoding(static_cast<unsigned char>(encoding));
+      const CSmartPtr<CAllTypes> readBack(new CAllTypes);
+      readBack->GetLists()->GetI4().Add(1);
+      readBack->FromXmlStream(object->ToFastInfosetStream(FInfoDecl_Plain, ctx), ctx);
+      CheckAllTypes(*readBack);
+    }
+  }
+  ExpectFastInfosetKeeps(*object, Make<CAllTypes>);
 }
 
 TEST_F(Samples, EachTypeHasItsLexicalForm) {

@@ -9,6 +9,8 @@
 #include "qvxml/binding/file_input_internal.h"
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/core/exception.h"
+#include "qvxml/fastinfoset/fi_context.h"
+#include "qvxml/fastinfoset/fi_reader.h"
 #include "qvxml/xml/compression.h"
 #include "qvxml/xml/encoder.h"
 #include "qvxml/xml/expat_reader.h"
@@ -89,19 +91,33 @@ void CXmlDocument::Load(const char* path) {
 
 void CXmlDocument::Parse() {
   if (CQvZip::IsCompressed(m_input)) m_input = CQvZip::Decompress(m_input);
-  // Any other format that comes through the same entry points is offered the bytes here.
-  ParseText();
+  if (!ParseFastInfoset()) ParseText();
+}
+
+// Nothing needs the input or the open elements once parsing is over, however it ends.
+class CXmlDocument::CEndOfParse {
+ public:
+  explicit CEndOfParse(CXmlDocument& document) : m_document(document) {}
+  CEndOfParse(const CEndOfParse&) = delete;
+  CEndOfParse& operator=(const CEndOfParse&) = delete;
+  ~CEndOfParse() {
+    m_document.m_input.Clear();
+    m_document.m_openElements.clear();
+  }
+
+ private:
+  CXmlDocument& m_document;
+};
+
+bool CXmlDocument::ParseFastInfoset() {
+  if (!CFastInfosetReader::IsFastInfoset(m_input.GetData(), m_input.GetLength())) return false;
+  const CEndOfParse endOfParse(*this);
+  CFastInfosetReader(*this, m_context->GetFIContext()).Parse();
+  return true;
 }
 
 void CXmlDocument::ParseText() {
-  // Nothing needs the input or the open elements once parsing is over, however it ends.
-  struct CEndOfParse {
-    CXmlDocument& document;
-    ~CEndOfParse() {
-      document.m_input.Clear();
-      document.m_openElements.clear();
-    }
-  } endOfParse{*this};
+  const CEndOfParse endOfParse(*this);
   CExpatReader reader(*this);
   reader.CreateParser();
   reader.Parse(true);

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "qvxml/core/exception.h"
+#include "qvxml/fastinfoset/fi_context.h"
 #include "qvxml/json/json_context.h"
 
 namespace QvXmlLib16 {
@@ -54,5 +55,6 @@ void CSerializationContext::SetIndentChars(const char* value) {
 }
 
 CJsonContext& CSerializationContext::GetJsonContext() const { return m_jsonContext.GetOrMake(); }
+CFastInfosetContext& CSerializationContext::GetFIContext() const { return m_fiContext.GetOrMake(); }
 
 }  // namespace QvXmlLib16

@@ -14,8 +14,9 @@
 
 namespace QvXmlLib16 {
 
-class CAttributeCol;  // xml/untyped/attribute_col.h
-class CJsonContext;   // json/json_context.h
+class CAttributeCol;        // xml/untyped/attribute_col.h
+class CFastInfosetContext;  // fastinfoset/fi_context.h
+class CJsonContext;         // json/json_context.h
 
 namespace detail {
 class CIgnoreNamespacesScope;  // binding/ignore_namespaces_scope_internal.h
@@ -133,6 +134,9 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   /// Those of JSON, for the caller to change. Made when they are first asked for, from any thread.
   /// A copy of the context shares them, if they were made by then.
   CJsonContext& GetJsonContext() const;
+  /// Those of Fast Infoset, for the caller to change. Made when they are first asked for, from any
+  /// thread. A copy of the context shares them, if they were made by then.
+  CFastInfosetContext& GetFIContext() const;
 
  private:
   friend class detail::CIgnoreNamespacesScope;
@@ -140,6 +144,7 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   static CInstanceCounter s_instances;
 
   detail::TLazyShared<CJsonContext> m_jsonContext;
+  detail::TLazyShared<CFastInfosetContext> m_fiContext;
   std::string m_defaultNamespaceUri;
   bool m_writeTypeAttribute = true;
   CNamespaceAliasMap m_namespaceAliases;

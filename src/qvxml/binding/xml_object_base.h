@@ -9,6 +9,7 @@
 
 #include "qvxml/binding/event_sink.h"
 #include "qvxml/binding/serialization_context.h"
+#include "qvxml/fastinfoset/fi_declaration.h"
 #include "qvxml/support/export.h"
 #include "qvxml/support/instance_monitor.h"
 #include "qvxml/types/binary_data.h"
@@ -58,6 +59,11 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
                          XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_LF,
                          const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
                          CompressionType compression = CompressionType_None) const;
+  /// Writes a Fast Infoset file, whole or not at all. Compression as above.
+  virtual void ToFastInfosetFile(
+      const char* path, FInfoDecl declaration = FInfoDecl_None,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+      CompressionType compression = CompressionType_None) const;
   /// Writes a file of JSON, with the options of ctx.GetJsonContext(); as ToXmlFile otherwise.
   virtual void ToJsonFile(
       const char* path, bool format = true, XmlEncoding encoding = Encoding_UTF8,
@@ -77,6 +83,11 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   virtual CBinaryData ToXmlStream(
       bool includeDocHeader = true, bool format = true, XmlEncoding encoding = Encoding_UTF8,
       EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+      CompressionType compression = CompressionType_None) const;
+  /// Returns the Fast Infoset document, written as the context's GetFIContext() says.
+  virtual CBinaryData ToFastInfosetStream(
+      FInfoDecl declaration = FInfoDecl_None,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
       CompressionType compression = CompressionType_None) const;
 

@@ -3,6 +3,8 @@
 #include "qvxml/binding/object_flags_internal.h"
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/exception.h"
+#include "qvxml/fastinfoset/fi_context.h"
+#include "qvxml/fastinfoset/fi_writer.h"
 #include "qvxml/json/json_text_writer.h"
 #include "qvxml/json/well_formed_json_writer.h"
 #include "qvxml/licence/licence_check.h"
@@ -89,6 +91,32 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool format, XmlE
   CBinaryData data = stream.GetEncodedStream();
   CQvZip::CompressData(data, compression);
   return data;
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
+                                                const CSerializationContext& ctx,
+                                                CompressionType compression) const {
+  CheckLicenceAndVersion();
+  CBinaryStream stream;
+  CFastInfosetWriter writer(ctx.GetFIContext(), stream);
+  writer.Open();
+  writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
+  writer.WriteStartDocument(declaration);
+  ToXml_Int(&writer, true, GetTargetNamespace().c_str(), ctx, false);
+  writer.WriteEndDocument();
+  writer.Close();
+  CBinaryData data = stream.GetBinaryStream();
+  CQvZip::CompressData(data, compression);
+  return data;
+}
+
+void CXmlObjectBase::ToFastInfosetFile(const char* path, FInfoDecl declaration,
+                                       const CSerializationContext& ctx,
+                                       CompressionType compression) const {
+  CheckLicenceAndVersion();
+  RefuseZLibFile(compression);
+  WriteFile(path, Encoding_Unspecified, compression,
+            ToFastInfosetStream(declaration, ctx, compression));
 }
 
 void CXmlObjectBase::ToXmlFile(const char* path, bool includeDocHeader, bool format,

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "qvxml/core/locale_text.h"
+
 namespace QvXmlLib16 {
 namespace detail {
 

@@ -13,6 +13,7 @@
 #include "qvxml/core/locale_text.h"
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
+#include "qvxml/xml/repetition_limit_internal.h"
 #include "qvxml/xml/xml_building_internal.h"
 #include "qvxml/xml/xml_document.h"
 
@@ -33,9 +34,6 @@ constexpr size_t kFirstPiece = size_t{1} << 20;
 // Its int lengths, doubled inside, can hold this.
 constexpr size_t kMaxPiece = size_t{1} << 30;
 
-// Of the same size as libexpat's own limits on entities.
-constexpr size_t kMaxAmplification = 100;
-constexpr size_t kRepetitionAlwaysAllowed = size_t{8} << 20;
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
 
@@ -69,7 +67,7 @@ void CExpatReader::CreateParser() {
 }
 
 void CExpatReader::Parse(bool isFinal) {
-  m_repetitionLimit = kMaxAmplification * m_document.m_input.GetLength() + kRepetitionAlwaysAllowed;
+  m_repetitionLimit = detail::RepetitionLimit(m_document.m_input.GetLength());
   const bool isParsed = Feed(isFinal);
   if (!isParsed) {
     FlushOpenText();

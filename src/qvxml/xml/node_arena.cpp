@@ -1,6 +1,7 @@
 // The cold paths of the node arena; the hot ones are in its header.
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 
 #include "qvxml/xml/node_arena_internal.h"
@@ -12,6 +13,10 @@ CNodeArena::CNodeArena(const CXmlDocument* document) : m_document(document) {}
 
 CNodeArena::~CNodeArena() {
   while (m_chunks != nullptr) std::free(std::exchange(m_chunks, m_chunks->next));
+  while (m_textChunks != nullptr) {
+    std::destroy_n(m_textChunks->Texts(), m_textChunks->sharedTexts);
+    std::free(std::exchange(m_textChunks, m_textChunks->next));
+  }
 }
 
 void CNodeArena::Abandon() noexcept {
@@ -24,13 +29,27 @@ void CNodeArena::FreeElement(void* memory, size_t size) noexcept {
   if (--m_liveElements == 0 && m_document == nullptr) delete this;
 }
 
-void CNodeArena::AddChunk() {
-  const size_t usable = kChunkSize - kHeapOverhead;
+void* CNodeArena::AllocateChunk() {
   void* memory = nullptr;
-  if (posix_memalign(&memory, kChunkSize, usable) != 0) throw std::bad_alloc();
-  m_chunks = ::new (memory) CChunk{this, m_chunks};
+  if (posix_memalign(&memory, kChunkSize, kUsableChunkSize) != 0) throw std::bad_alloc();
+  return memory;
+}
+
+void CNodeArena::AddChunk() {
+  void* memory = AllocateChunk();
+  m_chunks = ::new (memory) CChunk{this, m_chunks, 0};
   m_chunkNext = static_cast<char*>(memory) + sizeof(CChunk);
-  m_chunkEnd = static_cast<char*>(memory) + usable;
+  m_chunkEnd = static_cast<char*>(memory) + kUsableChunkSize;
+}
+
+const std::string* CNodeArena::AddSharedText(std::string_view text) {
+  constexpr size_t kTextsInChunk = (kUsableChunkSize - sizeof(CChunk)) / sizeof(std::string);
+  if (m_textChunks == nullptr || m_textChunks->sharedTexts == kTextsInChunk) {
+    m_textChunks = ::new (AllocateChunk()) CChunk{this, m_textChunks, 0};
+  }
+  std::string* added = ::new (m_textChunks->Texts() + m_textChunks->sharedTexts) std::string(text);
+  ++m_textChunks->sharedTexts;
+  return added;
 }
 
 const CXmlName* CNodeArena::Intern(std::string_view key, size_t namespaceLength) {

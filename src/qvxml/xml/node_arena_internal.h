@@ -54,6 +54,8 @@ struct CXmlName {
   /// The names that came after this one most recently; documents repeat their sequences, so these
   /// usually answer what the next name is without a search.
   mutable std::array<const CXmlName*, 2> followers{};
+  /// For readers: the element that last had an attribute of this name, in their own count.
+  mutable size_t lastElement = 0;
 };
 
 class CNodeArena {
@@ -63,10 +65,7 @@ class CNodeArena {
   CNodeArena& operator=(const CNodeArena&) = delete;
 
   /// The arena that a node of at most kMaxPooledSize bytes came from.
-  static CNodeArena& Of(const void* node) noexcept {
-    const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
-    return *reinterpret_cast<const CChunk*>(address)->arena;
-  }
+  static CNodeArena& Of(const void* node) noexcept { return *ChunkOf(node)->arena; }
 
   /// Null once the document has let go of its nodes.
   const CXmlDocument* GetDocument() const noexcept { return m_document; }
@@ -110,14 +109,18 @@ class CNodeArena {
   /// not worth sharing. Whitespace between elements is: every record of a formatted document has
   /// the same.
   const std::string* FindSharedText(std::string_view text);
+  /// A copy of `text` that no node owns; it lives as long as the arena.
+  const std::string* AddSharedText(std::string_view text);
   bool IsSharedText(const std::string* text) const noexcept {
-    return text >= m_sharedTexts.data() && text < m_sharedTexts.data() + m_sharedTexts.size();
+    return (text >= m_sharedTexts.data() && text < m_sharedTexts.data() + m_sharedTexts.size()) ||
+           ChunkOf(text)->sharedTexts != 0;
   }
 
  private:
   static constexpr size_t kChunkSize = 32768;
   // What malloc keeps beside a block, so that aligned chunks lie next to each other.
   static constexpr size_t kHeapOverhead = 16;
+  static constexpr size_t kUsableChunkSize = kChunkSize - kHeapOverhead;
   static constexpr size_t kGranularity = 16;
   static constexpr size_t kMaxPooledSize = 1024;
   static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
@@ -127,6 +130,10 @@ class CNodeArena {
   struct alignas(kGranularity) CChunk {
     CNodeArena* arena;
     CChunk* next;
+    // How many strings it begins with; 0 for a chunk of nodes.
+    size_t sharedTexts;
+
+    std::string* Texts() noexcept { return reinterpret_cast<std::string*>(this + 1); }
   };
   struct CFreeBlock {
     CFreeBlock* next;
@@ -158,6 +165,11 @@ class CNodeArena {
 #endif
   }
 
+  static const CChunk* ChunkOf(const void* node) noexcept {
+    const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
+    return reinterpret_cast<const CChunk*>(address);
+  }
+  static void* AllocateChunk();
   void AddChunk();
 
   const CXmlDocument* m_document;
@@ -165,6 +177,7 @@ class CNodeArena {
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
   CChunk* m_chunks = nullptr;
+  CChunk* m_textChunks = nullptr;
   std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
   std::set<CXmlName, CNameOrder> m_names;
   std::set<std::string, std::less<>> m_namespaces;

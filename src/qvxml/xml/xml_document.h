@@ -18,6 +18,10 @@ namespace QvXmlLib16 {
 
 class CSerializationContext;  // binding/serialization_context.h
 
+namespace detail::fi {
+class CDecoder;  // fastinfoset/fi_decoder_internal.h
+}
+
 /// Loads a document and owns its elements.
 ///
 /// The constructors and everything that loads are defined in binding/document_loading.cpp and
@@ -108,6 +112,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
 
  private:
   friend class CExpatReader;
+  friend class CFastInfosetReader;
+  friend class detail::fi::CDecoder;
   friend class TInstanceCounted<CXmlDocument>;
   static CInstanceCounter s_instances;
 
@@ -116,6 +122,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   bool StripsCDATA() const;
   void SetInput(CBinaryData&& input);
   void Parse();
+  class CEndOfParse;
+  bool ParseFastInfoset();
   void ParseText();
   // Defined in binding/json_loading.cpp.
   template <class TConvert>

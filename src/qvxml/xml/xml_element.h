@@ -18,6 +18,9 @@ class CXmlDocument;  // xml/xml_document.h
 namespace detail {
 class CNodeArena;        // xml/node_arena_internal.h
 struct CAttributeBlock;  // xml/xml_building_internal.h
+namespace fi {
+class CDecoder;  // fastinfoset/fi_decoder_internal.h
+}
 }  // namespace detail
 
 /// A name, attributes, text and child elements. Comments and processing instructions are not kept,
@@ -79,6 +82,7 @@ class QVXML_API CXmlElement : private TInstanceCounted<CXmlElement> {
  private:
   friend class CExpatReader;
   friend class CXmlDocument;
+  friend class detail::fi::CDecoder;
   friend class TInstanceCounted<CXmlElement>;
   static CInstanceCounter s_instances;
 

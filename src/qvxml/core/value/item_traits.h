@@ -45,7 +45,7 @@ enum class FacetFamily {
 template <ItemType>
 struct ItemTraits;
 
-#define QVXML_ITEM_TYPE(name, number, accessor, carrier, held, facets)                          \
+#define QVXML_ITEM_TYPE(name, number, accessor, carrier, held, facets, fastInfoset)             \
   static_assert(ItemType_##name == number, "a row and its enumerator have one number");         \
   template <>                                                                                   \
   struct ItemTraits<ItemType_##name> {                                                          \
@@ -91,8 +91,8 @@ struct ItemTraits;
 template <class TVisit, class TOtherwise>
 auto VisitItemType(ItemType type, TVisit&& visit, TOtherwise&& otherwise) {
   switch (type) {
-#define QVXML_ITEM_TYPE(name, number, accessor, carrier, held, facets) \
-  case ItemType_##name:                                                \
+#define QVXML_ITEM_TYPE(name, number, accessor, carrier, held, facets, fastInfoset) \
+  case ItemType_##name:                                                             \
     return visit(ItemTraits<ItemType_##name>());
 #include "qvxml/core/value/item_types.def"
     default:

@@ -1,0 +1,238 @@
+// The document, names and namespaces; values are in fi_encoder_values.cpp.
+
+#include <algorithm>
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
+#include "qvxml/core/locale_text.h"
+#include "qvxml/fastinfoset/fi_encoder_internal.h"
+#include "qvxml/fastinfoset/fi_text_internal.h"
+
+namespace QvXmlLib16::detail {
+
+using namespace fi;
+
+namespace {
+
+std::uint64_t TagOf(unsigned prefix, unsigned namespaceNumber) {
+  return static_cast<std::uint64_t>(prefix) << 32 | namespaceNumber;
+}
+
+constexpr size_t kFlushAt = 32768;
+
+bool IsFull(const CFIStringIndex& index) { return index.GetCount() >= kMaxEntries; }
+
+}  // namespace
+
+CFIEncoder::CFIEncoder(const CFastInfosetContext& context, CBinaryStream& stream)
+    : m_stream(stream),
+      m_isTextUtf8(IsLocaleTextUtf8()),
+      m_isUtf16(context.GetDefaultStringEncoding() == kUtf16),
+      m_usesVocabulary(context.GetUseGeneratedVocabulary()),
+      m_vocabularyUri(context.GetExternalVocabularyURI()),
+      m_prefixes(m_bytes),
+      m_namespaces(m_bytes),
+      m_localNames(m_bytes),
+      m_elementNames(m_bytes),
+      m_attributeNames(m_bytes),
+      m_attributeValues(m_bytes, context.GetAttributeMaxAddLength()),
+      m_chunks(m_bytes, context.GetElementMaxAddLength()),
+      m_targets(m_bytes),
+      m_otherStrings(m_bytes, context.GetElementMaxAddLength()) {
+  for (size_t type = 0; type < kItemTypes; ++type) {
+    const auto encoding = context.GetEncoding(static_cast<int>(type));
+    if (encoding.index > kDouble) continue;
+    m_encodings[type] = {static_cast<unsigned char>(encoding.kind),
+                         static_cast<unsigned char>(encoding.index)};
+  }
+  if (m_usesVocabulary) {
+    TakeVocabulary(context.GetVocabulary());
+  } else {
+    m_prefixes.Add(kXmlPrefix);
+    m_namespaces.Add(kXmlNamespace);
+  }
+}
+
+CFIEncoder::~CFIEncoder() = default;
+
+void CFIEncoder::TakeVocabulary(const CFIVocabulary& vocabulary) {
+  const auto take = [](CFIStringIndex& index, const CFIVocabulary::CFIStringTable& table) {
+    for (const std::string& text : table) index.Add(text);
+  };
+  take(m_prefixes, vocabulary.GetPrefixNamesTable());
+  take(m_namespaces, vocabulary.GetNamespaceNamesTable());
+  take(m_localNames, vocabulary.GetLocalNamesTable());
+  take(m_attributeValues.index, vocabulary.GetAttributeValuesTable());
+  take(m_chunks.index, vocabulary.GetCharacterChunksTable());
+  const auto takeNames = [&](CFIStringIndex& names, const CFIVocabulary::CFIQNameTable& table) {
+    for (const CFIVocabulary::CQNameParts& name : table) {
+      names.Add(name.localNameIndex != 0 ? m_localNames.GetText(name.localNameIndex) : "",
+                TagOf(name.prefixIndex, name.namespaceIndex));
+    }
+  };
+  takeNames(m_elementNames, vocabulary.GetElementNamesTable());
+  takeNames(m_attributeNames, vocabulary.GetAttributeNamesTable());
+}
+
+void CFIEncoder::StartDocument(FInfoDecl declaration) {
+  const Declaration& form = kDeclarations[declaration];
+  m_output.Put(form.text);
+  for (const unsigned char octet : kIdentification) m_output.Put(octet);
+  for (const unsigned char octet : kVersion) m_output.Put(octet);
+  unsigned components = 0;
+  if (m_usesVocabulary) components |= kInitialVocabulary;
+  if (form.standalone != 0) components |= kStandalone;
+  if (!form.version.empty()) components |= kVersionComponent;
+  m_output.Put(components);
+  if (m_usesVocabulary) {
+    m_output.Put(kExternalVocabulary);
+    m_output.Put(0);
+    m_output.PutOctetString(Utf8Of(m_vocabularyUri));
+  }
+  if (form.standalone != 0) m_output.Put(form.standalone == 'y' ? 1 : 0);
+  if (!form.version.empty()) {
+    m_output.Put(static_cast<unsigned>(form.version.size() - 1));
+    m_output.Put(form.version);
+  }
+}
+
+void CFIEncoder::ProcessingInstruction(const std::string& target, const std::string& content) {
+  m_isLastHalf = false;
+  m_output.Put(fi::kProcessingInstruction);
+  PutIdentifying(m_targets, Utf8Of(target));
+  PutOtherString(content);
+}
+
+void CFIEncoder::Comment(const std::string& text) {
+  m_isLastHalf = false;
+  m_output.Put(kComment);
+  PutOtherString(text);
+}
+
+void CFIEncoder::Flush() { m_output.FlushTo(m_stream, 0); }
+
+unsigned CFIEncoder::FindPrefix(const std::string& prefix) {
+  return m_prefixes.Find(Utf8Of(prefix));
+}
+
+unsigned CFIEncoder::FindNamespace(const std::string& namespaceUri) {
+  return m_namespaces.Find(Utf8Of(namespaceUri));
+}
+
+void CFIEncoder::StartElement() {
+  if (m_output.GetPosition() >= kFlushAt) m_output.FlushTo(m_stream, m_isLastHalf ? 1 : 0);
+  m_isLastHalf = false;
+  m_elementStart = m_output.GetPosition();
+  m_declarationsEnd = 0;
+  m_hasAttributes = false;
+}
+
+void CFIEncoder::Declare(const std::string& prefix, const std::string& namespaceUri) {
+  const bool isFirst = m_declarationsEnd == 0;
+  const size_t start = m_output.GetPosition();
+  const bool isNameThere = start != m_elementStart;
+  if (isFirst) m_output.Put(kElementNamespaces | (m_hasAttributes ? kElementAttributes : 0u));
+  m_output.Put(kNamespaceAttribute | (prefix.empty() ? 0u : kHasPrefix) |
+               (namespaceUri.empty() ? 0u : kHasNamespace));
+  if (!prefix.empty()) {
+    CheckName(Utf8Of(prefix));
+    PutDeclaration(m_prefixes, Utf8Of(prefix));
+  }
+  if (!namespaceUri.empty()) PutDeclaration(m_namespaces, Utf8Of(namespaceUri));
+  if (isFirst) m_output.Put(kTerminator);
+
+  const size_t end = m_output.GetPosition();
+  const size_t place = isFirst ? m_elementStart : m_declarationsEnd;
+  std::rotate(m_output.At(place), m_output.At(start), m_output.At(end));
+  m_declarationsEnd = place + (end - start) - (isFirst ? 1 : 0);
+  // The bit moved to the octet in front of the declarations.
+  if (isFirst && isNameThere) *m_output.At(m_declarationsEnd + 1) &= ~kElementAttributes & 0xFF;
+}
+
+void CFIEncoder::ElementName(const std::string& localName, unsigned prefix,
+                             unsigned namespaceNumber) {
+  const std::uint64_t tag = TagOf(prefix, namespaceNumber);
+  if (const unsigned index = FindName(m_elementNames, localName, tag)) {
+    m_output.PutIndexOnThirdBit(0, index);
+  } else {
+    PutLiteralName(m_elementNames, kElementLiteralName, localName, tag);
+  }
+}
+
+void CFIEncoder::Attribute(const std::string& localName, unsigned prefix, unsigned namespaceNumber,
+                           const std::string& value, ItemType type) {
+  if (!m_hasAttributes) {
+    m_hasAttributes = true;
+    *m_output.At(m_elementStart) |= kElementAttributes;
+  }
+  const std::uint64_t tag = TagOf(prefix, namespaceNumber);
+  if (const unsigned index = FindName(m_attributeNames, localName, tag)) {
+    m_output.PutIndexOnSecondBit(0, index);
+  } else {
+    PutLiteralName(m_attributeNames, kAttributeLiteralName, localName, tag);
+  }
+  PutAttributeValue(value, type);
+}
+
+unsigned CFIEncoder::FindName(const CFIStringIndex& names, const std::string& localName,
+                              std::uint64_t tag) {
+  // Names that a table has need no check, and most come from a table.
+  if (m_isTextUtf8) {
+    if (const unsigned index = names.Find(localName, tag)) return index;
+  }
+  const std::string& utf8 = Utf8Of(localName);
+  return &utf8 != &localName || !m_isTextUtf8 ? names.Find(utf8, tag) : 0;
+}
+
+void CFIEncoder::PutLiteralName(CFIStringIndex& names, unsigned firstOctet,
+                                const std::string& localName, std::uint64_t tag) {
+  const auto prefix = static_cast<unsigned>(tag >> 32);
+  const auto namespaceNumber = static_cast<unsigned>(tag);
+  m_output.Put(firstOctet | (prefix != 0 ? kHasPrefix : 0u) |
+               (namespaceNumber != 0 ? kHasNamespace : 0u));
+  if (prefix != 0) PutDeclared(m_prefixes, prefix);
+  if (namespaceNumber != 0) PutDeclared(m_namespaces, namespaceNumber);
+  const std::string& utf8 = Utf8Of(localName);
+  PutIdentifying(m_localNames, utf8);
+  if (!IsFull(names)) names.Add(utf8, tag);
+}
+
+void CFIEncoder::PutIdentifying(CFIStringIndex& index, const std::string& utf8) {
+  if (const unsigned number = index.Find(utf8)) {
+    m_output.PutIndexOnSecondBit(kIndexFollows, number);
+  } else {
+    CheckName(utf8);
+    m_output.PutOctetString(utf8);
+    if (!IsFull(index)) index.Add(utf8);
+  }
+}
+
+void CFIEncoder::PutDeclared(const CFIStringIndex& index, unsigned number) {
+  if (number <= kMaxEntries) {
+    m_output.PutIndexOnSecondBit(kIndexFollows, number);
+  } else {
+    m_output.PutOctetString(index.GetText(number));
+  }
+}
+
+void CFIEncoder::PutDeclaration(CFIStringIndex& index, const std::string& utf8) {
+  if (const unsigned number = index.Find(utf8)) return PutDeclared(index, number);
+  m_output.PutOctetString(utf8);
+  index.Add(utf8);
+}
+
+const std::string& CFIEncoder::ConvertedOf(const std::string& text) {
+  if (m_isTextUtf8 && IsXmlText(text)) return text;
+  m_converted = LocalCodePageToUtf8(text.data(), text.size());
+  if (!IsXmlText(m_converted)) {
+    throw CQvException("Text holds a character that can not be written.");
+  }
+  return m_converted;
+}
+
+void CFIEncoder::CheckName(const std::string& utf8) {
+  if (IsNCName(utf8)) return;
+  throw CQvException(FormatString("The name [%s] can not be written.", utf8.c_str()));
+}
+
+}  // namespace QvXmlLib16::detail

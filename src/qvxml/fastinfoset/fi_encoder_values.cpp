@@ -1,0 +1,195 @@
+// Attribute values, runs of text, comments.
+
+#include <algorithm>
+
+#include "qvxml/core/exception.h"
+#include "qvxml/core/unicode_internal.h"
+#include "qvxml/fastinfoset/fi_algorithms_internal.h"
+#include "qvxml/fastinfoset/fi_encoder_internal.h"
+
+namespace QvXmlLib16::detail {
+
+using namespace fi;
+
+// Where the two bits that tell the form stand, and how many bits of the octet then begin the
+// length: the rest of the differences follows.
+
+struct CFIEncoder::InValue {
+  static constexpr unsigned kFirstOctet = 0;
+  static constexpr unsigned kAddToTable = kAddToTableInValue;
+  static constexpr unsigned kLengthBits = 4;
+  static constexpr const auto& kLengths = kLengthOnFifthBit;
+  static constexpr unsigned kMediumLength = 0x8;
+  static constexpr unsigned kLongLength = 0xC;
+  static void PutIndex(CFIOutput& output, unsigned index) {
+    output.PutIndexOnSecondBit(kIndexFollows, index);
+  }
+  // A value is one string.
+  static std::string_view FirstPart(std::string_view text, size_t most) {
+    if (text.size() > most) throw CQvException("A value is too long for a Fast Infoset document.");
+    return text;
+  }
+};
+
+struct CFIEncoder::InChunk {
+  static constexpr unsigned kFirstOctet = kChunkLiteral;
+  static constexpr unsigned kAddToTable = kAddToTableInChunk;
+  static constexpr unsigned kLengthBits = 2;
+  static constexpr const auto& kLengths = kLengthOnSeventhBit;
+  static constexpr unsigned kMediumLength = 0x2;
+  static constexpr unsigned kLongLength = 0x3;
+  static void PutIndex(CFIOutput& output, unsigned index) {
+    output.PutIndexOnFourthBit(kChunkIndex, index);
+  }
+  // Text may come in several chunks, cut between characters.
+  static std::string_view FirstPart(std::string_view text, size_t most) {
+    if (text.size() <= most) return text;
+    while ((text[most] & 0xC0) == 0x80) --most;
+    return text.substr(0, most);
+  }
+};
+
+namespace {
+
+// Whether a text has at most that many characters.
+bool IsWithin(std::string_view utf8, size_t limit) {
+  if (utf8.size() <= limit) return true;
+  if (utf8.size() / 4 > limit) return false;
+  size_t characters = 0;
+  for (const char octet : utf8) characters += (octet & 0xC0) != 0x80;
+  return characters <= limit;
+}
+
+}  // namespace
+
+void CFIEncoder::PutAttributeValue(const std::string& value, ItemType type) {
+  if (value.empty()) return m_output.Put(kEmptyString);
+  PutString<InValue>(m_attributeValues, value, EncodingOf(type));
+}
+
+void CFIEncoder::PutOtherString(const std::string& text) {
+  if (text.empty()) return m_output.Put(kEmptyString);
+  PutString<InValue>(m_otherStrings, text, Encoding());
+}
+
+void CFIEncoder::Characters(const std::string& text, ItemType type) {
+  m_isLastHalf = false;
+  PutString<InChunk>(m_chunks, text, EncodingOf(type));
+}
+
+template <class TPlace>
+void CFIEncoder::PutString(StringTable& table, const std::string& text, Encoding encoding) {
+  // What an algorithm carries is in no table: a reader may spell it otherwise.
+  if (encoding.kind == CFastInfosetContext::EncodingKind_Algorithm &&
+      PutByAlgorithm<TPlace>(text, encoding.index)) {
+    return;
+  }
+  if (m_isTextUtf8 && PutIndex<TPlace>(table, text)) return;
+  const std::string& utf8 = Utf8Of(text);
+  if ((&utf8 != &text || !m_isTextUtf8) && PutIndex<TPlace>(table, utf8)) return;
+  const bool isAdded = IsWithin(utf8, table.limit) && table.index.GetCount() < kMaxEntries;
+  if (encoding.kind != CFastInfosetContext::EncodingKind_RestrictedAlphabet ||
+      !PutInAlphabet<TPlace>(utf8, encoding.index, isAdded)) {
+    PutLiteral<TPlace>(utf8, isAdded);
+  }
+  if (isAdded) table.index.Add(utf8);
+}
+
+template <class TPlace>
+bool CFIEncoder::PutIndex(const StringTable& table, std::string_view utf8) {
+  // No longer string can be there.
+  if (utf8.size() > table.index.GetLongest()) return false;
+  const unsigned index = table.index.Find(utf8);
+  if (index == 0) return false;
+  TPlace::PutIndex(m_output, index);
+  return true;
+}
+
+template <class TPlace>
+bool CFIEncoder::PutByAlgorithm(const std::string& text, unsigned algorithm) {
+  const size_t length = GetAlgorithmLength(algorithm, text);
+  if (length == 0 || length > kMaxLength) return false;
+  const size_t start = m_output.GetPosition();
+  PutStringHeader<TPlace>(kEncodingAlgorithm, algorithm, false, length);
+  const bool isWritten = WriteByAlgorithm(algorithm, text, m_output.Reserve(length));
+  if (isWritten) {
+    m_output.Advance(length);
+  } else {
+    m_output.ReturnTo(start);
+  }
+  return isWritten;
+}
+
+template <class TPlace>
+bool CFIEncoder::PutInAlphabet(const std::string& text, unsigned alphabet, bool isAdded) {
+  const size_t length = GetAlphabetLength(alphabet, text);
+  if (length == 0 || length > kMaxLength) return false;
+  const size_t start = m_output.GetPosition();
+  PutStringHeader<TPlace>(kRestrictedAlphabet, alphabet, isAdded, length);
+  const bool isWritten = WriteInAlphabet(alphabet, text, m_output.Reserve(length));
+  if (isWritten) {
+    m_output.Advance(length);
+  } else {
+    m_output.ReturnTo(start);
+  }
+  return isWritten;
+}
+
+template <class TPlace>
+void CFIEncoder::PutLiteral(std::string_view text, bool isAdded) {
+  // In UTF-16 no character takes more than twice its octets.
+  const size_t most = m_isUtf16 ? kMaxLength / 2 : kMaxLength;
+  while (!text.empty()) {
+    const std::string_view part = TPlace::FirstPart(text, most);
+    if (m_isUtf16) {
+      PutUtf16<TPlace>(part, isAdded);
+    } else {
+      PutStringHeader<TPlace>(kUtf8, 0, isAdded, part.size());
+      m_output.Put(part);
+    }
+    text.remove_prefix(part.size());
+  }
+}
+
+template <class TPlace>
+void CFIEncoder::PutUtf16(std::string_view text, bool isAdded) {
+  size_t units = 0;
+  for (const char octet : text) {
+    // Each character once, and twice those that take four octets.
+    units += (octet & 0xC0) != 0x80;
+    units += static_cast<unsigned char>(octet) >= 0xF0;
+  }
+  PutStringHeader<TPlace>(kUtf16, 0, isAdded, 2 * units);
+  const char* const end = text.data() + text.size();
+  for (const char* position = text.data(); position != end;) {
+    char32_t character = 0;
+    position += ReadUtf8(position, end, character);
+    if (character >= 0x10000) {
+      m_output.PutBigEndian(static_cast<std::uint16_t>(0xD7C0 + (character >> 10)));
+      character = 0xDC00 | (character & 0x3FF);
+    }
+    m_output.PutBigEndian(static_cast<std::uint16_t>(character));
+  }
+}
+
+template <class TPlace>
+void CFIEncoder::PutStringHeader(StringForm form, unsigned index, bool isAdded,
+                                 std::uint64_t length) {
+  unsigned octet = TPlace::kFirstOctet | (isAdded ? TPlace::kAddToTable : 0u) |
+                   static_cast<unsigned>(form) << TPlace::kLengthBits;
+  if (form == kRestrictedAlphabet || form == kEncodingAlgorithm) {
+    m_output.Put(octet | (index - 1) >> (8 - TPlace::kLengthBits));
+    octet = (index - 1) << TPlace::kLengthBits & 0xFF;
+  }
+  if (length < TPlace::kLengths[1]) {
+    m_output.Put(octet | static_cast<unsigned>(length - 1));
+  } else if (length < TPlace::kLengths[2]) {
+    m_output.Put(octet | TPlace::kMediumLength);
+    m_output.Put(static_cast<unsigned>(length - TPlace::kLengths[1]));
+  } else {
+    m_output.Put(octet | TPlace::kLongLength);
+    m_output.PutBigEndian(static_cast<std::uint32_t>(length - TPlace::kLengths[2]));
+  }
+}
+
+}  // namespace QvXmlLib16::detail

@@ -1,0 +1,24 @@
+// How far a small document may blow up in reading, for the readers of all formats.
+
+#ifndef QVXML_XML_REPETITION_LIMIT_INTERNAL_H_
+#define QVXML_XML_REPETITION_LIMIT_INTERNAL_H_
+
+#include <cstddef>
+#include <limits>
+
+namespace QvXmlLib16::detail {
+
+// Of the same size as libexpat's own limits on entities.
+inline constexpr size_t kMaxAmplification = 100;
+inline constexpr size_t kRepetitionAlwaysAllowed = size_t{8} << 20;
+
+/// Bytes that the input may make a reader repeat; a `ratio` of 0 sets no limit.
+inline size_t RepetitionLimit(size_t inputLength, size_t ratio = kMaxAmplification) {
+  constexpr size_t kNoLimit = std::numeric_limits<size_t>::max();
+  if (ratio == 0 || inputLength > (kNoLimit - kRepetitionAlwaysAllowed) / ratio) return kNoLimit;
+  return ratio * inputLength + kRepetitionAlwaysAllowed;
+}
+
+}  // namespace QvXmlLib16::detail
+
+#endif  // QVXML_XML_REPETITION_LIMIT_INTERNAL_H_
