@@ -1,22 +1,17 @@
 // Loads generated documents of 10 MB (orders: namespaces, attributes, numbers, dates, short texts
 // with entities and other letters than ASCII) and compares that with libexpat parsing them and with
-// what other libraries need. The rounds of all programs alternate, so that a change of the
-// machine's speed meets them alike; the median counts. Then streams a larger document through the
-// element-complete callback; its megabytes are the argument.
+// what other libraries need. Then streams a larger document through the element-complete callback;
+// its megabytes are the argument.
 
-#include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
-#include <functional>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
-#include <expat.h>
-#include <malloc.h>
+#include "bench/support/allocations.h"
+#include "bench/support/comparison.h"
+#include "bench/support/expat_reference.h"
 
 #include "qvxml/xml/xml_document.h"
 
@@ -28,69 +23,13 @@
 #include <libxml/tree.h>
 #endif
 
-// Every allocation of the process passes here, those of the libraries too.
-extern "C" {
-void* __libc_malloc(size_t);
-void* __libc_calloc(size_t, size_t);
-void* __libc_realloc(void*, size_t);
-void* __libc_memalign(size_t, size_t);
-void __libc_free(void*);
-}
-
-namespace {
-
-bool IsCounting = false;
-long Allocations = 0;
-long LiveBytes = 0;
-long PeakBytes = 0;
-
-void* Counted(void* memory) {
-  if (IsCounting && memory != nullptr) {
-    ++Allocations;
-    LiveBytes += static_cast<long>(malloc_usable_size(memory));
-    PeakBytes = std::max(PeakBytes, LiveBytes);
-  }
-  return memory;
-}
-
-void Uncounted(void* memory) {
-  if (IsCounting && memory != nullptr) LiveBytes -= static_cast<long>(malloc_usable_size(memory));
-}
-
-}  // namespace
-
-extern "C" {
-void* malloc(size_t size) { return Counted(__libc_malloc(size)); }
-void* calloc(size_t count, size_t size) { return Counted(__libc_calloc(count, size)); }
-void* realloc(void* memory, size_t size) {
-  Uncounted(memory);
-  return Counted(__libc_realloc(memory, size));
-}
-int posix_memalign(void** memory, size_t alignment, size_t size) {
-  *memory = Counted(__libc_memalign(alignment, size));
-  return *memory != nullptr ? 0 : ENOMEM;
-}
-void free(void* memory) {
-  Uncounted(memory);
-  __libc_free(memory);
-}
-}
-
 namespace {
 
 using namespace QvXmlLib16;
+using namespace bench;
 
-constexpr int kRounds = 15;
 constexpr size_t kDocumentSize = 10'000'000;
 constexpr size_t kStreamedMegabytes = 300;
-
-struct CAllocationCount {
-  CAllocationCount() {
-    Allocations = LiveBytes = PeakBytes = 0;
-    IsCounting = true;
-  }
-  ~CAllocationCount() { IsCounting = false; }
-};
 
 struct CInput {
   std::string xml;
@@ -176,55 +115,15 @@ class COrders {
   int m_depth = 0;
 };
 
-void IgnoreStart(void*, const XML_Char*, const XML_Char**) {}
-void IgnoreEnd(void*, const XML_Char*) {}
-void IgnoreText(void*, const XML_Char*, int) {}
-void IgnoreNamespace(void*, const XML_Char*, const XML_Char*) {}
-
-void ParseWithExpat(const std::string& xml) {
-  XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-  XML_SetElementHandler(parser, IgnoreStart, IgnoreEnd);
-  XML_SetCharacterDataHandler(parser, IgnoreText);
-  XML_SetNamespaceDeclHandler(parser, IgnoreNamespace, IgnoreEnd);
-  if (XML_Parse(parser, xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK) std::abort();
-  XML_ParserFree(parser);
-}
-
-double CpuMilliseconds() {
-  timespec now;
-  clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
-
-double TimeOf(const std::function<void()>& action) {
-  const double start = CpuMilliseconds();
-  action();
-  return CpuMilliseconds() - start;
-}
-
-// What is measured returns its time, so that taking down a tree can be left out.
-struct CProgram {
-  const char* name;
-  std::function<double()> run;
-  std::vector<double> times{};
-
-  double Median() const {
-    std::vector<double> sorted = times;
-    std::sort(sorted.begin(), sorted.end());
-    return sorted[sorted.size() / 2];
-  }
-};
-
 std::vector<CProgram> ProgramsFor(const std::string& xml) {
   std::vector<CProgram> programs;
-  programs.push_back({"libexpat, namespaces, empty handlers",
-                      [&xml] { return TimeOf([&xml] { ParseWithExpat(xml); }); }});
+  programs.push_back(ExpatReference(xml));
   programs.push_back({"load to a tree", [&xml] {
                         CXmlDocument document;
                         return TimeOf([&] { document.LoadXml(xml.c_str()); });
                       }});
-  programs.push_back({"load to a tree and destroy it",
-                      [&xml] { return TimeOf([&xml] { CXmlDocument().LoadXml(xml.c_str()); }); }});
+  programs.push_back(
+      Timed("load to a tree and destroy it", [&xml] { CXmlDocument().LoadXml(xml.c_str()); }));
 #if defined(QVXML_BENCH_PUGIXML)
   programs.push_back({"pugixml, whitespace kept", [&xml] {
                         pugi::xml_document document;
@@ -248,26 +147,9 @@ std::vector<CProgram> ProgramsFor(const std::string& xml) {
   return programs;
 }
 
-void Compare(const char* title, const CInput& input) {
+void CompareLoading(const char* title, const CInput& input) {
   std::vector<CProgram> programs = ProgramsFor(input.xml);
-  for (int round = 0; round < kRounds; ++round) {
-    for (CProgram& program : programs) program.times.push_back(program.run());
-  }
-  std::printf("%s: %zu bytes, %.0f elements, median of %d rounds\n", title, input.xml.size(),
-              input.elements, kRounds);
-  std::printf("%-44s %10s %10s %10s\n", "", "ms", "MB/s", "of expat");
-  for (const CProgram& program : programs) {
-    const double median = program.Median();
-    std::printf("%-44s %10.2f %10.0f %10.2f\n", program.name, median,
-                static_cast<double>(input.xml.size()) / 1000.0 / median,
-                median / programs.front().Median());
-  }
-  const CAllocationCount count;
-  CXmlDocument document;
-  document.LoadXml(input.xml.c_str());
-  std::printf("tree: %.3f heap allocations and %.1f bytes an element\n\n",
-              static_cast<double>(Allocations) / input.elements,
-              static_cast<double>(LiveBytes) / input.elements);
+  Compare({title, input.xml.size(), input.elements}, programs);
 }
 
 bool RemoveOrders(CXmlElement* element) { return element->GetLocalName() == "order"; }
@@ -281,14 +163,14 @@ void Stream(size_t megabytes) {
   std::printf("streamed %zu bytes, %.0f elements at %.0f MB/s; peak beside the input: %ld bytes\n",
               input.xml.size(), input.elements,
               static_cast<double>(input.xml.size()) / 1000.0 / time,
-              PeakBytes - static_cast<long>(input.xml.size()));
+              count.PeakBytes() - static_cast<long>(input.xml.size()));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  Compare("compact", COrders(false).Make(kDocumentSize));
-  Compare("formatted", COrders(true).Make(kDocumentSize));
+  CompareLoading("compact", COrders(false).Make(kDocumentSize));
+  CompareLoading("formatted", COrders(true).Make(kDocumentSize));
   Stream(kDocumentSize / 1'000'000);
   Stream(argc > 1 ? std::strtoul(argv[1], nullptr, 10) : kStreamedMegabytes);
   return 0;

@@ -1,17 +1,13 @@
 // Writes a document of 10 MB (attributes, numbers, text to escape) through the writer interface and
-// compares that with libexpat parsing it and with what other libraries need to save it. The rounds
-// of all programs alternate, so that a change of the machine's speed meets them alike; the median
-// counts.
+// compares that with libexpat parsing it and with what other libraries need to save it.
 
-#include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
-#include <expat.h>
+#include "bench/support/comparison.h"
+#include "bench/support/expat_reference.h"
 
 #include "qvxml/xml/xml_text_writer.h"
 
@@ -26,8 +22,8 @@
 namespace {
 
 using namespace QvXmlLib16;
+using namespace bench;
 
-constexpr int kRounds = 15;
 constexpr size_t kRecords = 32000;
 
 const std::string kOrderNamespace = "urn:example:purchase:orders";
@@ -92,52 +88,6 @@ void WriteDocument(CTextStream& stream, const std::vector<Record>& records) {
   writer.Close();
 }
 
-void ParseWithExpat(const std::string& document) {
-  const XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-  XML_SetElementHandler(
-      parser, [](void*, const char*, const char**) {}, [](void*, const char*) {});
-  XML_SetCharacterDataHandler(parser, [](void*, const char*, int) {});
-  if (XML_Parse(parser, document.data(), static_cast<int>(document.size()), 1) != XML_STATUS_OK) {
-    std::puts("libexpat refuses the document");
-  }
-  XML_ParserFree(parser);
-}
-
-struct Program {
-  const char* name;
-  std::function<void()> run;
-  std::vector<double> milliseconds = {};
-
-  double Median() const {
-    std::vector<double> sorted = milliseconds;
-    std::sort(sorted.begin(), sorted.end());
-    return sorted[sorted.size() / 2];
-  }
-};
-
-// Time of the processor, in milliseconds: unlike the wall clock it stands still while others run.
-double Now() { return static_cast<double>(std::clock()) * 1000.0 / CLOCKS_PER_SEC; }
-
-void Measure(std::vector<Program>& programs) {
-  for (int round = 0; round < kRounds; ++round) {
-    for (Program& program : programs) {
-      const double start = Now();
-      program.run();
-      program.milliseconds.push_back(Now() - start);
-    }
-  }
-}
-
-void Print(const std::vector<Program>& programs, size_t bytes) {
-  const double reference = programs.front().Median();
-  std::printf("%-44s %10s %10s %10s\n", "", "ms", "MB/s", "of expat");
-  for (const Program& program : programs) {
-    const double median = program.Median();
-    std::printf("%-44s %10.2f %10.0f %10.2f\n", program.name, median,
-                static_cast<double>(bytes) / 1000.0 / median, median / reference);
-  }
-}
-
 #if defined(QVXML_BENCH_PUGIXML)
 struct StringSink : pugi::xml_writer {
   void write(const void* bytes, size_t length) override {
@@ -157,44 +107,41 @@ int main() {
   const std::string path =
       (std::filesystem::temp_directory_path() / "xml_writer_bench.xml").string();
 
-  std::vector<Program> programs;
-  programs.push_back({"libexpat, namespaces, empty handlers", [&] { ParseWithExpat(document); }});
-  programs.push_back({"writer, to memory", [&] {
-                        CTextStream memory;
-                        WriteDocument(memory, records);
-                      }});
-  programs.push_back({"writer, to memory, encoded", [&] {
-                        CTextStream memory;
-                        WriteDocument(memory, records);
-                        memory.GetEncodedStream();
-                      }});
-  programs.push_back({"writer, to a file", [&] {
-                        CFileTextStream file(path.c_str());
-                        WriteDocument(file, records);
-                      }});
+  std::vector<CProgram> programs;
+  programs.push_back(ExpatReference(document));
+  programs.push_back(Timed("writer, to memory", [&] {
+    CTextStream memory;
+    WriteDocument(memory, records);
+  }));
+  programs.push_back(Timed("writer, to memory, encoded", [&] {
+    CTextStream memory;
+    WriteDocument(memory, records);
+    memory.GetEncodedStream();
+  }));
+  programs.push_back(Timed("writer, to a file", [&] {
+    CFileTextStream file(path.c_str());
+    WriteDocument(file, records);
+  }));
 #if defined(QVXML_BENCH_PUGIXML)
   pugi::xml_document pugiDocument;
   pugiDocument.load_buffer(document.data(), document.size());
-  programs.push_back({"pugixml, saving a ready tree", [&] {
-                        StringSink sink;
-                        pugiDocument.save(sink, "\t", pugi::format_default, pugi::encoding_utf8);
-                      }});
+  programs.push_back(Timed("pugixml, saving a ready tree", [&] {
+    StringSink sink;
+    pugiDocument.save(sink, "\t", pugi::format_default, pugi::encoding_utf8);
+  }));
 #endif
 #if defined(QVXML_BENCH_LIBXML2)
   const xmlDocPtr libxmlDocument = xmlReadMemory(document.data(), static_cast<int>(document.size()),
                                                  nullptr, nullptr, XML_PARSE_NOBLANKS);
-  programs.push_back({"libxml2, saving a ready tree", [&] {
-                        xmlChar* text = nullptr;
-                        int length = 0;
-                        xmlDocDumpFormatMemoryEnc(libxmlDocument, &text, &length, "UTF-8", 1);
-                        xmlFree(text);
-                      }});
+  programs.push_back(Timed("libxml2, saving a ready tree", [&] {
+    xmlChar* text = nullptr;
+    int length = 0;
+    xmlDocDumpFormatMemoryEnc(libxmlDocument, &text, &length, "UTF-8", 1);
+    xmlFree(text);
+  }));
 #endif
 
-  Measure(programs);
-  std::printf("%zu bytes, %zu elements, median of %d rounds\n", document.size(), 1 + 5 * kRecords,
-              kRounds);
-  Print(programs, document.size());
+  Compare({"writer", document.size(), static_cast<double>(1 + 5 * kRecords)}, programs);
 #if defined(QVXML_BENCH_LIBXML2)
   xmlFreeDoc(libxmlDocument);
 #endif

@@ -204,9 +204,8 @@ void CAttributeInfoAny::AttributeToXml(const CSerializationContext& ctx,
                                        const CXmlGeneratedClass* object, CXmlWriter* writer) const {
   QvVariant value;
   ReadProperty(object, value);
-  const CXmlObjectBase* const held = QvXmlLib16::detail::ObjectIn(value);
-  if (held == nullptr) return;
-  held->ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx, false);
+  if (QvXmlLib16::detail::ObjectIn(value) == nullptr) return;
+  RequireAttributeCol(value).ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx, false);
 }
 
 bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext&, CXmlGeneratedClass* object,

@@ -154,15 +154,17 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
   if (info == nullptr) return EndOfMembers(ctx, element, cursor, elementType);
   const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
   const std::string* name = NameOf(cursor);
+  CXmlElement* unread = cursor;
   while (*info != nullptr) {
     if ((*info)->IsPassedOver(name)) {
       ++info;
     } else if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
       ++info;
       name = NameOf(cursor);
+      unread = cursor;
     } else if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) {
-      // Kept: the caller decides, nothing is reported here.
-      return cursor;
+      // Kept: the caller decides, nothing is reported here. What was skipped in vain is its own.
+      return unread;
     } else {
       cursor = cursor->GetNextSiblingElement();
       name = NameOf(cursor);

@@ -1,0 +1,71 @@
+#include "bench/support/allocations.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+
+#include <malloc.h>
+
+extern "C" {
+void* __libc_malloc(size_t);
+void* __libc_calloc(size_t, size_t);
+void* __libc_realloc(void*, size_t);
+void* __libc_memalign(size_t, size_t);
+void __libc_free(void*);
+}
+
+namespace {
+
+bool IsCounting = false;
+long Allocations = 0;
+long LiveBytes = 0;
+long PeakBytes = 0;
+
+void* Counted(void* memory) {
+  if (IsCounting && memory != nullptr) {
+    ++Allocations;
+    LiveBytes += static_cast<long>(malloc_usable_size(memory));
+    PeakBytes = std::max(PeakBytes, LiveBytes);
+  }
+  return memory;
+}
+
+void Uncounted(void* memory) {
+  if (IsCounting && memory != nullptr) LiveBytes -= static_cast<long>(malloc_usable_size(memory));
+}
+
+}  // namespace
+
+extern "C" {
+void* malloc(size_t size) { return Counted(__libc_malloc(size)); }
+void* calloc(size_t count, size_t size) { return Counted(__libc_calloc(count, size)); }
+void* realloc(void* memory, size_t size) {
+  Uncounted(memory);
+  return Counted(__libc_realloc(memory, size));
+}
+void* memalign(size_t alignment, size_t size) { return Counted(__libc_memalign(alignment, size)); }
+void* aligned_alloc(size_t alignment, size_t size) { return memalign(alignment, size); }
+int posix_memalign(void** memory, size_t alignment, size_t size) {
+  *memory = memalign(alignment, size);
+  return *memory != nullptr ? 0 : ENOMEM;
+}
+void free(void* memory) {
+  Uncounted(memory);
+  __libc_free(memory);
+}
+}
+
+namespace bench {
+
+CAllocationCount::CAllocationCount() {
+  ::Allocations = ::LiveBytes = ::PeakBytes = 0;
+  IsCounting = true;
+}
+
+CAllocationCount::~CAllocationCount() { IsCounting = false; }
+
+long CAllocationCount::Allocations() const { return ::Allocations; }
+long CAllocationCount::LiveBytes() const { return ::LiveBytes; }
+long CAllocationCount::PeakBytes() const { return ::PeakBytes; }
+
+}  // namespace bench
