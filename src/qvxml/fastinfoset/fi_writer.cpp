@@ -134,7 +134,7 @@ void CFastInfosetWriter::WriteStartElement(const std::string& localName,
   if (m_place == Place::AfterRoot) throw CQvException("A document must have one element.");
   BeginItem();
   EndStartTag();
-  CXmlWriterContext& context = PushContext(localName, namespaceUri, 1);
+  CXmlWriterContext& context = PushContext(1);
   context.SetStartTagOpen(true);
   m_usedPrefixes.clear();
   m_encoder->StartElement();

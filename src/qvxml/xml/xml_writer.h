@@ -112,6 +112,8 @@ class QVXML_API CXmlWriter {
   /// in force there. The context belongs to the writer and serves until PopContext().
   CXmlWriterContext& PushContext(const std::string& localName, const std::string& namespaceUri,
                                  unsigned long rootDepth);
+  /// The same for a format that needs no name of open elements: local name and namespace are "".
+  CXmlWriterContext& PushContext(unsigned long rootDepth);
   /// Ends the innermost open element, and with it the bindings made within it.
   void PopContext() noexcept;
   /// The default namespace for the root.
@@ -127,6 +129,8 @@ class QVXML_API CXmlWriter {
   static const char* GetEOLText(EOLType type);
 
  private:
+  CXmlWriterContext& OpenSpareContext(unsigned long rootDepth);
+
   std::string m_defaultNamespace;
   CXmlWriterContext* m_context = nullptr;
   NamespaceMap m_namespaceMap;
