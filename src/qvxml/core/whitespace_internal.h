@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/core/whitespace.h"
 
 namespace QvXmlLib16::detail {
@@ -26,7 +27,6 @@ inline std::string_view TrimWhiteSpace(std::string_view text) {
 
 /// Whether one of the eight bytes is a space, a control character or a NUL.
 inline bool HasSpaceOrControl(const char* eightBytes) {
-  constexpr std::uint64_t kEveryByte = 0x0101010101010101u;
   std::uint64_t bytes;
   __builtin_memcpy(&bytes, eightBytes, sizeof bytes);
   // Sets the highest bit of each byte below 0x21, and perhaps of one behind such a byte.

@@ -7,6 +7,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions.h"
@@ -56,41 +57,13 @@ void AppendInteger(TInteger value, std::string& text) {
   text += detail::WriteInteger(value, buffer);
 }
 
-constexpr std::uint64_t kEveryByte = 0x0101010101010101u;
-
-// True when the eight bytes are digits: the high half of each is 3, also after adding 6.
-bool AreDigits(std::uint64_t bytes) {
-  return ((bytes | (bytes + 0x06 * kEveryByte)) & 0xF0 * kEveryByte) == 0x30 * kEveryByte &&
-         (bytes & 0xF0 * kEveryByte) == 0x30 * kEveryByte;
-}
-
-// Value of eight digits, the first in the lowest byte: joins pairs, then fours, then all.
-std::uint64_t DigitsValue(std::uint64_t bytes) {
-  bytes -= 0x30 * kEveryByte;
-  bytes = bytes * 10 + (bytes >> 8);
-  const std::uint64_t highPairs = (bytes & 0x000000FF000000FFu) * (100 + (1000000ull << 32));
-  const std::uint64_t lowPairs = ((bytes >> 16) & 0x000000FF000000FFu) * (1 + (10000ull << 32));
-  return (highPairs + lowPairs) >> 32;
-}
-
 // Reads text that is nothing but an optional minus and digits that surely fit.
 template <class TWide>
 bool ReadPlainInteger(std::string_view text, TWide& value) {
   const bool isNegative = !text.empty() && text.front() == '-';
   if (isNegative) text.remove_prefix(1);
-  if (text.empty() || text.size() > 18) return false;
   std::uint64_t magnitude = 0;
-  for (; text.size() >= 8; text.remove_prefix(8)) {
-    std::uint64_t bytes;
-    std::memcpy(&bytes, text.data(), sizeof bytes);
-    if (!AreDigits(bytes)) return false;
-    magnitude = magnitude * 100000000 + DigitsValue(bytes);
-  }
-  for (const char character : text) {
-    const unsigned digit = static_cast<unsigned char>(character) - unsigned{'0'};
-    if (digit > 9) return false;
-    magnitude = magnitude * 10 + digit;
-  }
+  if (!detail::ReadShortNumber(text, magnitude)) return false;
   value = static_cast<TWide>(isNegative ? 0 - magnitude : magnitude);
   return true;
 }
