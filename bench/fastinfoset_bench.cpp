@@ -55,10 +55,11 @@ void AddRows(const char* encodings, const CBoundDocument& document,
 }
 
 void Measure(CBoundDocument document) {
-  const CSmartPtr<CXmlObjectBase> object = document.Read();
-  document.xml = object->ToXml(true, false, EOL_LF, document.ctx);
+  // Copied before there are options of Fast Infoset to share.
   CSerializationContext suggested(document.ctx);
   suggested.GetFIContext().SetSuggestedValues();
+  const CSmartPtr<CXmlObjectBase> object = document.Read();
+  document.xml = object->ToXml(true, false, EOL_LF, document.ctx);
 
   std::vector<CProgram> programs;
   programs.push_back(ExpatReference(document.xml));

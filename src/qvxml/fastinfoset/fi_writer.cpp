@@ -181,7 +181,9 @@ void CFastInfosetWriter::WriteAttributeString(const std::string& localName,
                                               const std::string& value, ItemType type) {
   CXmlWriterContext& context = GetOpenStartTag();
   BeginItem();
-  if (!WriteDeclarationAttribute(context, localName, namespaceUri, value)) {
+  if (IsDeclarationName(localName, namespaceUri)) {
+    WriteDeclarationAttribute(context, localName, namespaceUri, value);
+  } else {
     const NamePrefix name = ResolveAttribute(context, namespaceUri);
     m_encoder->Attribute(localName, name.prefix, name.namespaceNumber, value, type);
   }
