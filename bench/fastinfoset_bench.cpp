@@ -135,6 +135,13 @@ void Run(const char* path) {
       {"reading Fast Infoset", octets.GetLength(), [&] { target->FromXmlStream(octets, plain); }});
   programs.push_back({"reading Fast Infoset, suggested encodings", compact.GetLength(),
                       [&] { target->FromXmlStream(compact, suggested); }});
+  const auto load = [](const CBinaryData& data) {
+    CXmlDocument().LoadXmlStream(data.GetData(), data.GetLength());
+  };
+  programs.push_back({"XML into the tree", xml.GetLength(), [&] { load(xml); }});
+  programs.push_back({"Fast Infoset into the tree", octets.GetLength(), [&] { load(octets); }});
+  programs.push_back(
+      {"the same, suggested encodings", compact.GetLength(), [&] { load(compact); }});
   Measure(programs);
   std::printf("%s, median of %d rounds\n", path, kRounds);
   Print(programs);
