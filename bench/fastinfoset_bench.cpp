@@ -52,6 +52,11 @@ void AddRows(const char* encodings, const CBoundDocument& document,
                         const CSmartPtr<CXmlObjectBase> result = document.makeObject();
                         return TimeOf([&] { result->FromXmlStream(octets, ctx); });
                       }});
+  programs.push_back({std::string("load to a tree, ") + encodings, [octets, &ctx] {
+                        CXmlDocument tree(ctx);
+                        return TimeOf(
+                            [&] { tree.LoadXmlStream(octets.GetData(), octets.GetLength()); });
+                      }});
 }
 
 void Measure(CBoundDocument document) {
