@@ -71,8 +71,6 @@ CDateTime::CDateTime(const char* text) { ParseXSDDateTime(text); }
 
 CDateTime& CDateTime::operator=(const long& t) { return *this = CDateTime(t); }
 
-CDateTime::~CDateTime() = default;
-
 CDateTime CDateTime::GetCurrentTime() {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);

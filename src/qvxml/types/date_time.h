@@ -14,6 +14,7 @@
 namespace QvXmlLib16 {
 
 namespace detail {
+struct DateTimeFields;       // qvxml/types/date_time_text.cpp
 struct Moment;               // qvxml/types/date_time_internal.h
 enum class TimeField : int;  // qvxml/types/date_time_internal.h
 }  // namespace detail
@@ -69,7 +70,7 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   /// Replaces the whole value, its kind included, by CDateTime(t). An assignment of `{}` ends up
   /// here as 0; to empty a value call Clear.
   CDateTime& operator=(const long& t);
-  virtual ~CDateTime();
+  virtual ~CDateTime() = default;
 
   /// The present moment as a dateTime in UTC, with its fraction.
   static CDateTime GetCurrentTime();
@@ -188,7 +189,7 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   void ParseXSDTime(const char* text);
   /// Replaces the value by a dateTime: a date without zone, "T", and a time.
   void ParseXSDDateTime(const char* text);
-  // The same for `length` characters, which need no NUL behind them.
+  // The same for `length` characters, which need no NUL behind them. What throws changes nothing.
   void ParseXSDDate(const char* text, std::size_t length);
   void ParseXSDTime(const char* text, std::size_t length);
   void ParseXSDDateTime(const char* text, std::size_t length);
@@ -283,8 +284,11 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   void ValidateTime() const;
   long long GetDayNumber(const char* message) const;
 
+  void ParseWhole(std::string_view text, void (CDateTime::*set)(std::string_view));
+  void Store(const detail::DateTimeFields& fields);
   void SetXSDDate(std::string_view text);
   void SetXSDTime(std::string_view text);
+  void SetXSDDateTime(std::string_view text);
   bool SetDateForm(std::string_view body);
   void SetZoneText(std::string_view text);
   bool IsSet() const;

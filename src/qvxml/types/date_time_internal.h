@@ -90,13 +90,14 @@ bool AddDuration(Moment& moment, const CDateTimeSpan& span, YearRange yearRange)
 // The digits of the largest field, 16 bits wide.
 inline constexpr size_t kMaxPaddedLength = 5;
 
-// Writes `value` with leading zeros to at least `kWidth` digits; returns the end.
+// Writes `value` with leading zeros to at least `kWidth` digits, 2 to 4; returns the end.
 template <int kWidth>
 char* WritePadded(char* out, unsigned value) {
-  unsigned rest = value;
-  for (int i = kWidth - 1; i >= 0; --i, rest /= 10) out[i] = static_cast<char>('0' + rest % 10);
-  if (rest == 0) return out + kWidth;
-  return std::to_chars(out, out + kMaxPaddedLength, value).ptr;
+  constexpr unsigned kLimit = kWidth == 2 ? 100 : kWidth == 3 ? 1000 : 10000;
+  if (value >= kLimit) return std::to_chars(out, out + kMaxPaddedLength, value).ptr;
+  if constexpr (kWidth == 3) *out++ = static_cast<char>('0' + value / 100);
+  if constexpr (kWidth == 4) out = WriteTwoDigits(out, value / 100);
+  return WriteTwoDigits(out, value % 100);
 }
 // Writes "." and the fraction without trailing zeros, or nothing for 0; returns the end.
 char* WriteFraction(char* out, unsigned milliSecond, unsigned microSecond, unsigned nanoSecond);

@@ -187,7 +187,6 @@ void CDateTimeSpan::ParseXSDDuration(const char* text) {
 }
 
 void CDateTimeSpan::ParseXSDDuration(const char* text, size_t length) {
-  Clear();
   const std::string_view whole(text, length);
   std::string_view rest(whole);
   if (rest.empty()) throw CQvInvalidValueException("Invalid XSD Duration (Empty String)");

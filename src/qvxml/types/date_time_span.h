@@ -76,7 +76,7 @@ class QVXML_API CDateTimeSpan : private TInstanceCounted<CDateTimeSpan> {
   /// to nine digits. Throws CQvInvalidValueException for null, for an empty or malformed text and
   /// for a number that its component cannot hold; the span is then cleared.
   void ParseXSDDuration(const char* text);
-  /// The same for `length` characters, which need no NUL behind them.
+  /// The same for `length` characters, which need no NUL behind them. What throws changes nothing.
   void ParseXSDDuration(const char* text, std::size_t length);
   /// The XSD form without the components that are zero; "PT0S" when all are. A negative zero keeps
   /// its sign: "-PT0S".

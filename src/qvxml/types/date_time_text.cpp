@@ -1,5 +1,6 @@
 // Text of dates and times: parsing and writing.
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/types/calendar_internal.h"
 #include "qvxml/types/date_time.h"
 #include "qvxml/types/date_time_internal.h"
 
@@ -17,7 +19,28 @@ using detail::kMaxPaddedLength;
 using detail::WriteFraction;
 using detail::WritePadded;
 
+namespace detail {
+
+struct DateTimeFields {
+  CDateTime::DTType type = CDateTime::dt_unset;
+  short year = 0;
+  unsigned char month = 0;
+  unsigned char day = 0;
+  unsigned char hour = 0;
+  unsigned char minute = 0;
+  unsigned char second = 0;
+  unsigned short fraction[3] = {0, 0, 0};
+  bool isUTC = false;
+  bool hasTimeZone = false;
+  short zoneHour = 0;
+  unsigned char zoneMinute = 0;
+};
+
+}  // namespace detail
+
 namespace {
+
+using detail::DateTimeFields;
 
 // "C" and "Y" stand for a digit of the year, "M" of the month, "D" of the day, "-" for itself.
 struct DateForm {
@@ -55,6 +78,67 @@ int ReadTwoDigits(std::string_view text, size_t position) {
   const char ones = text[position + 1];
   return IsDigit(tens) && IsDigit(ones) ? (tens - '0') * 10 + (ones - '0') : -1;
 }
+
+// Texts as they nearly always are, read at fixed places. Everything else, and whatever is not
+// valid, is left to the general functions below, which also know what is wrong with it.
+class CFieldReader {
+ public:
+  // "CCYY-MM-DD"
+  bool ReadDate(std::string_view& text) {
+    if (text.size() < 10 || text[4] != '-' || text[7] != '-') return false;
+    m_fields.year = static_cast<short>(TakeTwo(text, 0) * 100 + TakeTwo(text, 2));
+    m_fields.month = TakeTwo(text, 5);
+    m_fields.day = TakeTwo(text, 8);
+    text.remove_prefix(10);
+    return m_areDigits && m_fields.year != 0 && m_fields.month - 1u < 12 && m_fields.day != 0 &&
+           m_fields.day <= detail::DaysInMonth(m_fields.year, m_fields.month);
+  }
+
+  // "hh:mm:ss" and a fraction
+  bool ReadTime(std::string_view& text) {
+    if (text.size() < kTimeLength || text[2] != ':' || text[5] != ':') return false;
+    m_fields.hour = TakeTwo(text, 0);
+    m_fields.minute = TakeTwo(text, 3);
+    m_fields.second = TakeTwo(text, 6);
+    text.remove_prefix(kTimeLength);
+    if (!m_areDigits || m_fields.hour > 23 || m_fields.minute > 59 || m_fields.second > 59)
+      return false;
+    if (text.empty() || text[0] != '.') return true;
+    const size_t digits = detail::ReadFraction(text.substr(1), m_fields.fraction);
+    text.remove_prefix(std::min(digits + 1, text.size()));
+    return digits >= 1 && digits <= 9;
+  }
+
+  // No zone, "Z", or "+hh:mm" or "-hh:mm", up to the end
+  bool ReadZone(std::string_view text) {
+    if (text.empty()) return true;
+    m_fields.isUTC = true;
+    if (text[0] == 'Z') return text.size() == 1;
+    if (text.size() != kZoneLength || (text[0] != '+' && text[0] != '-') || text[3] != ':')
+      return false;
+    m_fields.hasTimeZone = true;
+    const short hour = TakeTwo(text, 1);
+    m_fields.zoneHour = text[0] == '-' ? static_cast<short>(-hour) : hour;
+    m_fields.zoneMinute = TakeTwo(text, 4);
+    return m_areDigits && hour <= 23 && m_fields.zoneMinute <= 59;
+  }
+
+  const DateTimeFields& Fields(CDateTime::DTType type) {
+    m_fields.type = type;
+    return m_fields;
+  }
+
+ private:
+  unsigned char TakeTwo(std::string_view text, size_t position) {
+    const unsigned tens = static_cast<unsigned char>(text[position]) - unsigned{'0'};
+    const unsigned ones = static_cast<unsigned char>(text[position + 1]) - unsigned{'0'};
+    m_areDigits &= tens <= 9 && ones <= 9;
+    return static_cast<unsigned char>(tens * 10 + ones);
+  }
+
+  DateTimeFields m_fields;
+  bool m_areDigits = true;
+};
 
 struct DateNumbers {
   int year = 0;
@@ -112,9 +196,36 @@ void CDateTime::ParseXSDDate(const char* text) {
 }
 
 void CDateTime::ParseXSDDate(const char* text, size_t length) {
-  Clear();
-  SetXSDDate(std::string_view(text, length));
-  Validate();
+  const std::string_view whole(text, length);
+  std::string_view rest(whole);
+  CFieldReader reader;
+  if (reader.ReadDate(rest) && reader.ReadZone(rest)) return Store(reader.Fields(dt_date));
+  ParseWhole(whole, &CDateTime::SetXSDDate);
+}
+
+void CDateTime::Store(const DateTimeFields& fields) {
+  m_type = fields.type;
+  m_year = fields.year;
+  m_month = fields.month;
+  m_day = fields.day;
+  m_hour = fields.hour;
+  m_minute = fields.minute;
+  m_second = fields.second;
+  m_milliSecond = fields.fraction[0];
+  m_microSecond = fields.fraction[1];
+  m_nanoSecond = fields.fraction[2];
+  m_isUTC = fields.isUTC;
+  m_hasTimeZone = fields.hasTimeZone;
+  m_zoneHour = fields.zoneHour;
+  m_zoneMinute = fields.zoneMinute;
+  m_flag = 0;
+}
+
+void CDateTime::ParseWhole(std::string_view text, void (CDateTime::*set)(std::string_view)) {
+  CDateTime parsed;
+  (parsed.*set)(text);
+  parsed.Validate();
+  *this = parsed;
 }
 
 void CDateTime::SetXSDDate(std::string_view text) {
@@ -183,9 +294,11 @@ void CDateTime::ParseXSDTime(const char* text) {
 }
 
 void CDateTime::ParseXSDTime(const char* text, size_t length) {
-  Clear();
-  SetXSDTime(std::string_view(text, length));
-  Validate();
+  const std::string_view whole(text, length);
+  std::string_view rest(whole);
+  CFieldReader reader;
+  if (reader.ReadTime(rest) && reader.ReadZone(rest)) return Store(reader.Fields(dt_time));
+  ParseWhole(whole, &CDateTime::SetXSDTime);
 }
 
 void CDateTime::SetXSDTime(std::string_view text) {
@@ -223,16 +336,24 @@ void CDateTime::ParseXSDDateTime(const char* text) {
 }
 
 void CDateTime::ParseXSDDateTime(const char* text, size_t length) {
-  Clear();
   const std::string_view whole(text, length);
-  const size_t separator = whole.find('T');
+  std::string_view rest(whole);
+  CFieldReader reader;
+  if (reader.ReadDate(rest) && !rest.empty() && rest[0] == 'T') {
+    rest.remove_prefix(1);
+    if (reader.ReadTime(rest) && reader.ReadZone(rest)) return Store(reader.Fields(dt_dateTime));
+  }
+  ParseWhole(whole, &CDateTime::SetXSDDateTime);
+}
+
+void CDateTime::SetXSDDateTime(std::string_view text) {
+  const size_t separator = text.find('T');
   if (separator == std::string_view::npos)
-    ThrowInvalidText("Invalid XSD DateTime [%s] expected CCYY-MM-DDThh:mm:ss[.ff]", whole);
-  SetXSDDate(whole.substr(0, separator));
-  if (m_type != dt_date || m_isUTC) ThrowInvalidText("Invalid XSD DateTime [%s].", whole);
-  SetXSDTime(whole.substr(separator + 1));
+    ThrowInvalidText("Invalid XSD DateTime [%s] expected CCYY-MM-DDThh:mm:ss[.ff]", text);
+  SetXSDDate(text.substr(0, separator));
+  if (m_type != dt_date || m_isUTC) ThrowInvalidText("Invalid XSD DateTime [%s].", text);
+  SetXSDTime(text.substr(separator + 1));
   m_type = dt_dateTime;
-  Validate();
 }
 
 std::string CDateTime::ToString(const char* format) const {
@@ -251,10 +372,9 @@ void CDateTime::AppendTo(std::string& text) const {
 }
 
 bool CDateTime::IsSet() const {
-  const bool isAllZero = m_year == 0 && m_month == 0 && m_day == 0 && m_hour == 0 &&
-                         m_minute == 0 && m_second == 0 && m_milliSecond == 0 &&
-                         m_microSecond == 0 && m_nanoSecond == 0;
-  return m_type == dt_time || (m_type != dt_unset && !isAllZero);
+  if (m_type == dt_unset || m_type == dt_time) return m_type == dt_time;
+  return m_year != 0 || m_month != 0 || m_day != 0 || m_hour != 0 || m_minute != 0 ||
+         m_second != 0 || m_milliSecond != 0 || m_microSecond != 0 || m_nanoSecond != 0;
 }
 
 // The text, in `buffer` of kBufferSize or constant.

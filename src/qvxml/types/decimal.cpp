@@ -76,8 +76,6 @@ CDecimal& CDecimal::AssignCopy(const CDecimal& other) {
   return *this = CDecimal(other);
 }
 
-CDecimal::~CDecimal() = default;
-
 long CDecimal::ToLong() const {
   if (!m_integerPart.FitsLongLong()) {
     throw CQvOverFlowException("The Decimal value if to large to fit into a LONG");

@@ -68,7 +68,7 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
     return *this;
   }
   CDecimal& operator=(CDecimal&& other) noexcept;
-  virtual ~CDecimal();
+  virtual ~CDecimal() = default;
 
   // Text.
 

@@ -29,19 +29,16 @@ int FractionDigits(const char* format) {
   return static_cast<int>(std::clamp<long long>(digits, Limits::min(), Limits::max()));
 }
 
-// The parse throws into a value of its own: a failed one leaves a part of the text behind.
 template <class TValue>
-void ParseApart(std::string_view text, Rule rule, TValue& value,
-                void (TValue::*parse)(const char*, size_t)) {
+void ParseBy(void (TValue::*parse)(const char*, size_t), std::string_view text, Rule rule,
+             TValue& value) {
   const CNormalisedText normalised(rule, text);
   const std::string_view view = normalised.ViewUpToNul();
-  TValue parsed;
-  (parsed.*parse)(view.data(), view.size());
-  value = parsed;
+  (value.*parse)(view.data(), view.size());
 }
 
 void ParseDate(std::string_view text, Rule rule, CDateTime& value) {
-  ParseApart(text, rule, value, &CDateTime::ParseXSDDate);
+  ParseBy<CDateTime>(&CDateTime::ParseXSDDate, text, rule, value);
 }
 
 template <class TField>
@@ -95,9 +92,7 @@ void AppendText<ItemType_hexBinary>(const CBinaryData& value, std::string& text)
 
 template <>
 void ParseInto<ItemType_hexBinary>(std::string_view text, Rule rule, CBinaryData& value) {
-  const CNormalisedText normalised(rule, text);
-  const std::string_view view = normalised.ViewUpToNul();
-  value.SetAsHexString(view.data(), view.size());
+  ParseBy<CBinaryData>(&CBinaryData::SetAsHexString, text, rule, value);
 }
 
 template <>
@@ -107,9 +102,7 @@ void AppendText<ItemType_base64Binary>(const CBinaryData& value, std::string& te
 
 template <>
 void ParseInto<ItemType_base64Binary>(std::string_view text, Rule rule, CBinaryData& value) {
-  const CNormalisedText normalised(rule, text);
-  const std::string_view view = normalised.ViewUpToNul();
-  value.SetAsBase64(view.data(), view.size());
+  ParseBy<CBinaryData>(&CBinaryData::SetAsBase64, text, rule, value);
 }
 
 template <>
@@ -119,7 +112,7 @@ void AppendText<ItemType_duration>(const CDateTimeSpan& value, std::string& text
 
 template <>
 void ParseInto<ItemType_duration>(std::string_view text, Rule rule, CDateTimeSpan& value) {
-  ParseApart(text, rule, value, &CDateTimeSpan::ParseXSDDuration);
+  ParseBy<CDateTimeSpan>(&CDateTimeSpan::ParseXSDDuration, text, rule, value);
 }
 
 template <>
@@ -129,7 +122,7 @@ void AppendText<ItemType_datetime>(const CDateTime& value, std::string& text) {
 
 template <>
 void ParseInto<ItemType_datetime>(std::string_view text, Rule rule, CDateTime& value) {
-  ParseApart(text, rule, value, &CDateTime::ParseXSDDateTime);
+  ParseBy<CDateTime>(&CDateTime::ParseXSDDateTime, text, rule, value);
 }
 
 template <>
@@ -149,7 +142,7 @@ void AppendText<ItemType_time>(const CDateTime& value, std::string& text) {
 
 template <>
 void ParseInto<ItemType_time>(std::string_view text, Rule rule, CDateTime& value) {
-  ParseApart(text, rule, value, &CDateTime::ParseXSDTime);
+  ParseBy<CDateTime>(&CDateTime::ParseXSDTime, text, rule, value);
 }
 
 template <>
