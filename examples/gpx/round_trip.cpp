@@ -13,10 +13,13 @@ using gpx11::CGpx;
 
 namespace {
 
-// GPX as its default namespace keeps the document free of prefixes.
+// GPX as its default namespace keeps the document free of prefixes. The JSON is what every program
+// reads, and carries namespaces too, which extensions need.
 CSerializationContext MakeContext() {
   CSerializationContext ctx;
   ctx.SetDefaultNamespaceURI("http://www.topografix.com/GPX/1/1");
+  ctx.GetJsonContext().SetWellFormed(true);
+  ctx.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_Full);
   return ctx;
 }
 
@@ -38,9 +41,28 @@ void ReadXml(const CBinaryData& bytes, const CSerializationContext& ctx, CGpx& g
   gpx.FromXmlStream(bytes, ctx);
 }
 
+template <CompressionType kCompression>
+CBinaryData WriteJson(const CGpx& gpx, const CSerializationContext& ctx) {
+  return gpx.ToJsonStream(false, Encoding_UTF8, EOL_LF, ctx, kCompression);
+}
+
+void ReadJson(const CBinaryData& bytes, const CSerializationContext& ctx, CGpx& gpx) {
+  gpx.FromJsonStream(bytes, ctx);
+}
+
+// What is read as XML may as well be Fast Infoset.
+template <CompressionType kCompression>
+CBinaryData WriteFastInfoset(const CGpx& gpx, const CSerializationContext& ctx) {
+  return gpx.ToFastInfosetStream(FInfoDecl_None, ctx, kCompression);
+}
+
 const Format kFormats[] = {
     {"XML", ".gpx", WriteXml<CompressionType_None>, ReadXml},
     {"XML, gzip", ".gpx.gz", WriteXml<CompressionType_GZip>, ReadXml},
+    {"JSON", ".json", WriteJson<CompressionType_None>, ReadJson},
+    {"JSON, gzip", ".json.gz", WriteJson<CompressionType_GZip>, ReadJson},
+    {"Fast Infoset", ".finf", WriteFastInfoset<CompressionType_None>, ReadXml},
+    {"Fast Infoset, gz", ".finf.gz", WriteFastInfoset<CompressionType_GZip>, ReadXml},
 };
 
 // Shortest of several runs, in milliseconds; at least one run, and up to 50 ms of them.

@@ -47,6 +47,16 @@ std::string Write(const po::CPurchaseOrder& order) {
   // [write]
 }
 
+std::string WriteJson(const po::CPurchaseOrder& order) {
+  // [json]
+  CSerializationContext ctx;
+  ctx.SetIndentChars("  ");
+  ctx.GetJsonContext().SetWellFormed(true);
+  ctx.GetJsonContext().SetSupportRoundtrip(JsonRoundTrip_Standard);
+  return order.ToJson(true, EOL_LF, ctx);
+  // [json]
+}
+
 CDecimal ReadTotal(const std::string& text) {
   // [read]
   const CSmartPtr<po::CPurchaseOrder> order(new po::CPurchaseOrder);
@@ -75,7 +85,8 @@ void Try(const char* what, TAction action) {
 int main() {
   const CSmartPtr<po::CPurchaseOrder> order = MakeOrder();
   const std::string text = Write(*order);
-  std::cout << text << "\ntotal: " << ReadTotal(text).ToString() << "\n";
+  std::cout << text << "\n"
+            << WriteJson(*order) << "\n\ntotal: " << ReadTotal(text).ToString() << "\n";
 
   Try("a value that is not of its type", [&] {
     std::string wrong = text;

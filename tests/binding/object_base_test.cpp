@@ -61,15 +61,24 @@ TEST_F(CXmlObjectBaseTest, KeepsItsSlotOrder) {
       SlotOf(&C::GetBase),
       SlotOf(&C::ToXmlFile),
       SlotOf(&C::ToFastInfosetFile),
+      SlotOf(&C::ToJsonFile),
       SlotOf(&C::ToXml),
+      SlotOf(&C::ToJson),
       SlotOf(&C::ToXmlStream),
       SlotOf(&C::ToFastInfosetStream),
+      SlotOf(&C::ToJsonStream),
       SlotOf(&C::FromXmlFile),
+      SlotOf(&C::FromJsonFile),
       SlotOf(static_cast<void (C::*)(const char*, const Context&)>(&C::FromXml)),
       SlotOf(static_cast<void (C::*)(const wchar_t*, const Context&)>(&C::FromXml)),
+      SlotOf(static_cast<void (C::*)(const char*, const Context&)>(&C::FromJson)),
+      SlotOf(static_cast<void (C::*)(const wchar_t*, const Context&)>(&C::FromJson)),
       SlotOf(static_cast<void (C::*)(unsigned char*, unsigned long, const Context&)>(
           &C::FromXmlStream)),
       SlotOf(static_cast<void (C::*)(const CBinaryData&, const Context&)>(&C::FromXmlStream)),
+      SlotOf(static_cast<void (C::*)(unsigned char*, unsigned long, const Context&)>(
+          &C::FromJsonStream)),
+      SlotOf(static_cast<void (C::*)(const CBinaryData&, const Context&)>(&C::FromJsonStream)),
       SlotOf(static_cast<void (C::*)(const CXmlElement*, const Context&)>(&C::FromXmlElement)),
       SlotOf(static_cast<void (C::*)(const CElement*, const Context&)>(&C::FromXmlElement))};
   for (size_t index = 0; index < slots.size(); ++index) {

@@ -2,6 +2,8 @@
 
 #include "tests/support/qv_gtest.h"
 
+#include "qvxml/json/json_context.h"
+
 using namespace QvXmlLib16;
 
 TEST(CSerializationContext, StartsWithItsDefaults) {
@@ -82,4 +84,41 @@ TEST(CSerializationContext, CopiesAreIndependent) {
   EXPECT_EQ(copy.GetNamespaceAliases().GetAliasFromNamespace("urn:p"), "p");
   EXPECT_EQ(copy.GetProcessingInstructions(), std::vector<std::string>{"<?a b?>"});
   EXPECT_FALSE(copy.GetStripCDATA());
+}
+
+TEST(CSerializationContext, CopiesShareTheOptionsOfFormatsOnceMade) {
+  CSerializationContext source;
+  const CSerializationContext before = source;
+  CJsonContext& json = source.GetJsonContext();
+  EXPECT_EQ(&source.GetJsonContext(), &json);
+  CSerializationContext after = source;
+  EXPECT_EQ(&after.GetJsonContext(), &json);
+  EXPECT_NE(&before.GetJsonContext(), &json);
+  {
+    CSerializationContext last = after;
+    source = CSerializationContext();
+    after = before;
+    EXPECT_EQ(&last.GetJsonContext(), &json);
+    EXPECT_EQ(&after.GetJsonContext(), &before.GetJsonContext());
+    EXPECT_EQ(CInstanceMonitor::GetCount("CJsonContext"), 2);
+  }
+  EXPECT_EQ(CInstanceMonitor::GetCount("CJsonContext"), 1);
+}
+
+TEST(CJsonContext, StartsWithItsDefaultsAndRefusesDepths) {
+  CJsonContext json;
+  EXPECT_EQ(json.GetSupportRoundtrip(), JsonRoundTrip_Full);
+  EXPECT_EQ(json.GetRootElementName(), "");
+  EXPECT_TRUE(json.GetAllowComments());
+  EXPECT_FALSE(json.GetWellFormed());
+  EXPECT_EQ(json.GetMaxDepth(), 1000);
+  json.SetMaxDepth(10000);
+  for (const int refused : {0, -1, 10001}) {
+    EXPECT_QV_THROW(json.SetMaxDepth(refused), CQvInvalidParamException,
+                    "MaxDepth must be from 1 to 10000.");
+  }
+  EXPECT_EQ(json.GetMaxDepth(), 10000);
+  json.SetRootElementName("r");
+  json.SetRootElementName(nullptr);
+  EXPECT_EQ(json.GetRootElementName(), "");
 }

@@ -311,6 +311,36 @@ TEST(CBigInteger, LeavesZeroWhenMovedFrom) {
   EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before);
 }
 
+// The sizes are those around the greatest that an object holds without memory of its own.
+TEST(CBigInteger, CopiesMovesAndReplacesEverySize) {
+  const std::string texts[] = {"0",
+                               "-7",
+                               Nines(18),
+                               "1" + std::string(18, '0'),
+                               Nines(36),
+                               "-" + Nines(36),
+                               "1" + std::string(36, '0'),
+                               Nines(99)};
+  for (const std::string& from : texts) {
+    for (const std::string& to : texts) {
+      SCOPED_TRACE(to + " becomes " + from);
+      const CBigInteger source(from);
+      CBigInteger copied(to);
+      copied = source;
+      CBigInteger parsed(to);
+      parsed.Parse(from.c_str());
+      CBigInteger moved(to);
+      moved = std::move(copied);
+      EXPECT_EQ(copied.ToString(), "0");
+      const CBigInteger& same = moved;
+      moved = same;
+      EXPECT_EQ(moved, parsed);
+      EXPECT_EQ(moved.ToString(), from);
+      EXPECT_EQ((moved += CBigInteger(to)) -= CBigInteger(to), source);
+    }
+  }
+}
+
 TEST(CBigInteger, ScalesByPowersOfTen) {
   const std::string digits = "123456789012345678901234567890123456789";
   for (const std::size_t exponent : {0u, 1u, 17u, 18u, 19u, 36u, 38u, 39u, 40u, 100u}) {

@@ -1,21 +1,14 @@
 // CXmlDocument's constructors and loading: the members that need the serialization context, which
 // the document's own layer does not know.
 
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <memory>
-#include <new>
 #include <string>
 #include <utility>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
+#include "qvxml/binding/file_input_internal.h"
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/core/exception.h"
-#include "qvxml/core/format.h"
 #include "qvxml/fastinfoset/fi_context.h"
 #include "qvxml/fastinfoset/fi_reader.h"
 #include "qvxml/xml/compression.h"
@@ -27,60 +20,17 @@ namespace QvXmlLib16 {
 
 namespace {
 
-struct CFileCloser {
-  void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-};
-using CFile = std::unique_ptr<std::FILE, CFileCloser>;
-
-CBinaryData Adopt(std::unique_ptr<unsigned char[]> bytes, size_t length) {
+CBinaryData CopyOf(const void* source, size_t length) {
+  if (source == nullptr || length == 0) return CBinaryData();
+  std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
+  std::memcpy(bytes.get(), source, length);
   CBinaryData data(bytes.get(), length, true);
   bytes.release();
   return data;
 }
 
-CBinaryData CopyOf(const void* source, size_t length) {
-  if (source == nullptr || length == 0) return CBinaryData();
-  std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
-  std::memcpy(bytes.get(), source, length);
-  return Adopt(std::move(bytes), length);
-}
-
 CBinaryData CopyOf(const char* text) {
   return CopyOf(text, text != nullptr ? std::strlen(text) : 0);
-}
-
-// Without blocking: a pipe that nobody writes would hold the caller in fopen.
-CFile OpenFile(const std::string& path) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  CFile file(descriptor != -1 ? fdopen(descriptor, "rt") : nullptr);
-  if (file == nullptr) {
-    if (descriptor != -1) close(descriptor);
-    throw CQvException(FormatString("Failed to open the file [%s].", path.c_str()));
-  }
-  return file;
-}
-
-// Directories and devices have no size to read.
-size_t SizeOf(std::FILE* file, const std::string& path) {
-  struct stat status;
-  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
-    throw CQvException(FormatString("Failed to get the size of the file [%s] Error [%d]",
-                                    path.c_str(), std::ferror(file)));
-  }
-  return static_cast<size_t>(status.st_size);
-}
-
-CBinaryData ReadFile(const std::string& path) {
-  const CFile file = OpenFile(path);
-  const size_t size = SizeOf(file.get(), path);
-  if (size == 0) return CBinaryData();
-  // A sparse file may claim more than there is memory for.
-  std::unique_ptr<unsigned char[]> bytes(new (std::nothrow) unsigned char[size]);
-  if (bytes == nullptr || std::fread(bytes.get(), 1, size, file.get()) != size) {
-    throw CQvException(FormatString("Failed to read the contents of the file [%s] Error [%d]",
-                                    path.c_str(), std::ferror(file.get())));
-  }
-  return Adopt(std::move(bytes), size);
 }
 
 }  // namespace
@@ -135,7 +85,7 @@ void CXmlDocument::LoadXmlStream(const unsigned char* data, unsigned long length
 void CXmlDocument::Load(const char* path) {
   const std::string ownPath = path != nullptr ? path : "";
   Cleanup();
-  m_input = ReadFile(ownPath);
+  m_input = detail::ReadFile(ownPath);
   Parse();
 }
 

@@ -4,6 +4,7 @@
 
 #include "qvxml/core/exception.h"
 #include "qvxml/fastinfoset/fi_context.h"
+#include "qvxml/json/json_context.h"
 
 namespace QvXmlLib16 {
 
@@ -53,6 +54,7 @@ void CSerializationContext::SetIndentChars(const char* value) {
   m_indentChars = text;
 }
 
+CJsonContext& CSerializationContext::GetJsonContext() const { return m_jsonContext.GetOrMake(); }
 CFastInfosetContext& CSerializationContext::GetFIContext() const { return m_fiContext.GetOrMake(); }
 
 }  // namespace QvXmlLib16

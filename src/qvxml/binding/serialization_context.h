@@ -16,6 +16,11 @@ namespace QvXmlLib16 {
 
 class CAttributeCol;        // xml/untyped/attribute_col.h
 class CFastInfosetContext;  // fastinfoset/fi_context.h
+class CJsonContext;         // json/json_context.h
+
+namespace detail {
+class CIgnoreNamespacesScope;  // binding/ignore_namespaces_scope_internal.h
+}  // namespace detail
 
 /// The kind of schema that the classes were generated from. The numbers are fixed.
 enum SchemaType : int {
@@ -30,7 +35,9 @@ enum SchemaType : int {
 /// Tells readers what they may ignore and writers what they add to the document.
 ///
 /// Getters never fail. A context may serve several serializations at once as long as nobody changes
-/// it. Null text given to a setter stands for "".
+/// it; reading JSON in another mode than JsonRoundTrip_Full does, so a context that it uses, the
+/// default one included, must serve nothing else meanwhile. Null text given to a setter stands for
+/// "".
 class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationContext> {
  public:
   /// What documents and objects use when they are given no context.
@@ -124,14 +131,19 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
 
   // The options of other formats.
 
+  /// Those of JSON, for the caller to change. Made when they are first asked for, from any thread.
+  /// A copy of the context shares them, if they were made by then.
+  CJsonContext& GetJsonContext() const;
   /// Those of Fast Infoset, for the caller to change. Made when they are first asked for, from any
   /// thread. A copy of the context shares them, if they were made by then.
   CFastInfosetContext& GetFIContext() const;
 
  private:
+  friend class detail::CIgnoreNamespacesScope;
   friend class TInstanceCounted<CSerializationContext>;
   static CInstanceCounter s_instances;
 
+  detail::TLazyShared<CJsonContext> m_jsonContext;
   detail::TLazyShared<CFastInfosetContext> m_fiContext;
   std::string m_defaultNamespaceUri;
   bool m_writeTypeAttribute = true;
@@ -144,7 +156,8 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   bool m_ignoreMissingMandatoryElements = false;
   bool m_ignoreUnknownElements = false;
   bool m_ignoreUnknownAttributes = false;
-  bool m_ignoreNamespaces = false;
+  // Reading JSON sets it for a while.
+  mutable bool m_ignoreNamespaces = false;
   SchemaType m_schemaType = SchemaType_Default;
   bool m_noOptionalAttributeDefaultOutput = false;
   bool m_writeDefaultElementValues = false;

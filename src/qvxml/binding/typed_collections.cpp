@@ -9,6 +9,7 @@
 #include "qvxml/binding/facet_checks.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/support/instance_monitor.h"
 #include "qvxml/xml/xml_writer.h"
 
@@ -122,7 +123,9 @@ void TValueCollection<TDerived, TCarrier>::ToXml_Int(CXmlWriter* writer, bool, c
     if constexpr (std::is_same_v<TCarrier, std::string>) {
       writer->WriteString(value, derived->GetItemType(), false);
     } else {
-      writer->WriteString(derived->ToText(value), derived->GetItemType(), false);
+      std::string& room = writer->GetValueRoom();
+      derived->AppendText(value, room);
+      writer->WriteString(room, derived->GetItemType(), false);
     }
     writer->WriteEndElement();
   }
@@ -131,20 +134,12 @@ void TValueCollection<TDerived, TCarrier>::ToXml_Int(CXmlWriter* writer, bool, c
 template <ItemType kType>
 typename TTypedCollection<kType>::Carrier TTypedCollection<kType>::FromText(
     const std::string& text) const {
-  return ItemTraits<kType>::FromText(text, this->GetWhitespaceRule());
+  return detail::FromText<kType>(text, this->GetWhitespaceRule());
 }
 
 template <ItemType kType>
-std::string TTypedCollection<kType>::ToText(const Carrier& value) const {
-  if constexpr (kType == ItemType_r4) {
-    return CConversions::r4ToString(value, this->GetFormat());
-  } else if constexpr (kType == ItemType_r8) {
-    return CConversions::r8ToString(value, this->GetFormat());
-  } else if constexpr (kType == ItemType_decimal) {
-    return CConversions::decimalToString(value, this->GetFormat());
-  } else {
-    return ItemTraits<kType>::ToText(value);
-  }
+void TTypedCollection<kType>::AppendText(const Carrier& value, std::string& text) const {
+  detail::AppendText<kType>(value, this->GetFormat().c_str(), text);
 }
 
 // Defines the one step that is named by its type, and the members of the class.
@@ -267,8 +262,8 @@ CDateTime CdatetimeBaseCol::FromText(const std::string& text) const {
 }
 
 // The kind of the value decides the form of all five.
-std::string CdatetimeBaseCol::ToText(const CDateTime& value) const {
-  return CConversions::datetimeToString(value);
+void CdatetimeBaseCol::AppendText(const CDateTime& value, std::string& text) const {
+  detail::AppendText<ItemType_datetime>(value, text);
 }
 
 }  // namespace QvXmlLib16

@@ -27,7 +27,7 @@ class QVXML_API TCollectionCount {
 };
 
 /// The body of all of them: the items and their events. `TDerived` has the steps that depend on the
-/// type: GetItemType, CheckItem, FromText and ToText.
+/// type: GetItemType, CheckItem, FromText and AppendText.
 template <class TDerived, class TCarrier>
 class QVXML_API TValueCollection : public CXmlTypeCollection {
  public:
@@ -84,7 +84,7 @@ class QVXML_API TTypedCollection
   ItemType GetItemType() const { return kType; }
   void CheckItem(const Carrier& value) const;
   Carrier FromText(const std::string& text) const;
-  std::string ToText(const Carrier& value) const;
+  void AppendText(const Carrier& value, std::string& text) const;
 
   TCollectionCount<kType> m_counted;
 };
@@ -114,7 +114,7 @@ class QVXML_API CdatetimeBaseCol : public detail::TValueCollection<CdatetimeBase
   ItemType GetItemType() const { return m_itemType; }
   void CheckItem(const CDateTime& value) const;
   CDateTime FromText(const std::string& text) const;
-  std::string ToText(const CDateTime& value) const;
+  void AppendText(const CDateTime& value, std::string& text) const;
 
   ItemType m_itemType;
 };

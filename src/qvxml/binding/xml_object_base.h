@@ -64,10 +64,20 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
       const char* path, FInfoDecl declaration = FInfoDecl_None,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
       CompressionType compression = CompressionType_None) const;
+  /// Writes a file of JSON, with the options of ctx.GetJsonContext(); as ToXmlFile otherwise.
+  virtual void ToJsonFile(
+      const char* path, bool format = true, XmlEncoding encoding = Encoding_UTF8,
+      EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+      CompressionType compression = CompressionType_None) const;
   /// Returns the document as text of the process' locale, see Encoding; `includeDocHeader` adds the
   /// XML declaration.
   virtual std::string ToXml(
       bool includeDocHeader = true, bool format = true, EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext) const;
+  /// Returns the document as JSON, as text of the process' locale.
+  virtual std::string ToJson(
+      bool format = true, EOLType eol = EOL_LF,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext) const;
   /// Returns the document as bytes.
   virtual CBinaryData ToXmlStream(
@@ -81,22 +91,48 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
       CompressionType compression = CompressionType_None) const;
 
+  /// Returns the document as bytes of JSON.
+  virtual CBinaryData ToJsonStream(
+      bool format = true, XmlEncoding encoding = Encoding_UTF8, EOLType eol = EOL_LF,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext,
+      CompressionType compression = CompressionType_None) const;
+
   // Reading. The root element's name is not compared with anything: the object adopts it.
 
   /// Reads a file of XML, plain or compressed with gzip or zlib.
   virtual void FromXmlFile(
+      const char* path, const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  /// Reads a file of JSON, plain or compressed with gzip or zlib.
+  ///
+  /// JSON is turned into XML text as the context's JSON options tell. JSON that cannot be, throws
+  /// as CJsonTextReader::ConvertJsonToXml. When the XML text then cannot be read, CQvException
+  /// "Error converting JSON to XML:\n%s" quotes it and holds the reason. Unless the JSON is
+  /// JsonRoundTrip_Full, namespaces are ignored: `ctx` is set so while the object is read, and must
+  /// not be in use by another thread; that goes for the default context too.
+  virtual void FromJsonFile(
       const char* path, const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   /// Reads XML text; null is empty, which throws.
   virtual void FromXml(const char* text,
                        const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   virtual void FromXml(const wchar_t* text,
                        const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  /// Reads JSON text of the locale, as FromJsonFile; null is empty, which throws.
+  virtual void FromJson(const char* text,
+                        const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  virtual void FromJson(const wchar_t* text,
+                        const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   /// Reads `length` bytes of XML, plain or compressed; they are copied.
   virtual void FromXmlStream(
       unsigned char* bytes, unsigned long length,
       const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
   virtual void FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx =
                                                           CSerializationContext::m_defaultContext);
+  /// Reads `length` bytes of JSON in UTF-8, plain or compressed, as FromJsonFile.
+  virtual void FromJsonStream(
+      unsigned char* bytes, unsigned long length,
+      const CSerializationContext& ctx = CSerializationContext::m_defaultContext);
+  virtual void FromJsonStream(const CBinaryData& data, const CSerializationContext& ctx =
+                                                           CSerializationContext::m_defaultContext);
   /// Reads an element of a loaded document.
   virtual void FromXmlElement(
       const CXmlElement* element,
@@ -204,6 +240,9 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
  private:
   friend class TInstanceCounted<CXmlObjectBase>;
   static CInstanceCounter s_instances;
+
+  // Reads the XML text that JSON has become.
+  void FromJson_Int(const CBinaryData& xml, const CSerializationContext& ctx);
 
   std::string m_elementName;
   std::atomic<long long> m_references{0};

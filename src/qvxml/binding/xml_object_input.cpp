@@ -1,8 +1,14 @@
 // The entry points that read. The one that takes an untyped holder is in xml/untyped/element.cpp.
 
+#include <string>
+
+#include "qvxml/binding/ignore_namespaces_scope_internal.h"
+#include "qvxml/binding/json_loading_internal.h"
 #include "qvxml/binding/root_reader.h"
+#include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/exception.h"
+#include "qvxml/json/json_context.h"
 #include "qvxml/licence/licence_check.h"
 #include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element.h"
@@ -52,6 +58,43 @@ void CXmlObjectBase::FromXmlStream(unsigned char* bytes, unsigned long length,
 
 void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx) {
   FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+}
+
+void CXmlObjectBase::FromJson(const char* text, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  FromJson_Int(detail::JsonTextToXml(text, ctx), ctx);
+}
+
+void CXmlObjectBase::FromJson(const wchar_t* text, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  FromJson_Int(detail::JsonTextToXml(text, ctx), ctx);
+}
+
+void CXmlObjectBase::FromJsonFile(const char* path, const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  FromJson_Int(detail::JsonFileToXml(path, ctx), ctx);
+}
+
+void CXmlObjectBase::FromJsonStream(unsigned char* bytes, unsigned long length,
+                                    const CSerializationContext& ctx) {
+  CheckLicenceAndVersion();
+  FromJson_Int(detail::JsonStreamToXml(bytes, length, ctx), ctx);
+}
+
+void CXmlObjectBase::FromJsonStream(const CBinaryData& data, const CSerializationContext& ctx) {
+  FromJsonStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), ctx);
+}
+
+void CXmlObjectBase::FromJson_Int(const CBinaryData& xml, const CSerializationContext& ctx) {
+  const bool ignoresNamespaces = ctx.GetJsonContext().GetSupportRoundtrip() != JsonRoundTrip_Full;
+  const detail::CIgnoreNamespacesScope scope(ctx, ignoresNamespaces);
+  detail::WrapFailure(
+      [&] { FromXmlStream(xml, ctx); },
+      [&xml] {
+        return CQvException(
+            "Error converting JSON to XML:\n" +
+            std::string(reinterpret_cast<const char*>(xml.GetData()), xml.GetLength()));
+      });
 }
 
 void CXmlObjectBase::FromXmlElement(const CXmlElement* element, const CSerializationContext& ctx) {

@@ -5,6 +5,8 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/fastinfoset/fi_context.h"
 #include "qvxml/fastinfoset/fi_writer.h"
+#include "qvxml/json/json_text_writer.h"
+#include "qvxml/json/well_formed_json_writer.h"
 #include "qvxml/licence/licence_check.h"
 #include "qvxml/xml/binary_stream.h"
 #include "qvxml/xml/text_stream.h"
@@ -26,6 +28,34 @@ void WriteXml(const CXmlObjectBase& object, CTextStream& stream, bool includeDoc
   if (const char* comment = GetEvaluationComment()) writer.WriteComment(comment);
   object.ToXml_Int(&writer, true, object.GetTargetNamespace().c_str(), ctx, false);
   writer.Close();
+}
+
+template <class TWriter>
+void WriteJson(const CXmlObjectBase& object, TWriter& writer, CTextStream& stream, bool format,
+               EOLType eol, const CSerializationContext& ctx) {
+  stream.Open();
+  writer.Open();
+  writer.SetFormat(format);
+  writer.SetEOLType(eol);
+  writer.SetSupportRoundtrip(ctx.GetJsonContext().GetSupportRoundtrip());
+  writer.SetIndentChars(ctx.GetIndentChars().c_str());
+  writer.WriteStartDocument();
+  if (const char* comment = GetEvaluationComment()) writer.WriteComment(comment);
+  object.ToXml_Int(&writer, true, object.GetTargetNamespace().c_str(), ctx, false);
+  writer.WriteEndDocument();
+  writer.Close();
+  stream.Close();
+}
+
+void WriteJson(const CXmlObjectBase& object, CTextStream& stream, bool format, EOLType eol,
+               const CSerializationContext& ctx) {
+  if (!ctx.GetJsonContext().GetWellFormed()) {
+    CJsonTextWriter writer(stream);
+    WriteJson(object, writer, stream, format, eol, ctx);
+  } else {
+    CWellFormedJsonWriter writer(stream);
+    WriteJson(object, writer, stream, format, eol, ctx);
+  }
 }
 
 void RefuseZLibFile(CompressionType compression) {
@@ -101,6 +131,38 @@ void CXmlObjectBase::ToXmlFile(const char* path, bool includeDocHeader, bool for
   }
   WriteFile(path, encoding, compression,
             ToXmlStream(includeDocHeader, format, encoding, eol, ctx, compression));
+}
+
+std::string CXmlObjectBase::ToJson(bool format, EOLType eol,
+                                   const CSerializationContext& ctx) const {
+  CheckLicenceAndVersion();
+  CTextStream stream;
+  WriteJson(*this, stream, format, eol, ctx);
+  return stream.GetString();
+}
+
+CBinaryData CXmlObjectBase::ToJsonStream(bool format, XmlEncoding encoding, EOLType eol,
+                                         const CSerializationContext& ctx,
+                                         CompressionType compression) const {
+  CheckLicenceAndVersion();
+  CTextStream stream(encoding);
+  WriteJson(*this, stream, format, eol, ctx);
+  CBinaryData data = stream.GetEncodedStream();
+  CQvZip::CompressData(data, compression);
+  return data;
+}
+
+void CXmlObjectBase::ToJsonFile(const char* path, bool format, XmlEncoding encoding, EOLType eol,
+                                const CSerializationContext& ctx,
+                                CompressionType compression) const {
+  CheckLicenceAndVersion();
+  RefuseZLibFile(compression);
+  if (compression == CompressionType_None && detail::g_isAsyncToFile) {
+    CFileTextStream stream(path, encoding);
+    WriteJson(*this, stream, format, eol, ctx);
+    return;
+  }
+  WriteFile(path, encoding, compression, ToJsonStream(format, encoding, eol, ctx, compression));
 }
 
 }  // namespace QvXmlLib16

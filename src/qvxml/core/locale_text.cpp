@@ -7,7 +7,6 @@
 
 #include <langinfo.h>
 
-#include "qvxml/core/locale_text_internal.h"
 #include "qvxml/core/unicode_internal.h"
 
 namespace QvXmlLib16 {
@@ -92,11 +91,6 @@ class CLocaleEncoder {
 
 }  // namespace
 
-bool detail::IsLocaleTextUtf8() {
-  const char* codeset = Codeset();
-  return std::strcmp(codeset, "UTF-8") == 0 || IsUnsetCodeset(codeset);
-}
-
 CInvariantLocaleScope::CInvariantLocaleScope() : m_previous(uselocale(InvariantLocale())) {}
 
 CInvariantLocaleScope::~CInvariantLocaleScope() { uselocale(m_previous); }
@@ -115,15 +109,19 @@ CTextLocaleScope::~CTextLocaleScope() {
   if (m_snapshot != kNoLocale) freelocale(m_snapshot);
 }
 
+bool IsLocaleTextUtf8() {
+  const char* codeset = Codeset();
+  return std::strcmp(codeset, "UTF-8") == 0 || IsUnsetCodeset(codeset);
+}
+
 std::string LocalCodePageToUtf8(const char* text, size_t length) {
   if (text == nullptr) return std::string();
-  return detail::IsLocaleTextUtf8() ? WithoutMalformedUtf8(text, length)
-                                    : DecodeByLocale(text, length);
+  return IsLocaleTextUtf8() ? WithoutMalformedUtf8(text, length) : DecodeByLocale(text, length);
 }
 
 std::string Utf8ToLocalCodePage(const char* text, size_t length) {
   if (text == nullptr) return std::string();
-  if (detail::IsLocaleTextUtf8()) return WithoutMalformedUtf8(text, length);
+  if (IsLocaleTextUtf8()) return WithoutMalformedUtf8(text, length);
   const char* const end = text + length;
   const char* const firstNonAscii = text + detail::AsciiLength(text, length);
   if (firstNonAscii == end) return std::string(text, length);
@@ -139,7 +137,7 @@ std::string Utf8ToLocalCodePage(const char* text, size_t length) {
 
 std::string UnicodeToLocalCodePage(const wchar_t* text, size_t length) {
   if (text == nullptr || length == 0) return std::string();
-  if (!detail::IsLocaleTextUtf8()) {
+  if (!IsLocaleTextUtf8()) {
     CLocaleEncoder encoder;
     for (size_t i = 0; i < length; ++i) encoder.Append(static_cast<char32_t>(text[i]));
     return encoder.TakeText();

@@ -40,6 +40,9 @@ class QVXML_API CTextLocaleScope {
   locale_t m_snapshot;
 };
 
+/// Whether text of the locale is UTF-8, as it is in a program that never called setlocale.
+QVXML_API bool IsLocaleTextUtf8();
+
 /// Converts text of the locale's multibyte encoding to UTF-8. `length` counts bytes; null is empty.
 ///
 /// A byte that begins no character becomes "?" and reading resumes at the next byte; so do an

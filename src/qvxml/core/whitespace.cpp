@@ -79,8 +79,9 @@ std::string CWhitespaceUtils::ApplyRule(WhitespaceRule rule, const std::string& 
 
 namespace detail {
 
-CNormalisedText::CNormalisedText(CWhitespaceUtils::WhitespaceRule rule, std::string_view text)
-    : m_view(text) {
+void CNormalisedText::Normalise(CWhitespaceUtils::WhitespaceRule rule) {
+  m_isPlain = false;
+  const std::string_view text = m_view;
   switch (rule) {
     case CWhitespaceUtils::ws_none:
       return;
@@ -102,15 +103,6 @@ void CNormalisedText::Keep(std::string&& copy) {
   m_copy = std::move(copy);
   m_view = m_copy;
   m_isCopy = true;
-}
-
-const std::string& ApplyRule(CWhitespaceUtils::WhitespaceRule rule, const std::string& text,
-                             std::string& storage) {
-  CNormalisedText normalised(rule, text);
-  const std::string_view view = normalised.View();
-  if (view.data() == text.data() && view.size() == text.size()) return text;
-  storage = normalised.TakeText();
-  return storage;
 }
 
 }  // namespace detail

@@ -42,8 +42,7 @@ std::string_view WriteNumber(TInteger value, NumberBuffer& buffer) {
 // The usual text has too few digits for some values.
 template <class TReal>
 std::string_view WriteExactReal(TReal value, NumberBuffer& buffer) {
-  static const std::string kUsualFormat;
-  const std::string_view usual = WriteReal(value, kUsualFormat, buffer);
+  const std::string_view usual = WriteReal(value, nullptr, buffer);
   if (value - value != 0) return usual;
   TReal back = 0;
   const auto result = std::from_chars(usual.data(), usual.data() + usual.size(), back);

@@ -10,6 +10,7 @@
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/fastinfoset/fi_algorithms_internal.h"
 #include "qvxml/fastinfoset/fi_encoding_internal.h"
+#include "qvxml/fastinfoset/fi_output_internal.h"
 #include "qvxml/types/base64.h"
 
 namespace QvXmlLib16::detail {
@@ -49,13 +50,6 @@ bool PackPairs(const ByteTable& values, const char* text, size_t pairs,
     to[i] = static_cast<unsigned char>(high << 4 | low);
   }
   return seen < 16;
-}
-
-template <class TWord>
-void StoreBigEndian(TWord word, unsigned char* to) noexcept {
-  for (size_t i = 0; i < sizeof word; ++i) {
-    to[i] = static_cast<unsigned char>(word >> (8 * (sizeof word - 1 - i)));
-  }
 }
 
 // Decimal text with no needless character.

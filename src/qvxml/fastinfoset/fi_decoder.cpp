@@ -29,7 +29,7 @@ CDecoder::CDecoder(CXmlDocument& document, const CFastInfosetContext& context)
     : m_document(document),
       m_context(context),
       m_arena(document.Arena()),
-      m_convertsText(!IsInternalTextUtf8()),
+      m_convertsText(!IsLocaleTextUtf8()),
       m_keepsCData(!document.StripsCDATA()),
       m_input(document.m_input.GetData(), document.m_input.GetLength(),
               RepetitionLimit(document.m_input.GetLength(), context.GetMaxAmplification())),

@@ -5,7 +5,6 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
-#include "qvxml/core/locale_text_internal.h"
 #include "qvxml/fastinfoset/fi_encoder_internal.h"
 #include "qvxml/fastinfoset/fi_text_internal.h"
 
@@ -14,12 +13,6 @@ namespace QvXmlLib16::detail {
 using namespace fi;
 
 namespace {
-
-std::uint64_t TagOf(unsigned prefix, unsigned namespaceNumber) {
-  return static_cast<std::uint64_t>(prefix) << 32 | namespaceNumber;
-}
-
-constexpr size_t kFlushAt = 32768;
 
 bool IsFull(const CFIStringIndex& index) { return index.GetCount() >= kMaxEntries; }
 
@@ -120,14 +113,6 @@ unsigned CFIEncoder::FindNamespace(const std::string& namespaceUri) {
   return m_namespaces.Find(Utf8Of(namespaceUri));
 }
 
-void CFIEncoder::StartElement() {
-  if (m_output.GetPosition() >= kFlushAt) m_output.FlushTo(m_stream, m_isLastHalf ? 1 : 0);
-  m_isLastHalf = false;
-  m_elementStart = m_output.GetPosition();
-  m_declarationsEnd = 0;
-  m_hasAttributes = false;
-}
-
 void CFIEncoder::Declare(const std::string& prefix, const std::string& namespaceUri) {
   const bool isFirst = m_declarationsEnd == 0;
   const size_t start = m_output.GetPosition();
@@ -150,37 +135,8 @@ void CFIEncoder::Declare(const std::string& prefix, const std::string& namespace
   if (isFirst && isNameThere) *m_output.At(m_declarationsEnd + 1) &= ~kElementAttributes & 0xFF;
 }
 
-void CFIEncoder::ElementName(const std::string& localName, unsigned prefix,
-                             unsigned namespaceNumber) {
-  const std::uint64_t tag = TagOf(prefix, namespaceNumber);
-  if (const unsigned index = FindName(m_elementNames, localName, tag)) {
-    m_output.PutIndexOnThirdBit(0, index);
-  } else {
-    PutLiteralName(m_elementNames, kElementLiteralName, localName, tag);
-  }
-}
-
-void CFIEncoder::Attribute(const std::string& localName, unsigned prefix, unsigned namespaceNumber,
-                           const std::string& value, ItemType type) {
-  if (!m_hasAttributes) {
-    m_hasAttributes = true;
-    *m_output.At(m_elementStart) |= kElementAttributes;
-  }
-  const std::uint64_t tag = TagOf(prefix, namespaceNumber);
-  if (const unsigned index = FindName(m_attributeNames, localName, tag)) {
-    m_output.PutIndexOnSecondBit(0, index);
-  } else {
-    PutLiteralName(m_attributeNames, kAttributeLiteralName, localName, tag);
-  }
-  PutAttributeValue(value, type);
-}
-
-unsigned CFIEncoder::FindName(const CFIStringIndex& names, const std::string& localName,
-                              std::uint64_t tag) {
-  // Names that a table has need no check, and most come from a table.
-  if (m_isTextUtf8) {
-    if (const unsigned index = names.Find(localName, tag)) return index;
-  }
+unsigned CFIEncoder::FindConvertedName(const CFIStringIndex& names, const std::string& localName,
+                                       std::uint64_t tag) {
   const std::string& utf8 = Utf8Of(localName);
   return &utf8 != &localName || !m_isTextUtf8 ? names.Find(utf8, tag) : 0;
 }

@@ -55,14 +55,40 @@ class CFIEncoder {
   // Elements.
 
   /// Declarations may follow, then the name.
-  void StartElement();
+  void StartElement() {
+    constexpr size_t kFlushAt = 32768;
+    if (m_output.GetPosition() >= kFlushAt) m_output.FlushTo(m_stream, m_isLastHalf ? 1 : 0);
+    m_isLastHalf = false;
+    m_elementStart = m_output.GetPosition();
+    m_declarationsEnd = 0;
+    m_hasAttributes = false;
+  }
   /// `prefix` and `namespaceUri` may be "".
   void Declare(const std::string& prefix, const std::string& namespaceUri);
   /// Numbers of prefix and namespace, 0 for none.
-  void ElementName(const std::string& localName, unsigned prefix, unsigned namespaceNumber);
+  void ElementName(const std::string& localName, unsigned prefix, unsigned namespaceNumber) {
+    const std::uint64_t tag = TagOf(prefix, namespaceNumber);
+    if (const unsigned index = FindName(m_elementNames, localName, tag)) {
+      m_output.PutIndexOnThirdBit(0, index);
+    } else {
+      PutLiteralName(m_elementNames, fi::kElementLiteralName, localName, tag);
+    }
+  }
   /// Declarations may stand between attributes too.
   void Attribute(const std::string& localName, unsigned prefix, unsigned namespaceNumber,
-                 const std::string& value, ItemType type);
+                 const std::string& value, ItemType type) {
+    if (!m_hasAttributes) {
+      m_hasAttributes = true;
+      *m_output.At(m_elementStart) |= fi::kElementAttributes;
+    }
+    const std::uint64_t tag = TagOf(prefix, namespaceNumber);
+    if (const unsigned index = FindName(m_attributeNames, localName, tag)) {
+      m_output.PutIndexOnSecondBit(0, index);
+    } else {
+      PutLiteralName(m_attributeNames, fi::kAttributeLiteralName, localName, tag);
+    }
+    PutAttributeValue(value, type);
+  }
   void EndStartTag() {
     if (m_hasAttributes) Terminate();
     m_hasAttributes = false;
@@ -98,8 +124,17 @@ class CFIEncoder {
 
   void TakeVocabulary(const CFIVocabulary& vocabulary);
 
+  static std::uint64_t TagOf(unsigned prefix, unsigned namespaceNumber) noexcept {
+    return static_cast<std::uint64_t>(prefix) << 32 | namespaceNumber;
+  }
   // The number of a name in its table, or 0.
-  unsigned FindName(const CFIStringIndex& names, const std::string& localName, std::uint64_t tag);
+  unsigned FindName(const CFIStringIndex& names, const std::string& localName, std::uint64_t tag) {
+    // Names that a table has need no check, and most come from a table.
+    const unsigned number = m_isTextUtf8 ? names.Find(localName, tag) : 0;
+    return number != 0 ? number : FindConvertedName(names, localName, tag);
+  }
+  unsigned FindConvertedName(const CFIStringIndex& names, const std::string& localName,
+                             std::uint64_t tag);
   void PutLiteralName(CFIStringIndex& names, unsigned firstOctet, const std::string& localName,
                       std::uint64_t tag);
   void PutIdentifying(CFIStringIndex& index, const std::string& utf8);
@@ -116,6 +151,9 @@ class CFIEncoder {
   bool PutIndex(const StringTable& table, std::string_view utf8);
   template <class TPlace>
   void PutString(StringTable& table, const std::string& text, Encoding encoding);
+  // An alphabet of 0 is none.
+  template <class TPlace>
+  void PutShortString(StringTable& table, const std::string& text, unsigned alphabet);
   template <class TPlace>
   bool PutByAlgorithm(const std::string& text, unsigned algorithm);
   template <class TPlace>
@@ -124,8 +162,10 @@ class CFIEncoder {
   void PutLiteral(std::string_view text, bool isAdded);
   template <class TPlace>
   void PutUtf16(std::string_view text, bool isAdded);
+  // Returns the place behind the header.
   template <class TPlace>
-  void PutStringHeader(fi::StringForm form, unsigned index, bool isAdded, std::uint64_t length);
+  static unsigned char* PutStringHeader(unsigned char* to, fi::StringForm form, unsigned index,
+                                        bool isAdded, std::uint64_t length);
 
   // The text in UTF-8: itself, or a copy that serves until the next call. Throws for characters
   // that no document may hold.

@@ -1,6 +1,6 @@
 // Attribute values, runs of text, comments.
 
-#include <algorithm>
+#include <cstring>
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/unicode_internal.h"
@@ -51,10 +51,13 @@ struct CFIEncoder::InChunk {
 
 namespace {
 
+// Octets of the longest header of a character string.
+constexpr size_t kMostHeader = 6;
+
 // Whether a text has at most that many characters.
 bool IsWithin(std::string_view utf8, size_t limit) {
   if (utf8.size() <= limit) return true;
-  if (utf8.size() / 4 > limit) return false;
+  if (utf8.size() / 4 > limit || IsPlain(utf8)) return false;
   size_t characters = 0;
   for (const char octet : utf8) characters += (octet & 0xC0) != 0x80;
   return characters <= limit;
@@ -84,12 +87,25 @@ void CFIEncoder::PutString(StringTable& table, const std::string& text, Encoding
       PutByAlgorithm<TPlace>(text, encoding.index)) {
     return;
   }
+  const bool isInAlphabet = encoding.kind == CFastInfosetContext::EncodingKind_RestrictedAlphabet;
+  // ASCII that is too long for the table needs no look into it.
+  if (text.size() > table.limit && text.size() > table.index.GetLongest()) {
+    if (isInAlphabet) {
+      if (PutInAlphabet<TPlace>(text, encoding.index, false)) return;
+    } else if (IsPlain(text)) {
+      return PutLiteral<TPlace>(text, false);
+    }
+  }
+  PutShortString<TPlace>(table, text, isInAlphabet ? encoding.index : 0);
+}
+
+template <class TPlace>
+void CFIEncoder::PutShortString(StringTable& table, const std::string& text, unsigned alphabet) {
   if (m_isTextUtf8 && PutIndex<TPlace>(table, text)) return;
   const std::string& utf8 = Utf8Of(text);
   if ((&utf8 != &text || !m_isTextUtf8) && PutIndex<TPlace>(table, utf8)) return;
   const bool isAdded = IsWithin(utf8, table.limit) && table.index.GetCount() < kMaxEntries;
-  if (encoding.kind != CFastInfosetContext::EncodingKind_RestrictedAlphabet ||
-      !PutInAlphabet<TPlace>(utf8, encoding.index, isAdded)) {
+  if (alphabet == 0 || !PutInAlphabet<TPlace>(utf8, alphabet, isAdded)) {
     PutLiteral<TPlace>(utf8, isAdded);
   }
   if (isAdded) table.index.Add(utf8);
@@ -109,46 +125,42 @@ template <class TPlace>
 bool CFIEncoder::PutByAlgorithm(const std::string& text, unsigned algorithm) {
   const size_t length = GetAlgorithmLength(algorithm, text);
   if (length == 0 || length > kMaxLength) return false;
-  const size_t start = m_output.GetPosition();
-  PutStringHeader<TPlace>(kEncodingAlgorithm, algorithm, false, length);
-  const bool isWritten = WriteByAlgorithm(algorithm, text, m_output.Reserve(length));
-  if (isWritten) {
-    m_output.Advance(length);
-  } else {
-    m_output.ReturnTo(start);
-  }
-  return isWritten;
+  unsigned char* const start = m_output.Reserve(kMostHeader + length);
+  unsigned char* const payload =
+      PutStringHeader<TPlace>(start, kEncodingAlgorithm, algorithm, false, length);
+  if (!WriteByAlgorithm(algorithm, text, payload)) return false;
+  m_output.AdvanceTo(payload + length);
+  return true;
 }
 
 template <class TPlace>
 bool CFIEncoder::PutInAlphabet(const std::string& text, unsigned alphabet, bool isAdded) {
   const size_t length = GetAlphabetLength(alphabet, text);
   if (length == 0 || length > kMaxLength) return false;
-  const size_t start = m_output.GetPosition();
-  PutStringHeader<TPlace>(kRestrictedAlphabet, alphabet, isAdded, length);
-  const bool isWritten = WriteInAlphabet(alphabet, text, m_output.Reserve(length));
-  if (isWritten) {
-    m_output.Advance(length);
-  } else {
-    m_output.ReturnTo(start);
-  }
-  return isWritten;
+  unsigned char* const start = m_output.Reserve(kMostHeader + length);
+  unsigned char* const payload =
+      PutStringHeader<TPlace>(start, kRestrictedAlphabet, alphabet, isAdded, length);
+  if (!WriteInAlphabet(alphabet, text, payload)) return false;
+  m_output.AdvanceTo(payload + length);
+  return true;
 }
 
 template <class TPlace>
 void CFIEncoder::PutLiteral(std::string_view text, bool isAdded) {
   // In UTF-16 no character takes more than twice its octets.
   const size_t most = m_isUtf16 ? kMaxLength / 2 : kMaxLength;
-  while (!text.empty()) {
+  do {
     const std::string_view part = TPlace::FirstPart(text, most);
     if (m_isUtf16) {
       PutUtf16<TPlace>(part, isAdded);
     } else {
-      PutStringHeader<TPlace>(kUtf8, 0, isAdded, part.size());
-      m_output.Put(part);
+      unsigned char* const start = m_output.Reserve(kMostHeader + part.size());
+      unsigned char* const payload = PutStringHeader<TPlace>(start, kUtf8, 0, isAdded, part.size());
+      std::memcpy(payload, part.data(), part.size());
+      m_output.AdvanceTo(payload + part.size());
     }
     text.remove_prefix(part.size());
-  }
+  } while (!text.empty());
 }
 
 template <class TPlace>
@@ -159,7 +171,8 @@ void CFIEncoder::PutUtf16(std::string_view text, bool isAdded) {
     units += (octet & 0xC0) != 0x80;
     units += static_cast<unsigned char>(octet) >= 0xF0;
   }
-  PutStringHeader<TPlace>(kUtf16, 0, isAdded, 2 * units);
+  unsigned char* const start = m_output.Reserve(kMostHeader + 2 * units);
+  m_output.AdvanceTo(PutStringHeader<TPlace>(start, kUtf16, 0, isAdded, 2 * units));
   const char* const end = text.data() + text.size();
   for (const char* position = text.data(); position != end;) {
     char32_t character = 0;
@@ -173,23 +186,25 @@ void CFIEncoder::PutUtf16(std::string_view text, bool isAdded) {
 }
 
 template <class TPlace>
-void CFIEncoder::PutStringHeader(StringForm form, unsigned index, bool isAdded,
-                                 std::uint64_t length) {
+unsigned char* CFIEncoder::PutStringHeader(unsigned char* to, StringForm form, unsigned index,
+                                           bool isAdded, std::uint64_t length) {
   unsigned octet = TPlace::kFirstOctet | (isAdded ? TPlace::kAddToTable : 0u) |
                    static_cast<unsigned>(form) << TPlace::kLengthBits;
   if (form == kRestrictedAlphabet || form == kEncodingAlgorithm) {
-    m_output.Put(octet | (index - 1) >> (8 - TPlace::kLengthBits));
-    octet = (index - 1) << TPlace::kLengthBits & 0xFF;
+    *to++ = static_cast<unsigned char>(octet | (index - 1) >> (8 - TPlace::kLengthBits));
+    octet = (index - 1) << TPlace::kLengthBits;
   }
   if (length < TPlace::kLengths[1]) {
-    m_output.Put(octet | static_cast<unsigned>(length - 1));
+    *to++ = static_cast<unsigned char>(octet | static_cast<unsigned>(length - 1));
   } else if (length < TPlace::kLengths[2]) {
-    m_output.Put(octet | TPlace::kMediumLength);
-    m_output.Put(static_cast<unsigned>(length - TPlace::kLengths[1]));
+    *to++ = static_cast<unsigned char>(octet | TPlace::kMediumLength);
+    *to++ = static_cast<unsigned char>(length - TPlace::kLengths[1]);
   } else {
-    m_output.Put(octet | TPlace::kLongLength);
-    m_output.PutBigEndian(static_cast<std::uint32_t>(length - TPlace::kLengths[2]));
+    *to++ = static_cast<unsigned char>(octet | TPlace::kLongLength);
+    StoreBigEndian(static_cast<std::uint32_t>(length - TPlace::kLengths[2]), to);
+    to += 4;
   }
+  return to;
 }
 
 }  // namespace QvXmlLib16::detail

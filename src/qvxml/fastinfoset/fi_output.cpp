@@ -29,14 +29,6 @@ void CFIOutput::Grow(size_t count) {
   m_capacity = capacity;
 }
 
-unsigned char* CFIOutput::Insert(size_t position, size_t count) {
-  Reserve(count);
-  unsigned char* const at = m_bytes.get() + position;
-  std::memmove(at + count, at, m_length - position);
-  m_length += count;
-  return at;
-}
-
 // The forms for larger indices differ only in where they begin in the first octet, and in the
 // number of bits of each.
 

@@ -17,6 +17,13 @@ class CBinaryStream;  // xml/binary_stream.h
 
 namespace detail {
 
+template <class TWord>
+void StoreBigEndian(TWord word, unsigned char* to) noexcept {
+  for (size_t i = 0; i < sizeof word; ++i) {
+    to[i] = static_cast<unsigned char>(word >> (8 * (sizeof word - 1 - i)));
+  }
+}
+
 /// A buffer in front of a stream. Positions count from the start of the buffer, so they serve until
 /// the next FlushTo().
 class CFIOutput {
@@ -28,8 +35,6 @@ class CFIOutput {
 
   size_t GetPosition() const noexcept { return m_length; }
   unsigned char* At(size_t position) noexcept { return m_bytes.get() + position; }
-  /// Takes back what was written from `position` on.
-  void ReturnTo(size_t position) noexcept { m_length = position; }
   /// Appends all but the last `kept` octets to the stream.
   void FlushTo(CBinaryStream& stream, size_t kept);
 
@@ -43,20 +48,17 @@ class CFIOutput {
   }
   template <class TWord>
   void PutBigEndian(TWord word) {
-    unsigned char* const to = Reserve(sizeof word);
-    for (size_t i = 0; i < sizeof word; ++i) {
-      to[i] = static_cast<unsigned char>(word >> (8 * (sizeof word - 1 - i)));
-    }
+    StoreBigEndian(word, Reserve(sizeof word));
     m_length += sizeof word;
   }
-  /// Room for that many octets; Advance() by what was written.
+  /// Room for that many octets; AdvanceTo() the end of what was written.
   unsigned char* Reserve(size_t count) {
     if (m_capacity - m_length < count) Grow(count);
     return m_bytes.get() + m_length;
   }
-  void Advance(size_t count) noexcept { m_length += count; }
-  /// Makes room for `count` octets at `position`.
-  unsigned char* Insert(size_t position, size_t count);
+  void AdvanceTo(const unsigned char* end) noexcept {
+    m_length = static_cast<size_t>(end - m_bytes.get());
+  }
 
   // Indices; `context` holds the bits of the first octet that are not theirs.
 

@@ -134,7 +134,7 @@ void CFastInfosetWriter::WriteStartElement(const std::string& localName,
   if (m_place == Place::AfterRoot) throw CQvException("A document must have one element.");
   BeginItem();
   EndStartTag();
-  CXmlWriterContext& context = PushContext(localName, namespaceUri, 1);
+  CXmlWriterContext& context = PushContext(1);
   context.SetStartTagOpen(true);
   m_usedPrefixes.clear();
   m_encoder->StartElement();
@@ -181,7 +181,9 @@ void CFastInfosetWriter::WriteAttributeString(const std::string& localName,
                                               const std::string& value, ItemType type) {
   CXmlWriterContext& context = GetOpenStartTag();
   BeginItem();
-  if (!WriteDeclarationAttribute(context, localName, namespaceUri, value)) {
+  if (IsDeclarationName(localName, namespaceUri)) {
+    WriteDeclarationAttribute(context, localName, namespaceUri, value);
+  } else {
     const NamePrefix name = ResolveAttribute(context, namespaceUri);
     m_encoder->Attribute(localName, name.prefix, name.namespaceNumber, value, type);
   }

@@ -134,7 +134,9 @@ class QVXML_API CFastInfosetWriter : public CXmlWriter {
   // A prefix for a namespace that is not "", declared here or around.
   NamePrefix RequirePrefix(CXmlWriterContext& context, const std::string& namespaceUri);
   std::string MakePrefix(const CXmlWriterContext& context) const;
-  bool WriteDeclarationAttribute(CXmlWriterContext& context, const std::string& localName,
+  static bool IsDeclarationName(const std::string& localName,
+                                const std::string& namespaceUri) noexcept;
+  void WriteDeclarationAttribute(CXmlWriterContext& context, const std::string& localName,
                                  const std::string& namespaceUri, const std::string& value);
 
   // Whether the innermost declaration of the prefix, "" included, is for the namespace.

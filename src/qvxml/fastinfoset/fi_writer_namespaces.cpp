@@ -123,24 +123,29 @@ std::string CFastInfosetWriter::MakePrefix(const CXmlWriterContext& context) con
   return prefix;
 }
 
-bool CFastInfosetWriter::WriteDeclarationAttribute(CXmlWriterContext& context,
+bool CFastInfosetWriter::IsDeclarationName(const std::string& localName,
+                                           const std::string& namespaceUri) noexcept {
+  if (!namespaceUri.empty()) return namespaceUri == kDeclarationNamespace;
+  constexpr size_t kLength = kDeclarationName.size();
+  return localName.size() >= kLength && localName[0] == kDeclarationName[0] &&
+         localName.compare(0, kLength, kDeclarationName) == 0 &&
+         (localName.size() == kLength || localName[kLength] == ':');
+}
+
+void CFastInfosetWriter::WriteDeclarationAttribute(CXmlWriterContext& context,
                                                    const std::string& localName,
                                                    const std::string& namespaceUri,
                                                    const std::string& value) {
-  std::string prefix;
-  if (namespaceUri == kDeclarationNamespace) {
-    if (localName != kDeclarationName) prefix = localName;
-  } else if (!namespaceUri.empty() ||
-             localName.compare(0, kDeclarationName.size(), kDeclarationName) != 0) {
-    return false;
-  } else if (localName.size() > kDeclarationName.size()) {
-    if (localName[kDeclarationName.size()] != ':') return false;
-    prefix = localName.substr(kDeclarationName.size() + 1);
+  std::string prefix = localName;
+  if (namespaceUri.empty()) {
+    prefix.erase(0, kDeclarationName.size() + 1);
+  } else if (prefix == kDeclarationName) {
+    prefix.clear();
   }
-  if (IsReserved(prefix) || IsFixed(value) || (value.empty() && !prefix.empty())) return true;
+  if (IsReserved(prefix) || IsFixed(value) || (value.empty() && !prefix.empty())) return;
   NamePrefix numbers;
   const bool isDeclared = IsDeclared(prefix, value, numbers);
-  if (!isDeclared && !IsFree(prefix)) return true;
+  if (!isDeclared && !IsFree(prefix)) return;
   // One that is in force already is still the caller's to repeat, but not on one element.
   const bool isHere = isDeclared && m_bindings[numbers.prefix].depth == context.GetDepth();
   if (!isHere) Declare(prefix, value);
@@ -150,7 +155,6 @@ bool CFastInfosetWriter::WriteDeclarationAttribute(CXmlWriterContext& context,
     context.SetNamespaceMapValue(value, prefix);
   }
   NoteChange();
-  return true;
 }
 
 bool CFastInfosetWriter::IsDeclared(const std::string& prefix, const std::string& namespaceUri,

@@ -129,9 +129,15 @@ constinit CInstanceCounter CBase64::s_instances("CBase64");
 
 std::string CBase64::Encode(const unsigned char* bytes, unsigned long length) {
   std::string text;
-  if (bytes == nullptr || length == 0) return text;
-  text.resize(length / 3 * 4 + (length % 3 == 0 ? 0 : 4));
-  char* out = text.data();
+  Encode(bytes, length, text);
+  return text;
+}
+
+void CBase64::Encode(const unsigned char* bytes, unsigned long length, std::string& text) {
+  if (bytes == nullptr || length == 0) return;
+  const size_t before = text.size();
+  text.resize(before + length / 3 * 4 + (length % 3 == 0 ? 0 : 4));
+  char* out = text.data() + before;
   const unsigned char* const wholeEnd = bytes + length / 3 * 3;
   for (; bytes != wholeEnd; bytes += 3, out += 4) {
     const uint32_t bits = uint32_t{bytes[0]} << 16 | uint32_t{bytes[1]} << 8 | bytes[2];
@@ -139,12 +145,11 @@ std::string CBase64::Encode(const unsigned char* bytes, unsigned long length) {
     std::memcpy(out + 2, &kPairs[bits & 0xFFF], 2);
   }
   const unsigned long rest = length % 3;
-  if (rest == 0) return text;
+  if (rest == 0) return;
   const uint32_t bits = uint32_t{bytes[0]} << 16 | (rest == 2 ? uint32_t{bytes[1]} << 8 : 0);
   std::memcpy(out, &kPairs[bits >> 12], 2);
   out[2] = rest == 2 ? kPairs[bits & 0xFFF].first : '=';
   out[3] = '=';
-  return text;
 }
 
 unsigned long CBase64::Decode(const char* text, unsigned char* out) {

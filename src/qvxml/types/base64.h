@@ -16,6 +16,8 @@ class QVXML_API CBase64 : private TInstanceCounted<CBase64> {
   /// Four characters for each three bytes, padded with "=" to a multiple of four, no line breaks.
   /// "" for no bytes or null.
   static std::string Encode(const unsigned char* bytes, unsigned long length);
+  /// Appends the same to `text`.
+  static void Encode(const unsigned char* bytes, unsigned long length, std::string& text);
 
   /// Bytes that Decode may write for a text of `textLength` characters: three quarters, rounded up.
   static constexpr unsigned long GetDecodedCapacity(unsigned long textLength) noexcept {

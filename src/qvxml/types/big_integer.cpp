@@ -5,7 +5,10 @@
 
 #include <algorithm>
 #include <climits>
+#include <limits>
+#include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "qvxml/core/exception.h"
 #include "qvxml/types/big_integer_internal.h"
@@ -20,6 +23,17 @@ using detail::WideLimb;
 
 constinit CInstanceCounter CBigInteger::s_instances("CBigInteger");
 
+// Decimals and generated objects hold many of them.
+static_assert(sizeof(CBigInteger) == 24);
+
+namespace {
+
+WideLimb GetInlineMagnitude(const Limb (&limbs)[2]) {
+  return WideLimb{limbs[1]} * kLimbBase + limbs[0];
+}
+
+}  // namespace
+
 CBigInteger::CBigInteger(long long value)
     : CBigInteger(value < 0 ? 0 - static_cast<unsigned long long>(value)
                             : static_cast<unsigned long long>(value)) {
@@ -27,46 +41,56 @@ CBigInteger::CBigInteger(long long value)
 }
 
 CBigInteger::CBigInteger(unsigned long long value) {
-  if (value < kLimbBase) {
-    m_limb = value;
-  } else {
-    m_limbs = {value % kLimbBase, value / kLimbBase};
-  }
+  SetInline(value % kLimbBase, value / kLimbBase, false);
 }
 
-CBigInteger::CBigInteger(CBigInteger&& other) noexcept
-    : TInstanceCounted<CBigInteger>(),
-      m_limbs(std::move(other.m_limbs)),
-      m_limb(std::exchange(other.m_limb, 0)),
-      m_isNegative(std::exchange(other.m_isNegative, false)) {}
-
-CBigInteger& CBigInteger::operator=(CBigInteger&& other) noexcept {
-  if (this == &other) return *this;
-  m_limbs = std::move(other.m_limbs);
-  other.m_limbs.clear();
-  m_limb = std::exchange(other.m_limb, 0);
-  m_isNegative = std::exchange(other.m_isNegative, false);
-  return *this;
+void CBigInteger::CopyHeapLimbs(const CBigInteger& other) {
+  // Nothing here to release if there is no memory: this one is under construction.
+  Limb* const limbs = new Limb[other.m_limbCount];
+  std::copy(other.GetLimbs(), other.GetLimbs() + other.m_limbCount, limbs);
+  m_storage.heap = {limbs, other.m_limbCount};
 }
 
-void CBigInteger::SetSmall(Limb limb, bool isNegative) noexcept {
-  m_limbs.clear();
-  m_limb = limb;
-  m_isNegative = isNegative && limb != 0;
+// The limbs may have leading zeros; they must not be this value's own.
+void CBigInteger::AssignLimbs(const Limb* limbs, std::size_t count, bool isNegative) {
+  CBigInteger value;
+  value.Widen(count);
+  std::copy(limbs, limbs + count, value.GetLimbs());
+  value.m_isNegative = isNegative;
+  value.Trim();
+  *this = std::move(value);
 }
 
-// Brings the magnitude into m_limbs, with zeros above it up to `limbCount`.
+// Gives the magnitude at least as many limbs, the new ones zero, to be filled and trimmed.
 void CBigInteger::Widen(std::size_t limbCount) {
-  const bool wasSmall = m_limbs.empty();
-  m_limbs.resize(limbCount);
-  if (wasSmall && limbCount != 0) m_limbs[0] = std::exchange(m_limb, 0);
+  if (limbCount <= m_limbCount) return;
+  const std::size_t capacity = IsInline() ? kInlineLimbs : m_storage.heap.capacity;
+  if (limbCount > capacity) {
+    if (limbCount > std::numeric_limits<std::uint32_t>::max()) {
+      throw std::length_error("CBigInteger");
+    }
+    const std::size_t newCapacity = IsInline() ? limbCount : std::max(limbCount, 2 * capacity);
+    Limb* const limbs = new Limb[newCapacity];
+    std::copy(GetLimbs(), GetLimbs() + m_limbCount, limbs);
+    ReleaseLimbs();
+    m_storage.heap = {limbs, newCapacity};
+    std::fill(limbs + m_limbCount, limbs + limbCount, 0);
+  } else if (limbCount > kInlineLimbs) {
+    std::fill(m_storage.heap.limbs + m_limbCount, m_storage.heap.limbs + limbCount, 0);
+  }
+  m_limbCount = static_cast<std::uint32_t>(limbCount);
 }
 
-// Makes a value of m_limbs, whatever m_limb holds.
+// Makes a value again of limbs that may have leading zeros.
 void CBigInteger::Trim() noexcept {
-  while (!m_limbs.empty() && m_limbs.back() == 0) m_limbs.pop_back();
-  m_limb = 0;
-  if (m_limbs.size() <= 1) SetSmall(m_limbs.empty() ? 0 : m_limbs[0], m_isNegative);
+  const Limb* const limbs = GetLimbs();
+  std::size_t count = m_limbCount;
+  while (count != 0 && limbs[count - 1] == 0) --count;
+  if (count <= kInlineLimbs) {
+    SetInline(count != 0 ? limbs[0] : 0, count > 1 ? limbs[1] : 0, m_isNegative);
+  } else {
+    m_limbCount = static_cast<std::uint32_t>(count);
+  }
 }
 
 CBigInteger CBigInteger::GetAbs() const {
@@ -76,8 +100,8 @@ CBigInteger CBigInteger::GetAbs() const {
 }
 
 std::size_t CBigInteger::GetDigitCount() const noexcept {
-  if (IsSmall()) return detail::CountDigits(m_limb);
-  return (m_limbs.size() - 1) * kLimbDigits + detail::CountDigits(m_limbs.back());
+  if (IsOneLimb()) return detail::CountDigits(GetLimb());
+  return (m_limbCount - 1) * kLimbDigits + detail::CountDigits(GetLimbs()[m_limbCount - 1]);
 }
 
 std::size_t CBigInteger::GetTrailingZeroCount() const noexcept {
@@ -91,9 +115,8 @@ std::size_t CBigInteger::GetTrailingZeroCount() const noexcept {
 }
 
 int CBigInteger::CompareMagnitude(const CBigInteger& other) const noexcept {
-  const std::size_t count = GetLimbCount();
-  if (count != other.GetLimbCount()) return count < other.GetLimbCount() ? -1 : 1;
-  return detail::CompareLimbs(GetLimbs(), other.GetLimbs(), count);
+  if (m_limbCount != other.m_limbCount) return m_limbCount < other.m_limbCount ? -1 : 1;
+  return detail::CompareLimbs(GetLimbs(), other.GetLimbs(), m_limbCount);
 }
 
 int CBigInteger::Compare(const CBigInteger& other) const noexcept {
@@ -103,10 +126,8 @@ int CBigInteger::Compare(const CBigInteger& other) const noexcept {
 }
 
 bool CBigInteger::FitsLongLong() const noexcept {
-  if (GetLimbCount() > 2) return false;
-  if (IsSmall()) return true;
-  const WideLimb magnitude = WideLimb{m_limbs[1]} * kLimbBase + m_limbs[0];
-  return magnitude <= static_cast<WideLimb>(LLONG_MAX) + (m_isNegative ? 1 : 0);
+  return IsInline() && GetInlineMagnitude(m_storage.limbs) <=
+                           static_cast<WideLimb>(LLONG_MAX) + (m_isNegative ? 1 : 0);
 }
 
 long CBigInteger::ToLong() const {
@@ -121,7 +142,7 @@ long long CBigInteger::ToLongLong() const {
   if (!FitsLongLong()) {
     throw CQvOverFlowException("The Big Integer value if to large to fit into a LONGLONG");
   }
-  const Limb magnitude = IsSmall() ? m_limb : m_limbs[1] * kLimbBase + m_limbs[0];
+  const Limb magnitude = static_cast<Limb>(GetInlineMagnitude(m_storage.limbs));
   return static_cast<long long>(m_isNegative ? 0 - magnitude : magnitude);
 }
 
@@ -162,36 +183,35 @@ CBigInteger& CBigInteger::AddSigned(const CBigInteger& other, bool isOtherNegati
 }
 
 void CBigInteger::AddMagnitude(const CBigInteger& other) {
-  if (IsSmall() && other.IsSmall() && m_limb + other.m_limb < kLimbBase) {
-    m_limb += other.m_limb;
-    return;
+  if (IsInline() && other.IsInline()) {
+    const Limb low = m_storage.limbs[0] + other.m_storage.limbs[0];
+    const Limb carry = low >= kLimbBase ? 1 : 0;
+    const Limb high = m_storage.limbs[1] + other.m_storage.limbs[1] + carry;
+    if (high < kLimbBase) return SetInline(low - carry * kLimbBase, high, m_isNegative);
   }
-  const std::size_t otherCount = other.GetLimbCount();
-  const std::size_t count = std::max(GetLimbCount(), otherCount);
+  const std::size_t otherCount = other.m_limbCount;
+  const std::size_t count = std::max<std::size_t>(m_limbCount, otherCount);
   Limb topSum = 1;
-  if (GetLimbCount() == count) topSum += GetLimbs()[count - 1];
+  if (m_limbCount == count) topSum += GetLimbs()[count - 1];
   if (otherCount == count) topSum += other.GetLimbs()[count - 1];
-  // Room for a carry only where there may be one: growing a full vector copies it.
+  // Room for a carry only where there may be one: growing a full array copies it.
   Widen(topSum >= kLimbBase ? count + 1 : count);
-  detail::AddLimbs(m_limbs.data(), m_limbs.size(), other.GetLimbs(), otherCount);
+  detail::AddLimbs(GetLimbs(), m_limbCount, other.GetLimbs(), otherCount);
   Trim();
 }
 
 void CBigInteger::SubtractMagnitude(const CBigInteger& other) {
-  if (IsSmall() && other.IsSmall()) {
-    const bool isLess = m_limb < other.m_limb;
-    SetSmall(isLess ? other.m_limb - m_limb : m_limb - other.m_limb, m_isNegative != isLess);
-    return;
-  }
-  if (CompareMagnitude(other) >= 0) {
-    detail::SubtractLimbs(m_limbs.data(), m_limbs.size(), other.GetLimbs(), other.GetLimbCount());
+  const int order = CompareMagnitude(other);
+  if (order < 0) {
+    CBigInteger difference(other);
+    detail::SubtractLimbs(difference.GetLimbs(), difference.m_limbCount, GetLimbs(), m_limbCount);
+    difference.m_isNegative = !m_isNegative;
+    difference.Trim();
+    *this = std::move(difference);
   } else {
-    std::vector<Limb> difference(other.m_limbs);
-    detail::SubtractLimbs(difference.data(), difference.size(), GetLimbs(), GetLimbCount());
-    m_limbs = std::move(difference);
-    m_isNegative = !m_isNegative;
+    detail::SubtractLimbs(GetLimbs(), m_limbCount, other.GetLimbs(), other.m_limbCount);
+    Trim();
   }
-  Trim();
 }
 
 CBigInteger operator+(const CBigInteger& left, const CBigInteger& right) {
@@ -208,21 +228,18 @@ CBigInteger operator-(const CBigInteger& left, const CBigInteger& right) {
 
 CBigInteger operator*(const CBigInteger& left, const CBigInteger& right) {
   CBigInteger product;
-  if (left.IsSmall() && right.IsSmall()) {
+  const bool isNegative = left.m_isNegative != right.m_isNegative;
+  if (left.IsOneLimb() && right.IsOneLimb()) {
     Limb low = 0;
-    const Limb high = detail::SplitLimb(WideLimb{left.m_limb} * right.m_limb, low);
-    if (high != 0) {
-      product.m_limbs = {low, high};
-    } else {
-      product.m_limb = low;
-    }
-  } else {
-    product.m_limbs.resize(left.GetLimbCount() + right.GetLimbCount());
-    detail::MultiplyLimbs(product.m_limbs.data(), left.GetLimbs(), left.GetLimbCount(),
-                          right.GetLimbs(), right.GetLimbCount());
+    const Limb high = detail::SplitLimb(WideLimb{left.GetLimb()} * right.GetLimb(), low);
+    product.SetInline(low, high, isNegative);
+  } else if (!left.IsZero() && !right.IsZero()) {
+    product.Widen(std::size_t{left.m_limbCount} + right.m_limbCount);
+    detail::MultiplyLimbs(product.GetLimbs(), left.GetLimbs(), left.m_limbCount, right.GetLimbs(),
+                          right.m_limbCount);
+    product.m_isNegative = isNegative;
     product.Trim();
   }
-  product.m_isNegative = left.m_isNegative != right.m_isNegative && !product.IsZero();
   return product;
 }
 
@@ -258,8 +275,10 @@ void CBigInteger::Divide(const CBigInteger& dividend, const CBigInteger& divisor
   CBigInteger rest;
   if (dividend.CompareMagnitude(divisor) < 0) {
     rest = dividend;
-  } else if (divisor.IsSmall()) {
-    DivideBySmall(dividend, divisor.m_limb, wholes, rest);
+  } else if (dividend.IsInline()) {
+    DivideInline(dividend, divisor, wholes, rest);
+  } else if (divisor.IsOneLimb()) {
+    DivideByLimb(dividend, divisor.GetLimb(), wholes, rest);
   } else {
     DivideByLong(dividend, divisor, wholes, rest);
   }
@@ -269,65 +288,78 @@ void CBigInteger::Divide(const CBigInteger& dividend, const CBigInteger& divisor
   if (remainder != nullptr) *remainder = std::move(rest);
 }
 
-void CBigInteger::DivideBySmall(const CBigInteger& dividend, Limb divisor, CBigInteger& quotient,
-                                CBigInteger& remainder) {
-  if (dividend.IsSmall()) {
-    quotient.m_limb = dividend.m_limb / divisor;
-    remainder.m_limb = dividend.m_limb % divisor;
+void CBigInteger::DivideInline(const CBigInteger& dividend, const CBigInteger& divisor,
+                               CBigInteger& quotient, CBigInteger& remainder) noexcept {
+  if (dividend.IsOneLimb()) {
+    quotient.SetInline(dividend.GetLimb() / divisor.GetLimb(), 0, false);
+    remainder.SetInline(dividend.GetLimb() % divisor.GetLimb(), 0, false);
     return;
   }
-  quotient.m_limbs = dividend.m_limbs;
-  remainder.m_limb = detail::DivideByLimb(quotient.m_limbs.data(), quotient.m_limbs.size(),
-                                          detail::CLimbDivider(divisor));
+  const WideLimb whole = GetInlineMagnitude(dividend.m_storage.limbs);
+  const WideLimb part = GetInlineMagnitude(divisor.m_storage.limbs);
+  const WideLimb result = whole / part;
+  Limb low = 0;
+  Limb high = detail::SplitLimb(result, low);
+  quotient.SetInline(low, high, false);
+  high = detail::SplitLimb(whole - result * part, low);
+  remainder.SetInline(low, high, false);
+}
+
+void CBigInteger::DivideByLimb(const CBigInteger& dividend, Limb divisor, CBigInteger& quotient,
+                               CBigInteger& remainder) {
+  quotient = dividend;
+  remainder.SetInline(detail::DivideByLimb(quotient.GetLimbs(), quotient.m_limbCount,
+                                           detail::CLimbDivider(divisor)),
+                      0, false);
   quotient.Trim();
 }
 
 void CBigInteger::DivideByLong(const CBigInteger& dividend, const CBigInteger& divisor,
                                CBigInteger& quotient, CBigInteger& remainder) {
-  remainder.m_limbs.reserve(dividend.m_limbs.size() + 1);
-  remainder.m_limbs = dividend.m_limbs;
-  std::vector<Limb> scaledDivisor(divisor.m_limbs);
-  quotient.m_limbs = detail::DivideLimbs(remainder.m_limbs, scaledDivisor);
-  quotient.Trim();
-  remainder.Trim();
+  std::vector<Limb> rest;
+  rest.reserve(std::size_t{dividend.m_limbCount} + 1);
+  rest.assign(dividend.GetLimbs(), dividend.GetLimbs() + dividend.m_limbCount);
+  std::vector<Limb> scaledDivisor(divisor.GetLimbs(), divisor.GetLimbs() + divisor.m_limbCount);
+  const std::vector<Limb> wholes = detail::DivideLimbs(rest, scaledDivisor);
+  quotient.AssignLimbs(wholes.data(), wholes.size(), false);
+  remainder.AssignLimbs(rest.data(), rest.size(), false);
 }
 
 CBigInteger& CBigInteger::MultiplyByPow10(std::size_t exponent) {
   if (IsZero() || exponent == 0) return *this;
   const std::size_t shift = exponent / kLimbDigits;
   const Limb factor = kPowersOfTen[exponent % kLimbDigits];
-  if (IsSmall() && shift == 0) {
+  if (IsOneLimb() && shift == 0) {
     Limb low = 0;
-    const Limb high = detail::SplitLimb(WideLimb{m_limb} * factor, low);
-    if (high == 0) {
-      m_limb = low;
-      return *this;
-    }
+    const Limb high = detail::SplitLimb(WideLimb{GetLimb()} * factor, low);
+    SetInline(low, high, m_isNegative);
+    return *this;
   }
-  const std::size_t count = GetLimbCount();
-  std::vector<Limb> scaled(count + shift + 1);
-  std::copy(GetLimbs(), GetLimbs() + count, scaled.data() + shift);
-  scaled[count + shift] = detail::MultiplyByLimb(scaled.data() + shift, count, factor);
-  m_limbs = std::move(scaled);
-  Trim();
-  return *this;
+  const std::size_t count = m_limbCount;
+  const bool mayCarry = WideLimb{GetLimbs()[count - 1] + 1} * factor > kLimbBase;
+  CBigInteger scaled;
+  scaled.Widen(count + shift + (mayCarry ? 1 : 0));
+  Limb* const limbs = scaled.GetLimbs() + shift;
+  std::copy(GetLimbs(), GetLimbs() + count, limbs);
+  const Limb carry = detail::MultiplyByLimb(limbs, count, factor);
+  if (mayCarry) limbs[count] = carry;
+  scaled.m_isNegative = m_isNegative;
+  scaled.Trim();
+  return *this = std::move(scaled);
 }
 
 // The magnitude modulo 10^count, with the sign of the value.
 CBigInteger CBigInteger::TakeLowDigits(std::size_t count) const {
   CBigInteger low;
-  const std::size_t wholeLimbs = std::min(count / kLimbDigits, GetLimbCount());
-  const Limb* limbs = GetLimbs();
+  const std::size_t wholeLimbs = std::min<std::size_t>(count / kLimbDigits, m_limbCount);
+  const Limb* const limbs = GetLimbs();
   Limb top = 0;
-  if (wholeLimbs < GetLimbCount()) top = limbs[wholeLimbs] % kPowersOfTen[count % kLimbDigits];
-  if (wholeLimbs == 0) {
-    low.m_limb = top;
-  } else {
-    low.m_limbs.assign(limbs, limbs + wholeLimbs);
-    low.m_limbs.push_back(top);
-    low.Trim();
-  }
-  low.m_isNegative = m_isNegative && !low.IsZero();
+  if (wholeLimbs < m_limbCount) top = limbs[wholeLimbs] % kPowersOfTen[count % kLimbDigits];
+  low.Widen(wholeLimbs + (top != 0 ? 1 : 0));
+  std::copy(limbs, limbs + wholeLimbs, low.GetLimbs());
+  if (top != 0) low.GetLimbs()[wholeLimbs] = top;
+  low.m_isNegative = m_isNegative;
+  low.Trim();
   return low;
 }
 
@@ -335,15 +367,18 @@ CBigInteger& CBigInteger::DivideByPow10(std::size_t exponent, CBigInteger* remai
   if (remainder != nullptr) *remainder = TakeLowDigits(exponent);
   const std::size_t shift = exponent / kLimbDigits;
   const Limb divisor = kPowersOfTen[exponent % kLimbDigits];
-  if (shift >= GetLimbCount()) {
-    SetSmall(0, false);
-  } else if (IsSmall()) {
-    SetSmall(m_limb / divisor, m_isNegative);
+  if (shift >= m_limbCount) {
+    SetInline(0, 0, false);
+  } else if (IsOneLimb()) {
+    SetInline(GetLimb() / divisor, 0, m_isNegative);
   } else {
-    m_limbs.erase(m_limbs.begin(), m_limbs.begin() + static_cast<std::ptrdiff_t>(shift));
-    if (divisor != 1) {
-      detail::DivideByLimb(m_limbs.data(), m_limbs.size(), detail::CLimbDivider(divisor));
+    Limb* const limbs = GetLimbs();
+    const std::size_t count = m_limbCount - shift;
+    if (shift != 0) {
+      std::copy(limbs + shift, limbs + m_limbCount, limbs);
+      std::fill(limbs + count, limbs + m_limbCount, 0);
     }
+    if (divisor != 1) detail::DivideByLimb(limbs, count, detail::CLimbDivider(divisor));
     Trim();
   }
   return *this;

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "qvxml/support/export.h"
 #include "qvxml/support/instance_monitor.h"
@@ -16,8 +15,8 @@ namespace QvXmlLib16 {
 /// An exact signed integer of any length.
 ///
 /// A value: copies are independent, zero is never negative, a moved-from object is zero. Magnitudes
-/// below 10^18 take no heap memory. Text is read and written, and powers of ten are applied, in
-/// time linear in the number of digits.
+/// below 10^36, and so all of 64 bits, take no heap memory. Text is read and written, and powers of
+/// ten are applied, in time linear in the number of digits.
 ///
 /// Operations whose result needs memory throw std::bad_alloc or std::length_error when there is not
 /// enough, and leave their operands as they were. Text and exponents are limited (see
@@ -38,11 +37,36 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   CBigInteger(const char* text);
   /// The value of the whole of `text`: an embedded NUL is an invalid character.
   explicit CBigInteger(const std::string& text);
-  CBigInteger(const CBigInteger&) = default;
-  CBigInteger(CBigInteger&& other) noexcept;
-  CBigInteger& operator=(const CBigInteger&) = default;
-  CBigInteger& operator=(CBigInteger&& other) noexcept;
-  ~CBigInteger() = default;
+  CBigInteger(const CBigInteger& other)
+      : TInstanceCounted<CBigInteger>(),
+        m_storage(other.m_storage),
+        m_limbCount(other.m_limbCount),
+        m_isNegative(other.m_isNegative) {
+    if (!other.IsInline()) CopyHeapLimbs(other);
+  }
+  CBigInteger(CBigInteger&& other) noexcept
+      : TInstanceCounted<CBigInteger>(),
+        m_storage(other.m_storage),
+        m_limbCount(other.m_limbCount),
+        m_isNegative(other.m_isNegative) {
+    other.ForgetLimbs();
+  }
+  CBigInteger& operator=(const CBigInteger& other) {
+    if (IsInline() && other.IsInline()) {
+      TakeLimbs(other);
+    } else {
+      *this = CBigInteger(other);
+    }
+    return *this;
+  }
+  CBigInteger& operator=(CBigInteger&& other) noexcept {
+    if (this == &other) return *this;
+    ReleaseLimbs();
+    TakeLimbs(other);
+    other.ForgetLimbs();
+    return *this;
+  }
+  ~CBigInteger() { ReleaseLimbs(); }
 
   /// 10^exponent. An exponent above the exponent limit throws CQvInvalidValueException with the
   /// message of Parse for the text "1E<exponent>" and the position of its "E".
@@ -75,10 +99,12 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   void Parse(const char* text, std::size_t length);
   /// The decimal digits without leading zeros, after "-" when negative; "0" for zero.
   std::string ToString() const;
+  /// Appends the same to `text`.
+  void AppendTo(std::string& text) const;
 
   // Inspection.
 
-  bool IsZero() const noexcept { return m_limbs.empty() && m_limb == 0; }
+  bool IsZero() const noexcept { return m_limbCount == 0; }
   /// True when below zero.
   bool IsNegative() const noexcept { return m_isNegative; }
   /// True when below zero.
@@ -162,36 +188,74 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   friend class CDecimal;
   static CInstanceCounter s_instances;
 
-  // The magnitude in base 10^18, least significant limb first. One limb or none is held in m_limb
-  // with m_limbs empty; otherwise m_limbs has no leading zero and m_limb is 0.
-  std::size_t GetLimbCount() const noexcept {
-    return m_limbs.empty() ? static_cast<std::size_t>(m_limb != 0) : m_limbs.size();
-  }
+  // The magnitude in base 10^18, least significant limb first and without leading zeros. Up to two
+  // limbs are held in the object, zeros above them; only more are on the heap.
+  static constexpr std::size_t kInlineLimbs = 2;
+  struct HeapLimbs {
+    std::uint64_t* limbs;
+    std::size_t capacity;
+  };
+  union Storage {
+    std::uint64_t limbs[kInlineLimbs];
+    HeapLimbs heap;
+  };
+
+  bool IsInline() const noexcept { return m_limbCount <= kInlineLimbs; }
+  bool IsOneLimb() const noexcept { return m_limbCount <= 1; }
   const std::uint64_t* GetLimbs() const noexcept {
-    return m_limbs.empty() ? &m_limb : m_limbs.data();
+    return IsInline() ? m_storage.limbs : m_storage.heap.limbs;
   }
-  bool IsSmall() const noexcept { return m_limbs.empty(); }
-  void SetSmall(std::uint64_t limb, bool isNegative) noexcept;
+  std::uint64_t* GetLimbs() noexcept { return IsInline() ? m_storage.limbs : m_storage.heap.limbs; }
+  // The lowest limb of a magnitude of at most one.
+  std::uint64_t GetLimb() const noexcept { return m_storage.limbs[0]; }
+  void SetInline(std::uint64_t low, std::uint64_t high, bool isNegative) noexcept {
+    ReleaseLimbs();
+    m_storage.limbs[0] = low;
+    m_storage.limbs[1] = high;
+    m_limbCount = high != 0 ? 2 : static_cast<std::uint32_t>(low != 0);
+    m_isNegative = isNegative && m_limbCount != 0;
+  }
+  void AssignLimbs(const std::uint64_t* limbs, std::size_t count, bool isNegative);
   void Widen(std::size_t limbCount);
   void Trim() noexcept;
+
+  // Afterwards the storage is to be set anew.
+  void ReleaseLimbs() noexcept {
+    if (!IsInline()) delete[] m_storage.heap.limbs;
+  }
+  // The other must not release what this one has then.
+  void TakeLimbs(const CBigInteger& other) noexcept {
+    m_storage = other.m_storage;
+    m_limbCount = other.m_limbCount;
+    m_isNegative = other.m_isNegative;
+  }
+  void ForgetLimbs() noexcept {
+    m_storage = Storage{{0, 0}};
+    m_limbCount = 0;
+    m_isNegative = false;
+  }
+  void CopyHeapLimbs(const CBigInteger& other);
 
   int CompareMagnitude(const CBigInteger& other) const noexcept;
   CBigInteger& AddSigned(const CBigInteger& other, bool isOtherNegative);
   void AddMagnitude(const CBigInteger& other);
   void SubtractMagnitude(const CBigInteger& other);
-  static void DivideBySmall(const CBigInteger& dividend, std::uint64_t divisor,
-                            CBigInteger& quotient, CBigInteger& remainder);
+  static void DivideInline(const CBigInteger& dividend, const CBigInteger& divisor,
+                           CBigInteger& quotient, CBigInteger& remainder) noexcept;
+  static void DivideByLimb(const CBigInteger& dividend, std::uint64_t divisor,
+                           CBigInteger& quotient, CBigInteger& remainder);
   static void DivideByLong(const CBigInteger& dividend, const CBigInteger& divisor,
                            CBigInteger& quotient, CBigInteger& remainder);
   CBigInteger TakeLowDigits(std::size_t count) const;
 
-  // Sets the value from `count` digits, which the caller has checked. Cannot fail for up to 18.
+  bool ParseShort(const char* text, std::size_t length) noexcept;
+  // Sets the value from `count` digits, which the caller has checked. Cannot fail for up to 36.
   void AssignDigits(const char* digits, std::size_t count, bool isNegative);
   // Writes the magnitude as exactly `width` digits, zeros in front; `width` holds all its digits.
   void WriteDigits(char* target, std::size_t width) const noexcept;
 
-  std::vector<std::uint64_t> m_limbs;
-  std::uint64_t m_limb = 0;
+  Storage m_storage = {{0, 0}};
+  std::uint32_t m_limbCount = 0;
   bool m_isNegative = false;
 };
 

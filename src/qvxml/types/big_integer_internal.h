@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "qvxml/core/digits_internal.h"
+
 namespace QvXmlLib16::detail {
 
 using Limb = std::uint64_t;
@@ -21,8 +23,8 @@ __extension__ typedef unsigned __int128 WideLimb;
 inline constexpr std::size_t kLimbDigits = 18;
 inline constexpr Limb kLimbBase = 1'000'000'000'000'000'000;
 
-inline constexpr std::array<Limb, kLimbDigits> kPowersOfTen = [] {
-  std::array<Limb, kLimbDigits> powers{};
+inline constexpr std::array<Limb, kLimbDigits + 1> kPowersOfTen = [] {
+  std::array<Limb, kLimbDigits + 1> powers{};
   Limb power = 1;
   for (Limb& entry : powers) {
     entry = power;
@@ -76,9 +78,21 @@ inline Limb SplitLimb(WideLimb value, Limb& low) {
 
 /// Number of decimal digits of a limb; 1 for zero.
 inline std::size_t CountDigits(Limb limb) {
-  std::size_t count = 1;
-  while (count < kLimbDigits && limb >= kPowersOfTen[count]) ++count;
-  return count;
+  // The logarithm by that to base 2, one too low at the most: 1233 / 4096 is just above log10(2).
+  const std::size_t bits = static_cast<std::size_t>(std::bit_width(limb | 1));
+  const std::size_t count = bits * 1233 >> 12;
+  return count + (limb >= kPowersOfTen[count] ? 1 : 0) + (limb == 0 ? 1 : 0);
+}
+
+/// Writes the lowest `count` digits of a limb in front of `end` and returns where they begin.
+inline char* WriteLimb(char* end, Limb limb, std::size_t count) {
+  for (; count >= 2; count -= 2) {
+    end -= 2;
+    WriteTwoDigits(end, static_cast<unsigned>(limb % 100));
+    limb /= 100;
+  }
+  if (count != 0) *--end = static_cast<char>('0' + limb % 10);
+  return end;
 }
 
 /// -1, 0 or 1 for two magnitudes of `count` limbs.

@@ -7,7 +7,9 @@
 #include <cmath>
 #include <cstring>
 #include <string>
+#include <string_view>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/whitespace.h"
@@ -16,6 +18,7 @@
 
 namespace QvXmlLib16 {
 
+using detail::IsDigit;
 using detail::kLimbBase;
 using detail::kLimbDigits;
 using detail::Limb;
@@ -29,8 +32,6 @@ constexpr unsigned int kGreatestLimit = 1'000'000'000;
 constinit std::atomic<std::size_t> g_digitLimit{kDefaultLimit};
 constinit std::atomic<unsigned int> g_exponentLimit{kDefaultLimit};
 
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
-
 [[noreturn]] void ThrowInvalidChar(const char* text, std::size_t length, std::size_t position) {
   throw CQvInvalidValueException(FormatString(
       "The string representing a Big Integer, contained an invalid char at position %d [%s].",
@@ -41,42 +42,8 @@ bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 // Reads at most 18 digits.
 Limb ReadLimb(const char* digits, std::size_t count) {
   Limb limb = 0;
-  for (std::size_t index = 0; index < count; ++index) {
-    limb = limb * 10 + static_cast<Limb>(digits[index] - '0');
-  }
+  static_cast<void>(detail::ReadShortNumber(std::string_view(digits, count), limb));
   return limb;
-}
-
-// Two chains of multiplications run side by side in the processor.
-Limb ReadWholeLimb(const char* digits) {
-  constexpr std::size_t kHalf = kLimbDigits / 2;
-  Limb high = 0;
-  Limb low = 0;
-  for (std::size_t index = 0; index < kHalf; ++index) {
-    high = high * 10 + static_cast<Limb>(digits[index] - '0');
-    low = low * 10 + static_cast<Limb>(digits[index + kHalf] - '0');
-  }
-  return high * detail::kPowersOfTen[kHalf] + low;
-}
-
-constexpr auto kDigitPairs = [] {
-  std::array<char, 200> pairs{};
-  for (std::size_t number = 0; number < 100; ++number) {
-    pairs[2 * number] = static_cast<char>('0' + number / 10);
-    pairs[2 * number + 1] = static_cast<char>('0' + number % 10);
-  }
-  return pairs;
-}();
-
-// Writes the lowest `count` digits of a limb in front of `end` and returns where they begin.
-char* WriteLimb(char* end, Limb limb, std::size_t count) {
-  for (; count >= 2; count -= 2) {
-    end -= 2;
-    std::memcpy(end, &kDigitPairs[2 * (limb % 100)], 2);
-    limb /= 100;
-  }
-  if (count != 0) *--end = static_cast<char>('0' + limb % 10);
-  return end;
 }
 
 }  // namespace
@@ -111,7 +78,18 @@ CBigInteger CBigInteger::Pow10(unsigned int exponent) {
 
 void CBigInteger::Parse(const char* text) { Parse(text, text == nullptr ? 0 : std::strlen(text)); }
 
+// Reads an optional minus and a few digits; false for everything else.
+bool CBigInteger::ParseShort(const char* text, std::size_t length) noexcept {
+  const bool isNegative = length != 0 && *text == '-';
+  const std::string_view digits(text + (isNegative ? 1 : 0), length - (isNegative ? 1 : 0));
+  Limb limb = 0;
+  if (!detail::ReadShortNumber(digits, limb) || digits.size() > GetDigitLimit()) return false;
+  SetInline(limb, 0, isNegative);
+  return true;
+}
+
 void CBigInteger::Parse(const char* text, std::size_t length) {
+  if (ParseShort(text, length)) return;
   const auto skip = [&](std::size_t from, auto isSkipped) {
     while (from < length && isSkipped(text[from])) ++from;
     return from;
@@ -131,34 +109,51 @@ void CBigInteger::Parse(const char* text, std::size_t length) {
 }
 
 void CBigInteger::AssignDigits(const char* digits, std::size_t count, bool isNegative) {
-  if (count <= kLimbDigits) return SetSmall(ReadLimb(digits, count), isNegative);
-  std::vector<Limb> limbs((count + kLimbDigits - 1) / kLimbDigits);
-  const std::size_t topCount = count - (limbs.size() - 1) * kLimbDigits;
-  limbs.back() = ReadLimb(digits, topCount);
+  if (count <= kLimbDigits) return SetInline(ReadLimb(digits, count), 0, isNegative);
+  const std::size_t limbCount = (count + kLimbDigits - 1) / kLimbDigits;
+  const std::size_t topCount = count - (limbCount - 1) * kLimbDigits;
+  CBigInteger value;
+  value.Widen(limbCount);
+  Limb* const limbs = value.GetLimbs();
+  limbs[limbCount - 1] = ReadLimb(digits, topCount);
   digits += topCount;
-  for (std::size_t index = limbs.size() - 1; index-- > 0; digits += kLimbDigits) {
-    limbs[index] = ReadWholeLimb(digits);
+  for (std::size_t index = limbCount - 1; index-- > 0; digits += kLimbDigits) {
+    limbs[index] = ReadLimb(digits, kLimbDigits);
   }
-  m_limbs = std::move(limbs);
-  m_isNegative = isNegative;
-  Trim();
+  value.m_isNegative = isNegative;
+  value.Trim();
+  *this = std::move(value);
 }
 
 void CBigInteger::WriteDigits(char* target, std::size_t width) const noexcept {
   char* end = target + width;
   const Limb* limbs = GetLimbs();
-  for (std::size_t left = GetLimbCount(); left != 0; --left, ++limbs) {
-    end = WriteLimb(end, *limbs, std::min(kLimbDigits, static_cast<std::size_t>(end - target)));
+  for (std::size_t left = m_limbCount; left != 0; --left, ++limbs) {
+    end = detail::WriteLimb(end, *limbs,
+                            std::min(kLimbDigits, static_cast<std::size_t>(end - target)));
   }
   std::fill(target, end, '0');
 }
 
 std::string CBigInteger::ToString() const {
-  const std::size_t digits = GetDigitCount();
-  const std::size_t sign = m_isNegative ? 1 : 0;
-  std::string text(sign + digits, '-');
-  WriteDigits(text.data() + sign, digits);
+  std::string text;
+  AppendTo(text);
   return text;
+}
+
+void CBigInteger::AppendTo(std::string& text) const {
+  if (IsOneLimb()) {
+    char buffer[kLimbDigits + 1];
+    char* const bufferEnd = buffer + sizeof buffer;
+    char* begin = detail::WriteLimb(bufferEnd, GetLimb(), detail::CountDigits(GetLimb()));
+    if (m_isNegative) *--begin = '-';
+    text.append(begin, bufferEnd);
+    return;
+  }
+  const std::size_t digits = GetDigitCount();
+  const std::size_t end = text.size() + (m_isNegative ? 1 : 0) + digits;
+  text.resize(end, '-');
+  WriteDigits(text.data() + end - digits, digits);
 }
 
 double CBigInteger::ToDouble() const {

@@ -67,6 +67,16 @@ unsigned long Sum(unsigned long left, unsigned long right) {
   return left + right;
 }
 
+unsigned long LengthOf(const char* text) { return text == nullptr ? 0 : std::strlen(text); }
+
+void AppendHex(const unsigned char* bytes, unsigned long length, std::string& text) {
+  if (bytes == nullptr) return;
+  const size_t before = text.size();
+  text.resize(Sum(before, Twice(length)));
+  char* out = text.data() + before;
+  for (unsigned long i = 0; i < length; ++i, out += 2) std::memcpy(out, &kDigitPairs[bytes[i]], 2);
+}
+
 }  // namespace
 
 constinit CInstanceCounter CBinaryData::s_instances("CBinaryData");
@@ -181,34 +191,43 @@ unsigned char* CBinaryData::ReleaseData() {
 
 std::string CBinaryData::GetAsHexString() const { return GetAsHexString(GetData(), GetLength()); }
 
-void CBinaryData::SetAsHexString(const char* hex) {
+void CBinaryData::AppendHexTo(std::string& text) const { AppendHex(GetData(), GetLength(), text); }
+
+void CBinaryData::SetAsHexString(const char* hex) { SetAsHexString(hex, LengthOf(hex)); }
+
+void CBinaryData::SetAsHexString(const char* hex, unsigned long length) {
   unsigned char* bytes = nullptr;
-  const unsigned long length = ConvertToHexData(hex, &bytes);
-  *this = CBinaryData(bytes, length, true);
+  const unsigned long byteCount = ConvertToHexData(hex, length, &bytes);
+  *this = CBinaryData(bytes, byteCount, true);
 }
 
 std::string CBinaryData::GetAsBase64() const { return CBase64::Encode(GetData(), GetLength()); }
 
-void CBinaryData::SetAsBase64(const char* base64) {
-  const unsigned long textLength = base64 == nullptr ? 0 : std::strlen(base64);
-  std::unique_ptr<unsigned char[]> bytes(
-      new unsigned char[CBase64::GetDecodedCapacity(textLength)]);
-  const unsigned long length = CBase64::Decode(base64, textLength, bytes.get());
-  *this = CBinaryData(bytes.release(), length, true);
+void CBinaryData::AppendBase64To(std::string& text) const {
+  CBase64::Encode(GetData(), GetLength(), text);
+}
+
+void CBinaryData::SetAsBase64(const char* base64) { SetAsBase64(base64, LengthOf(base64)); }
+
+void CBinaryData::SetAsBase64(const char* base64, unsigned long length) {
+  std::unique_ptr<unsigned char[]> bytes(new unsigned char[CBase64::GetDecodedCapacity(length)]);
+  const unsigned long byteCount = CBase64::Decode(base64, length, bytes.get());
+  *this = CBinaryData(bytes.release(), byteCount, true);
 }
 
 std::string CBinaryData::GetAsHexString(const unsigned char* bytes, unsigned long length) {
   std::string text;
-  if (bytes == nullptr) return text;
-  text.resize(Twice(length));
-  char* out = text.data();
-  for (unsigned long i = 0; i < length; ++i, out += 2) std::memcpy(out, &kDigitPairs[bytes[i]], 2);
+  AppendHex(bytes, length, text);
   return text;
 }
 
 unsigned long CBinaryData::ConvertToHexData(const char* hex, unsigned char** out) {
+  return ConvertToHexData(hex, LengthOf(hex), out);
+}
+
+unsigned long CBinaryData::ConvertToHexData(const char* hex, unsigned long textLength,
+                                            unsigned char** out) {
   *out = nullptr;
-  const unsigned long textLength = hex == nullptr ? 0 : std::strlen(hex);
   if (textLength % 2 != 0) throw CQvException("Invalid length in hex string");
   if (textLength == 0) return 0;
   const unsigned long length = textLength / 2;

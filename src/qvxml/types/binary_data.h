@@ -85,14 +85,22 @@ class QVXML_API CBinaryData : private TInstanceCounted<CBinaryData> {
 
   /// Two upper-case digits for each byte; "" for an empty value.
   std::string GetAsHexString() const;
+  /// Appends the same to `text`.
+  void AppendHexTo(std::string& text) const;
   /// Sets the bytes that hexadecimal text stands for; digits of either case, no whitespace. Null
   /// and "" make the value empty. Throws as ConvertToHexData does, and then changes nothing.
   void SetAsHexString(const char* hex);
+  /// As above for `length` characters, which need no NUL behind them.
+  void SetAsHexString(const char* hex, unsigned long length);
   /// Base64 text as CBase64::Encode writes it; "" for an empty value.
   std::string GetAsBase64() const;
+  /// Appends the same to `text`.
+  void AppendBase64To(std::string& text) const;
   /// Sets the bytes that base64 text stands for, read by CBase64::Decode. Null and "" make the
   /// value empty. Throws as Decode does, and then changes nothing.
   void SetAsBase64(const char* base64);
+  /// As above for `length` characters, which need no NUL behind them.
+  void SetAsBase64(const char* base64, unsigned long length);
 
   /// Two upper-case digits for each of `length` bytes.
   static std::string GetAsHexString(const unsigned char* bytes, unsigned long length);
@@ -102,6 +110,9 @@ class QVXML_API CBinaryData : private TInstanceCounted<CBinaryData> {
   /// Throws CQvException "Invalid length in hex string" for an odd number of characters, or else
   /// "Invalid char in hex string [%c]" for the first that is not a digit; `*out` is then null.
   static unsigned long ConvertToHexData(const char* hex, unsigned char** out);
+  /// As above for `textLength` characters, which need no NUL behind them.
+  static unsigned long ConvertToHexData(const char* hex, unsigned long textLength,
+                                        unsigned char** out);
 
  private:
   friend class TInstanceCounted<CBinaryData>;

@@ -3,6 +3,7 @@
 #ifndef QVXML_TYPES_DATE_TIME_H_
 #define QVXML_TYPES_DATE_TIME_H_
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -187,6 +188,10 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   void ParseXSDTime(const char* text);
   /// Replaces the value by a dateTime: a date without zone, "T", and a time.
   void ParseXSDDateTime(const char* text);
+  // The same for `length` characters, which need no NUL behind them.
+  void ParseXSDDate(const char* text, std::size_t length);
+  void ParseXSDTime(const char* text, std::size_t length);
+  void ParseXSDDateTime(const char* text, std::size_t length);
 
   /// ToString("s").
   std::string ToString() const { return ToString("s"); }
@@ -194,6 +199,8 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   /// a value without a kind, or other than a time with all fields 0, gives "Error: Date Not Set";
   /// else null and "G" give "", any other format "Unknown Format: " and the format.
   std::string ToString(const char* format) const;
+  /// Appends ToString("s") to `text`.
+  void AppendTo(std::string& text) const;
 
   // Order.
 
@@ -280,6 +287,8 @@ class QVXML_API CDateTime : private TInstanceCounted<CDateTime> {
   void SetXSDTime(std::string_view text);
   bool SetDateForm(std::string_view body);
   void SetZoneText(std::string_view text);
+  bool IsSet() const;
+  std::string_view WriteText(char* buffer) const;
   char* WriteDate(char* out) const;
   char* WriteTime(char* out) const;
   char* WriteZone(char* out) const;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/types/date_time.h"
 
 namespace QvXmlLib16::detail {
@@ -99,7 +100,6 @@ char* WritePadded(char* out, unsigned value) {
 }
 // Writes "." and the fraction without trailing zeros, or nothing for 0; returns the end.
 char* WriteFraction(char* out, unsigned milliSecond, unsigned microSecond, unsigned nanoSecond);
-inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Reads fraction digits from the start of `text`, at most nine, into three groups, and returns
 // their number; ten means that there are more.

@@ -1,8 +1,10 @@
 #include "qvxml/types/date_time_span.h"
 
 #include <charconv>
+#include <cstring>
 #include <iterator>
 #include <limits>
+#include <string>
 #include <string_view>
 
 #include "qvxml/core/exception.h"
@@ -21,9 +23,10 @@ constinit CInstanceCounter CDateTimeSpan::s_instances("CDateTimeSpan");
 
 namespace {
 
-[[noreturn]] void ThrowInvalidDuration(const char* text) {
+[[noreturn]] void ThrowInvalidDuration(std::string_view text) {
   throw CQvInvalidValueException(
-      FormatString("Invalid XSD Duration [%s] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]", text));
+      FormatString("Invalid XSD Duration [%s] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]",
+                   std::string(text).c_str()));
 }
 
 // Reads the digits at the start of `rest` and removes them; false when there are none, or more
@@ -180,17 +183,23 @@ CDateTimeSpan CDateTimeSpan::GetAsNegative() const {
 void CDateTimeSpan::ParseXSDDuration(const char* text) {
   Clear();
   if (text == nullptr) throw CQvInvalidValueException("Invalid XSD Duration (Null String)");
-  std::string_view rest(text);
+  ParseXSDDuration(text, std::strlen(text));
+}
+
+void CDateTimeSpan::ParseXSDDuration(const char* text, size_t length) {
+  Clear();
+  const std::string_view whole(text, length);
+  std::string_view rest(whole);
   if (rest.empty()) throw CQvInvalidValueException("Invalid XSD Duration (Empty String)");
   const bool isNegative = RemovePrefix(rest, '-');
   SpanText read;
   const bool isWellFormed = RemovePrefix(rest, 'P') && read.Read(rest);
   if (read.hasLongFraction) {
-    throw CQvInvalidValueException(
-        FormatString("Invalid XSD Duration [%s] Fraction part too long", text));
+    throw CQvInvalidValueException(FormatString("Invalid XSD Duration [%s] Fraction part too long",
+                                                std::string(whole).c_str()));
   }
   if (!isWellFormed || read.numbers[SpanText::Years] > std::numeric_limits<unsigned short>::max()) {
-    ThrowInvalidDuration(text);
+    ThrowInvalidDuration(whole);
   }
   SetDateTimeSpan(
       static_cast<unsigned short>(read.numbers[SpanText::Years]), read.numbers[SpanText::Months],
@@ -200,6 +209,12 @@ void CDateTimeSpan::ParseXSDDuration(const char* text) {
 }
 
 std::string CDateTimeSpan::ToString() const {
+  std::string text;
+  AppendTo(text);
+  return text;
+}
+
+void CDateTimeSpan::AppendTo(std::string& text) const {
   // Six numbers with their letters, the fraction, and "-PT".
   constexpr size_t kMaxNumberLength = std::numeric_limits<unsigned long long>::digits10 + 1;
   char buffer[6 * (kMaxNumberLength + 1) + 1 + 3 * detail::kMaxPaddedLength + 3];
@@ -221,7 +236,7 @@ std::string CDateTimeSpan::ToString() const {
     *end++ = 'S';
   }
   // "T" only when something follows it.
-  return std::string(buffer, end == endOfDate + 1 ? endOfDate : end);
+  text.append(buffer, end == endOfDate + 1 ? endOfDate : end);
 }
 
 int CDateTimeSpan::CompareTo(const CDateTimeSpan& other) const {

@@ -3,6 +3,7 @@
 #ifndef QVXML_TYPES_DATE_TIME_SPAN_H_
 #define QVXML_TYPES_DATE_TIME_SPAN_H_
 
+#include <cstddef>
 #include <string>
 
 #include "qvxml/support/export.h"
@@ -75,9 +76,13 @@ class QVXML_API CDateTimeSpan : private TInstanceCounted<CDateTimeSpan> {
   /// to nine digits. Throws CQvInvalidValueException for null, for an empty or malformed text and
   /// for a number that its component cannot hold; the span is then cleared.
   void ParseXSDDuration(const char* text);
+  /// The same for `length` characters, which need no NUL behind them.
+  void ParseXSDDuration(const char* text, std::size_t length);
   /// The XSD form without the components that are zero; "PT0S" when all are. A negative zero keeps
   /// its sign: "-PT0S".
   std::string ToString() const;
+  /// Appends the same to `text`.
+  void AppendTo(std::string& text) const;
 
   // Order.
 

@@ -1,6 +1,7 @@
 // Text of dates and times: parsing and writing.
 
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,10 @@ constexpr DateForm kDateForms[] = {
 constexpr size_t kZoneLength = 6;  // "+hh:mm"
 constexpr size_t kTimeLength = 8;  // "hh:mm:ss"
 constexpr int kMaxZoneHourText = 24;
+
+constexpr std::string_view kNotSet = "Error: Date Not Set";
+// Signs, separators and "Z" are at most ten characters beside the eleven numbers.
+constexpr size_t kBufferSize = 11 * kMaxPaddedLength + 10;
 
 // `message` has one "%s", for the text.
 [[noreturn]] void ThrowInvalidText(const char* message, std::string_view text) {
@@ -103,7 +108,12 @@ char* WriteFraction(char* out, unsigned milliSecond, unsigned microSecond, unsig
 void CDateTime::ParseXSDDate(const char* text) {
   Clear();
   if (text == nullptr) throw CQvInvalidValueException("Invalid Date (Null String)");
-  SetXSDDate(text);
+  ParseXSDDate(text, std::strlen(text));
+}
+
+void CDateTime::ParseXSDDate(const char* text, size_t length) {
+  Clear();
+  SetXSDDate(std::string_view(text, length));
   Validate();
 }
 
@@ -169,7 +179,12 @@ void CDateTime::SetZoneText(std::string_view text) {
 void CDateTime::ParseXSDTime(const char* text) {
   Clear();
   if (text == nullptr) throw CQvInvalidValueException("Invalid Time (Null String)");
-  SetXSDTime(text);
+  ParseXSDTime(text, std::strlen(text));
+}
+
+void CDateTime::ParseXSDTime(const char* text, size_t length) {
+  Clear();
+  SetXSDTime(std::string_view(text, length));
   Validate();
 }
 
@@ -204,7 +219,12 @@ void CDateTime::SetXSDTime(std::string_view text) {
 void CDateTime::ParseXSDDateTime(const char* text) {
   Clear();
   if (text == nullptr) throw CQvInvalidValueException("Invalid DateTime (Null String)");
-  const std::string_view whole(text);
+  ParseXSDDateTime(text, std::strlen(text));
+}
+
+void CDateTime::ParseXSDDateTime(const char* text, size_t length) {
+  Clear();
+  const std::string_view whole(text, length);
   const size_t separator = whole.find('T');
   if (separator == std::string_view::npos)
     ThrowInvalidText("Invalid XSD DateTime [%s] expected CCYY-MM-DDThh:mm:ss[.ff]", whole);
@@ -216,20 +236,35 @@ void CDateTime::ParseXSDDateTime(const char* text) {
 }
 
 std::string CDateTime::ToString(const char* format) const {
+  if (format != nullptr && std::string_view(format) == "s") {
+    char buffer[kBufferSize];
+    return std::string(WriteText(buffer));
+  }
+  if (!IsSet()) return std::string(kNotSet);
+  if (format == nullptr || std::string_view(format) == "G") return std::string();
+  return std::string("Unknown Format: ") + format;
+}
+
+void CDateTime::AppendTo(std::string& text) const {
+  char buffer[kBufferSize];
+  text += WriteText(buffer);
+}
+
+bool CDateTime::IsSet() const {
   const bool isAllZero = m_year == 0 && m_month == 0 && m_day == 0 && m_hour == 0 &&
                          m_minute == 0 && m_second == 0 && m_milliSecond == 0 &&
                          m_microSecond == 0 && m_nanoSecond == 0;
-  if (m_type == dt_unset || (m_type != dt_time && isAllZero)) return "Error: Date Not Set";
-  if (format == nullptr || std::string_view(format) == "G") return std::string();
-  if (std::string_view(format) != "s") return std::string("Unknown Format: ") + format;
+  return m_type == dt_time || (m_type != dt_unset && !isAllZero);
+}
 
-  // Signs, separators and "Z" are at most ten characters beside the eleven numbers.
-  char buffer[11 * kMaxPaddedLength + 10];
+// The text, in `buffer` of kBufferSize or constant.
+std::string_view CDateTime::WriteText(char* buffer) const {
+  if (!IsSet()) return kNotSet;
   char* end = WriteDate(buffer);
   if (m_type == dt_dateTime) *end++ = 'T';
   if (Carries(detail::kTime)) end = WriteTime(end);
   end = WriteZone(end);
-  return std::string(buffer, end);
+  return std::string_view(buffer, static_cast<size_t>(end - buffer));
 }
 
 char* CDateTime::WriteDate(char* out) const {

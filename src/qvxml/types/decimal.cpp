@@ -25,7 +25,7 @@ std::size_t CountFractionDigits(const CBigInteger& fraction) {
 // Orders two fractions, each read with its own scale.
 int CompareFractions(const CBigInteger& left, int leftDivider, const CBigInteger& right,
                      int rightDivider) {
-  if (left.IsZero() || right.IsZero()) return left.Compare(right);
+  if (leftDivider == rightDivider || left.IsZero() || right.IsZero()) return left.Compare(right);
   const long long leftDigits = static_cast<long long>(left.GetDigitCount());
   const long long rightDigits = static_cast<long long>(right.GetDigitCount());
   const long long leftZeros = leftDivider - leftDigits;
@@ -42,6 +42,9 @@ int CompareFractions(const CBigInteger& left, int leftDivider, const CBigInteger
 }  // namespace
 
 constinit CInstanceCounter CDecimal::s_instances("CDecimal");
+
+// Generated objects hold many of them.
+static_assert(sizeof(CDecimal) == 64);
 
 CDecimal::CDecimal(const CBigInteger& integerPart, const CBigInteger& fractionPart, int divider)
     : m_integerPart(integerPart), m_fractionPart(fractionPart), m_fractionalDivider(divider) {
@@ -68,7 +71,7 @@ CDecimal& CDecimal::operator=(CDecimal&& other) noexcept {
   return *this;
 }
 
-CDecimal& CDecimal::operator=(const CDecimal& other) {
+CDecimal& CDecimal::AssignCopy(const CDecimal& other) {
   // A copy first, so that running out of memory halfway leaves no mixed value.
   return *this = CDecimal(other);
 }

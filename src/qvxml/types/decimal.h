@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "qvxml/support/export.h"
@@ -58,7 +59,14 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   CDecimal(const CBigInteger& integerPart, const CBigInteger& fractionPart, int divider);
   CDecimal(const CDecimal&) = default;
   CDecimal(CDecimal&& other) noexcept;
-  CDecimal& operator=(const CDecimal& other);
+  CDecimal& operator=(const CDecimal& other) {
+    if (!other.IsInline()) return AssignCopy(other);
+    m_integerPart = other.m_integerPart;
+    m_fractionPart = other.m_fractionPart;
+    m_fractionalDivider = other.m_fractionalDivider;
+    m_isNegativeFraction = other.m_isNegativeFraction;
+    return *this;
+  }
   CDecimal& operator=(CDecimal&& other) noexcept;
   virtual ~CDecimal();
 
@@ -80,6 +88,8 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   /// The shortest text when the value is rationalised, without an exponent: "12", "-0.5", "1.05". A
   /// fraction other than zero is written with all digits of its scale.
   std::string ToString() const;
+  /// Appends the same to `text`.
+  void AppendTo(std::string& text) const;
   /// Exactly `fractionDigits` digits after the point, rounded half up on the magnitude; below 1,
   /// none and no point. A negative value that rounds to zero keeps its minus. A number of digits
   /// above the exponent limit and the scale throws as a scale out of range.
@@ -170,9 +180,15 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   friend class TInstanceCounted<CDecimal>;
   static CInstanceCounter s_instances;
 
+  // Without heap memory, so that a copy cannot fail.
+  bool IsInline() const noexcept { return m_integerPart.IsInline() && m_fractionPart.IsInline(); }
+  CDecimal& AssignCopy(const CDecimal& other);
+
+  bool ParseShort(std::string_view text) noexcept;
   void Assign(const detail::DecimalDigits& digits);
   static void AssignParts(const detail::DecimalDigits& digits, CBigInteger& integer,
                           CBigInteger& fraction);
+  void AppendShortTo(std::string& text) const;
   std::size_t GetTextLength() const noexcept;
   void WriteText(char* target) const noexcept;
 

@@ -8,9 +8,11 @@
 #include <string>
 #include <string_view>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/whitespace.h"
+#include "qvxml/types/big_integer_internal.h"
 #include "qvxml/types/decimal.h"
 
 namespace QvXmlLib16 {
@@ -33,8 +35,10 @@ struct DecimalDigits {
 namespace {
 
 using detail::DecimalDigits;
+using detail::IsDigit;
+using detail::kLimbDigits;
+using detail::Limb;
 
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 bool IsZeroDigit(char character) { return character == '0'; }
 
 void DropTrailingZeros(std::string_view& fraction) {
@@ -131,6 +135,15 @@ class CDecimalScanner {
   std::size_t m_position = 0;
 };
 
+// Reads the digits from `position` on as a number, which is right when they are few; returns their
+// end.
+const char* ReadDigits(const char* position, const char* end, Limb& number) {
+  for (; position != end && IsDigit(*position); ++position) {
+    number = number * 10 + static_cast<Limb>(*position - '0');
+  }
+  return position;
+}
+
 // Moves the point by the exponent; `memory` holds the digits of both sides afterwards.
 void ApplyExponent(DecimalDigits& digits, std::string& memory) {
   memory.assign(digits.integer).append(digits.fraction);
@@ -160,7 +173,46 @@ CDecimal::CDecimal(const std::string& text) { Parse(text.data(), text.size()); }
 
 void CDecimal::Parse(const char* text) { Parse(text, text == nullptr ? 0 : std::strlen(text)); }
 
+// Reads a sign, a few digits and a point in one pass; false for everything else.
+bool CDecimal::ParseShort(std::string_view text) noexcept {
+  constexpr std::size_t kMaxLength = 2 * kLimbDigits + 2;
+  if (text.size() > kMaxLength) return false;
+  const char* position = text.data();
+  const char* const end = position + text.size();
+  const bool isNegative = position != end && *position == '-';
+  if (isNegative) ++position;
+  Limb integer = 0;
+  Limb fraction = 0;
+  const char* const integerBegin = position;
+  position = ReadDigits(position, end, integer);
+  const char* const integerEnd = position;
+  std::size_t fractionDigits = 0;
+  if (position != end) {
+    if (*position != '.') return false;
+    const char* const fractionBegin = ++position;
+    position = ReadDigits(position, end, fraction);
+    if (position != end) return false;
+    fractionDigits = static_cast<std::size_t>(end - fractionBegin);
+  }
+  const std::size_t integerDigits = static_cast<std::size_t>(integerEnd - integerBegin);
+  if (integerDigits > kLimbDigits || fractionDigits > kLimbDigits) return false;
+  // Also when there are no digits.
+  if (integerDigits + fractionDigits - 1 >= CBigInteger::GetDigitLimit()) return false;
+
+  std::size_t zeros = 0;
+  if (fraction != 0) {
+    while (end[-1 - static_cast<std::ptrdiff_t>(zeros)] == '0') ++zeros;
+    if (zeros != 0) fraction /= detail::kPowersOfTen[zeros];
+  }
+  m_integerPart.SetInline(integer, 0, isNegative);
+  m_fractionPart.SetInline(fraction, 0, false);
+  m_fractionalDivider = fraction == 0 ? 0 : static_cast<int>(fractionDigits - zeros);
+  m_isNegativeFraction = isNegative && integer == 0 && fraction != 0;
+  return true;
+}
+
 void CDecimal::Parse(const char* text, std::size_t length) {
+  if (ParseShort(std::string_view(text, length))) return;
   DecimalDigits digits = CDecimalScanner(std::string_view(text, length)).Scan();
   std::string memory;
   if (digits.exponent != 0) ApplyExponent(digits, memory);
@@ -210,9 +262,36 @@ void CDecimal::WriteText(char* target) const noexcept {
 }
 
 std::string CDecimal::ToString() const {
-  std::string text(GetTextLength(), '\0');
-  WriteText(text.data());
+  std::string text;
+  AppendTo(text);
   return text;
+}
+
+void CDecimal::AppendTo(std::string& text) const {
+  if (m_integerPart.IsOneLimb() && m_fractionPart.IsOneLimb() &&
+      m_fractionalDivider <= static_cast<int>(kLimbDigits)) {
+    return AppendShortTo(text);
+  }
+  const std::size_t length = GetTextLength();
+  const std::size_t before = text.size();
+  text.resize(before + length);
+  WriteText(text.data() + before);
+}
+
+// From the end to the front, so that no digits need to be counted before.
+void CDecimal::AppendShortTo(std::string& text) const {
+  char buffer[2 * kLimbDigits + 2];
+  char* const end = buffer + sizeof buffer;
+  char* begin = end;
+  if (!m_fractionPart.IsZero()) {
+    begin = detail::WriteLimb(begin, m_fractionPart.GetLimb(),
+                              static_cast<std::size_t>(m_fractionalDivider));
+    *--begin = '.';
+  }
+  const Limb integer = m_integerPart.GetLimb();
+  begin = detail::WriteLimb(begin, integer, detail::CountDigits(integer));
+  if (GetNegative()) *--begin = '-';
+  text.append(begin, end);
 }
 
 std::string CDecimal::ToString(int fractionDigits) const {

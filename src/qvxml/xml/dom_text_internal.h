@@ -22,13 +22,6 @@ inline const std::string& EmptyString() {
   return empty;
 }
 
-/// Whether UTF-8 need not be converted for the tree.
-inline bool IsInternalTextUtf8() {
-  // The encoding of no other locale has these bytes for that character.
-  constexpr std::string_view kProbe = "\xF0\x9F\x98\x80";
-  return Utf8ToLocalCodePage(kProbe.data(), kProbe.size()) == kProbe;
-}
-
 /// Appends the `length` bytes at `text` without their carriage returns.
 inline void AppendExcludingCR(std::string& target, const char* text, size_t length) {
   const char* const end = text + length;

@@ -42,7 +42,7 @@ constexpr size_t kRepeatedNameShare = 4;
 constinit CInstanceCounter CExpatReader::s_instances("CExpatReader");
 
 CExpatReader::CExpatReader(CXmlDocument& document)
-    : m_document(document), m_convertsText(!detail::IsInternalTextUtf8()) {}
+    : m_document(document), m_convertsText(!IsLocaleTextUtf8()) {}
 
 CExpatReader::~CExpatReader() { Cleanup(); }
 

@@ -28,8 +28,12 @@ const char* CStringBuffer::GetText() {
 }
 
 std::string CStringBuffer::GetString() const {
-  std::string text(GetLength(), '\0');
-  CopyTo(text.data());
+  std::string text;
+  text.reserve(GetLength());
+  for (size_t i = 0; i + 1 < m_blocks.size(); ++i) {
+    text.append(m_blocks[i].text.get(), m_blocks[i].length);
+  }
+  text.append(m_begin, static_cast<size_t>(m_cursor - m_begin));
   return text;
 }
 

@@ -11,6 +11,7 @@
 
 #include "qvxml/support/export.h"
 #include "qvxml/support/instance_monitor.h"
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16 {
 
@@ -42,8 +43,17 @@ class QVXML_API CStringBuffer : private TInstanceCounted<CStringBuffer> {
   void Append(const std::string& text) { Append(text.data(), text.size()); }
   void Append(const char* text, size_t length) {
     if (length > static_cast<size_t>(m_end - m_cursor)) return AppendAcrossBlocks(text, length);
-    Copy(m_cursor, text, length);
+    detail::CopyShort(m_cursor, text, length);
     m_cursor += length;
+  }
+
+  /// Appends the text that number of times.
+  void AppendTimes(const std::string& text, unsigned long times) {
+    if (text.size() == 1 && times <= static_cast<size_t>(m_end - m_cursor)) {
+      for (char* const end = m_cursor + times; m_cursor != end; ++m_cursor) *m_cursor = text[0];
+    } else {
+      for (; times != 0 && !text.empty(); --times) Append(text);
+    }
   }
 
   unsigned long GetLength() const noexcept {
@@ -72,31 +82,6 @@ class QVXML_API CStringBuffer : private TInstanceCounted<CStringBuffer> {
     // Set when the next block is opened; that of the last block follows from m_cursor.
     size_t length;
   };
-
-  // Most of what is appended is short: names, prefixes, marks. Those are copied without a call, as
-  // two parts that may overlap.
-  static void Copy(char* target, const char* text, size_t length) noexcept {
-    if (length > 16) {
-      std::memcpy(target, text, length);
-    } else if (length >= 8) {
-      CopyEnds<8>(target, text, length);
-    } else if (length >= 4) {
-      CopyEnds<4>(target, text, length);
-    } else if (length >= 2) {
-      CopyEnds<2>(target, text, length);
-    } else if (length == 1) {
-      *target = *text;
-    }
-  }
-  template <size_t kPart>
-  static void CopyEnds(char* target, const char* text, size_t length) noexcept {
-    char first[kPart];
-    char last[kPart];
-    std::memcpy(first, text, kPart);
-    std::memcpy(last, text + length - kPart, kPart);
-    std::memcpy(target, first, kPart);
-    std::memcpy(target + length - kPart, last, kPart);
-  }
 
   void AddNewBlock();
   void AppendAcrossBlocks(const char* text, size_t length);

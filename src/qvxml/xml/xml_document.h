@@ -24,8 +24,8 @@ class CDecoder;  // fastinfoset/fi_decoder_internal.h
 
 /// Loads a document and owns its elements.
 ///
-/// The constructors and everything that loads are defined in binding/document_loading.cpp, where
-/// the context is known.
+/// The constructors and everything that loads are defined in binding/document_loading.cpp and
+/// binding/json_loading.cpp, where the context is known.
 ///
 /// A document may be loaded again and again. After a failed load it keeps the elements read so far.
 /// While nothing changes it, it may be read on several threads.
@@ -68,6 +68,18 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   /// "Failed to read the contents of the file [%s] Error [%n]"; the error stands for the stream's
   /// error indicator.
   void Load(const char* path);
+
+  // Loading JSON, which is turned into XML text as the context's JSON options tell: the tree is the
+  // one of that text, and so is what the four return. Throws as CJsonTextReader::ConvertJsonToXml,
+  // and as the above for text that becomes no document; "" becomes none. Namespaces are not ignored
+  // on the way.
+
+  /// Null is "".
+  CBinaryData LoadJson(const char* text);
+  CBinaryData LoadJson(const wchar_t* text);
+  /// UTF-8, plain or compressed.
+  CBinaryData LoadJsonStream(const unsigned char* data, unsigned long length);
+  CBinaryData LoadJsonFile(const char* path);
 
   // Content.
 
@@ -113,6 +125,10 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   class CEndOfParse;
   bool ParseFastInfoset();
   void ParseText();
+  // Defined in binding/json_loading.cpp.
+  template <class TConvert>
+  CBinaryData ParseJson(const TConvert& convert);
+  void ParseJsonText(const CBinaryData& xml);
 
   detail::CNodeArena& Arena();
   CXmlElement* AddDocElement(const detail::CXmlName* name);

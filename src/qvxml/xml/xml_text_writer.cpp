@@ -1,6 +1,5 @@
 #include "qvxml/xml/xml_text_writer.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "qvxml/core/exception.h"
@@ -14,11 +13,6 @@ namespace {
 template <size_t kSize>
 void Append(CTextStream& stream, const char (&literal)[kSize]) {
   stream.Append(literal, kSize - 1);
-}
-
-const std::string& XsiNamespace() {
-  static const std::string& s_uri = *new std::string("http://www.w3.org/2001/XMLSchema-instance");
-  return s_uri;
 }
 
 bool IsRawText(const std::string& text) {
@@ -40,7 +34,6 @@ void CXmlTextWriter::SetEOLType(EOLType type) {
 
 void CXmlTextWriter::SetIndentChars(const char* indentChars) {
   m_indentChars = indentChars != nullptr ? indentChars : "";
-  m_indentRun.clear();
 }
 
 void CXmlTextWriter::Open() {
@@ -164,23 +157,6 @@ void CXmlTextWriter::WriteDeclaration(const std::string& prefix, const std::stri
   m_stream.Append('"');
 }
 
-void CXmlTextWriter::WriteIndent(unsigned long depth) {
-  constexpr size_t kMaxRun = 4096;
-  if (depth <= m_indentRun.size() && m_indentChars.size() == 1) {
-    return m_stream.Append(m_indentRun.data(), depth);
-  }
-  if (m_indentChars.empty()) return;
-  while (m_indentRun.size() < kMaxRun && m_indentRun.size() / m_indentChars.size() < depth) {
-    m_indentRun += m_indentChars;
-  }
-  const unsigned long levelsAtOnce = m_indentRun.size() / m_indentChars.size();
-  while (depth != 0) {
-    const unsigned long levels = std::min(depth, levelsAtOnce);
-    m_stream.Append(m_indentRun.data(), levels * m_indentChars.size());
-    depth -= levels;
-  }
-}
-
 void CXmlTextWriter::WriteString(const std::string& text, ItemType, bool isDefaultValue) {
   if (text.empty() || (isDefaultValue && !m_writesDefaultElementValues)) return;
   CXmlWriterContext& context = GetOpenContext();
@@ -270,12 +246,12 @@ void CXmlTextWriter::WriteAttributeType(const std::string& typeNamespace,
     m_typeValue += ':';
   }
   m_typeValue += typeName;
-  WriteAttributeString("type", XsiNamespace(), m_typeValue, type);
+  WriteAttributeString("type", GetXsiNamespace(), m_typeValue, type);
 }
 
 void CXmlTextWriter::WriteAttributeNil() {
   GetOpenStartTag();
-  WriteAttributeString("nil", XsiNamespace(), "true", ItemType_boolean);
+  WriteAttributeString("nil", GetXsiNamespace(), "true", ItemType_boolean);
 }
 
 CXmlWriter::CXmlWriterContext& CXmlTextWriter::GetOpenStartTag() const {
@@ -291,7 +267,7 @@ void CXmlTextWriter::PadAndAppend(const std::string& text) {
   const char* run = text.data();
   const char* const end = run + text.size();
   for (;;) {
-    const char* const found = detail::FindEscaped<kInAttribute>(run, end);
+    const char* const found = detail::FindEscaped<detail::TXmlEscapes<kInAttribute>>(run, end);
     m_stream.Append(run, static_cast<size_t>(found - run));
     if (found == end) return;
     switch (*found) {

@@ -105,7 +105,7 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
                                              const std::string& namespaceUri);
   void WriteRootNamespaces();
   void WriteDeclaration(const std::string& prefix, const std::string& namespaceUri);
-  void WriteIndent(unsigned long depth);
+  void WriteIndent(unsigned long depth) { m_stream.AppendTimes(m_indentChars, depth); }
   void WriteEOL() { m_stream.Append(m_eol); }
   // The innermost element, whose start tag is open.
   CXmlWriterContext& GetOpenStartTag() const;
@@ -123,8 +123,6 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   EOLType m_eolType = EOL_LF;
   bool m_isFormatted = true;
   CTextStream& m_stream;
-  // m_indentChars a number of times, grown as needed.
-  std::string m_indentRun;
   // The value of an xsi:type attribute.
   std::string m_typeValue;
 };

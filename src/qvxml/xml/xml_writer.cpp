@@ -78,9 +78,26 @@ CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(const std::string& localN
                                                        const std::string& namespaceUri,
                                                        unsigned long rootDepth) {
   if (m_spareContexts == nullptr) m_spareContexts = new CXmlWriterContext(*m_scopes);
+  CXmlWriterContext& spare = *m_spareContexts;
+  spare.m_localName = localName;
+  spare.m_namespaceUri = namespaceUri;
+  CXmlWriterContext& context = OpenSpareContext(rootDepth);
+  // Most often the namespace is the one around it, and with it the prefix, once that was looked up.
+  if (context.m_parent != nullptr && context.m_parent->m_namespaceUri == namespaceUri) {
+    context.m_prefix = context.m_parent->m_prefix;
+  }
+  return context;
+}
+
+CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(unsigned long rootDepth) {
+  if (m_spareContexts == nullptr) m_spareContexts = new CXmlWriterContext(*m_scopes);
+  m_spareContexts->m_localName.clear();
+  m_spareContexts->m_namespaceUri.clear();
+  return OpenSpareContext(rootDepth);
+}
+
+CXmlWriter::CXmlWriterContext& CXmlWriter::OpenSpareContext(unsigned long rootDepth) {
   CXmlWriterContext& context = *m_spareContexts;
-  context.m_localName = localName;
-  context.m_namespaceUri = namespaceUri;
   if (m_context != nullptr) {
     context.m_depth = m_context->m_depth + 1;
     context.m_defaultNamespace = m_context->m_defaultNamespace;
@@ -90,10 +107,6 @@ CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(const std::string& localN
     context.m_depth = rootDepth;
   }
   context.m_prefix = nullptr;
-  // Most often the namespace is the one around it, and with it the prefix, once that was looked up.
-  if (m_context != nullptr && m_context->m_namespaceUri == namespaceUri) {
-    context.m_prefix = m_context->m_prefix;
-  }
   context.m_childCount = 0;
   context.m_isStartTagOpen = false;
   context.m_state = ContextState_None;
@@ -115,6 +128,11 @@ bool CXmlWriter::IsDeclarable(const NamespaceMap::value_type& binding) noexcept 
   constexpr std::string_view kXmlNamespace = XML_NAMESPACE;
   return !binding.second.empty() &&
          binding.first.compare(0, kXmlNamespace.size(), kXmlNamespace) != 0;
+}
+
+const std::string& CXmlWriter::GetXsiNamespace() {
+  static const std::string& s_uri = *new std::string("http://www.w3.org/2001/XMLSchema-instance");
+  return s_uri;
 }
 
 const char* CXmlWriter::GetEOLText(EOLType type) {

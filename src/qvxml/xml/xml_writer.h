@@ -80,6 +80,12 @@ class QVXML_API CXmlWriter {
 
   /// Sets the state of the innermost open element; does nothing when none is open.
   void SetContextState(ContextState state);
+  /// Room for the text of a value on its way to the writer, emptied; for one value at a time. The
+  /// writers leave it alone.
+  std::string& GetValueRoom() noexcept {
+    m_valueRoom.clear();
+    return m_valueRoom;
+  }
 
   // Prefixes.
 
@@ -106,6 +112,8 @@ class QVXML_API CXmlWriter {
   /// in force there. The context belongs to the writer and serves until PopContext().
   CXmlWriterContext& PushContext(const std::string& localName, const std::string& namespaceUri,
                                  unsigned long rootDepth);
+  /// The same for a format that needs no name of open elements: local name and namespace are "".
+  CXmlWriterContext& PushContext(unsigned long rootDepth);
   /// Ends the innermost open element, and with it the bindings made within it.
   void PopContext() noexcept;
   /// The default namespace for the root.
@@ -115,10 +123,14 @@ class QVXML_API CXmlWriter {
   /// Whether a binding may be declared: not those of the XML namespace and of namespaces that begin
   /// with its URI, and not those to an empty prefix.
   static bool IsDeclarable(const NamespaceMap::value_type& binding) noexcept;
+  /// The namespace of the attributes type and nil.
+  static const std::string& GetXsiNamespace();
   /// "\r\n" or "\n". Throws CQvException "Invalid EOL type.".
   static const char* GetEOLText(EOLType type);
 
  private:
+  CXmlWriterContext& OpenSpareContext(unsigned long rootDepth);
+
   std::string m_defaultNamespace;
   CXmlWriterContext* m_context = nullptr;
   NamespaceMap m_namespaceMap;
@@ -126,6 +138,7 @@ class QVXML_API CXmlWriter {
   // strings.
   CXmlWriterContext* m_spareContexts = nullptr;
   std::unique_ptr<detail::CNamespaceScopes> m_scopes;
+  std::string m_valueRoom;
   CNamedInstance m_instance;
 };
 

@@ -137,9 +137,7 @@ void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx,
   QvVariant value;
   ReadProperty(object, value);
   if (m_isOptional && !value.IsValid()) return;
-  const std::string* const held = value.PeekString();
-  const std::string converted = held == nullptr ? value.ToString(m_format.c_str()) : std::string();
-  const std::string& text = held == nullptr ? converted : *held;
+  const std::string& text = QvXmlLib16::detail::TextOf(value, m_format, *writer);
   if (IsDefaultLeftOut(ctx, text)) return;
   QvXmlLib16::CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
   writer->WriteAttributeString(m_name, m_namespace, text, m_itemType);
@@ -178,7 +176,8 @@ void CAttributeInfoEnum::AttributeToXml(const CSerializationContext& ctx,
   QvVariant value;
   ReadProperty(object, value);
   if (m_isOptional && !value.IsValid()) return;
-  const std::string text = QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
+  const std::string& text = writer->GetValueRoom() =
+      QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
   if (IsDefaultLeftOut(ctx, text)) return;
   writer->WriteAttributeString(m_name, m_namespace, text, QvXmlLib16::ItemType_string);
 }
@@ -205,7 +204,8 @@ void CAttributeInfoAny::AttributeToXml(const CSerializationContext& ctx,
   QvVariant value;
   ReadProperty(object, value);
   if (QvXmlLib16::detail::ObjectIn(value) == nullptr) return;
-  RequireAttributeCol(value).ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx, false);
+  RequireAttributeCol(value).ToXml_Int(writer, false, GetTargetNamespace(object).c_str(), ctx,
+                                       false);
 }
 
 bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext&, CXmlGeneratedClass* object,

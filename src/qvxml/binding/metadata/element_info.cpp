@@ -178,10 +178,7 @@ bool CElementInfo::ElementToXmlPrim(const CSerializationContext&, const CXmlGene
   ReadProperty(object, value);
   if (value.IsNil()) return WriteNil(writer);
   if (!value.IsValid()) return false;
-  if (const std::string* const text = value.PeekString()) {
-    return WritePrim(writer, value, *text);
-  }
-  return WritePrim(writer, value, value.ToString(m_format.c_str()));
+  return WritePrim(writer, value, QvXmlLib16::detail::TextOf(value, m_format, *writer));
 }
 
 bool CElementInfo::WritePrim(CXmlWriter* writer, const QvVariant& value,
@@ -197,7 +194,8 @@ bool CElementInfo::ElementToXmlEnum(const CSerializationContext&, const CXmlGene
   ReadProperty(object, value);
   if (value.IsNil()) return WriteNil(writer);
   if (!value.IsValid()) return false;
-  const std::string text = QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
+  const std::string& text = writer->GetValueRoom() =
+      QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
   return WriteText(writer, text, QvXmlLib16::ItemType_string, IsDefault(text));
 }
 

@@ -7,6 +7,7 @@
 #include "qvxml/binding/metadata/element_info.h"
 #include "qvxml/binding/metadata/nillable_access_internal.h"
 #include "qvxml/binding/metadata/parent_element_info.h"
+#include "qvxml/binding/metadata/property_value_internal.h"
 #include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
@@ -167,7 +168,7 @@ void CXmlGeneratedClass::WriteValue(CXmlWriter* writer) const {
     writer->WriteAttributeNil();
     return;
   }
-  writer->WriteString(value.ToString(classInfo.GetValueFormat().c_str()),
+  writer->WriteString(detail::TextOf(value, classInfo.GetValueFormat(), *writer),
                       classInfo.GetValueItemType(), false);
 }
 

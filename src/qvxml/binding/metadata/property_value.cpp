@@ -2,7 +2,9 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/core/whitespace.h"
+#include "qvxml/xml/xml_writer.h"
 
 namespace QvXmlLib16::detail {
 
@@ -27,6 +29,13 @@ CXmlCollectionBase* CollectionIn(const QvVariant& value) {
   auto* const collection = dynamic_cast<CXmlCollectionBase*>(object);
   if (object != nullptr && collection == nullptr) ThrowInvalidType(value);
   return collection;
+}
+
+const std::string& TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
+  if (const std::string* const text = value.PeekString()) return *text;
+  std::string& room = writer.GetValueRoom();
+  AppendText(value, format.c_str(), room);
+  return room;
 }
 
 const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),

@@ -10,6 +10,10 @@
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/value/variant.h"
 
+namespace QvXmlLib16 {
+class CXmlWriter;  // xml/xml_writer.h
+}
+
 namespace QvXmlLib16::detail {
 
 /// The object or collection that the property holds, or null when it is unset or nil; no reference
@@ -18,6 +22,10 @@ namespace QvXmlLib16::detail {
 CXmlObjectBase* ObjectIn(const QvVariant& value);
 /// The same for a collection.
 CXmlCollectionBase* CollectionIn(const QvVariant& value);
+
+/// The text of a primitive value that is not nil, in the variant or in the room of the writer.
+/// Throws what QvVariant::ToString throws.
+const std::string& TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer);
 
 /// The text of the enumeration's value that the property holds as a number, valid for good. Throws
 /// CQvException when it holds none, and when the enumeration has no such value.

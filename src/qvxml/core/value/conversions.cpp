@@ -5,20 +5,23 @@
 #include <algorithm>
 #include <limits>
 
-#include "qvxml/core/text.h"
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions_internal.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/core/whitespace_internal.h"
-#include "qvxml/types/big_integer.h"
-#include "qvxml/types/binary_data.h"
-#include "qvxml/types/date_time.h"
-#include "qvxml/types/date_time_span.h"
-#include "qvxml/types/decimal.h"
 
 namespace QvXmlLib16 {
 
+using Rule = CWhitespaceUtils::WhitespaceRule;
+using detail::AppendText;
+using detail::CNormalisedText;
+using detail::FromText;
+using detail::ToText;
+
 namespace {
 
-int FractionDigits(const std::string& format) {
+int FractionDigits(const char* format) {
   using Limits = std::numeric_limits<int>;
   long long digits;
   // Whatever follows the number is ignored.
@@ -26,134 +29,306 @@ int FractionDigits(const std::string& format) {
   return static_cast<int>(std::clamp<long long>(digits, Limits::min(), Limits::max()));
 }
 
-CDateTime ParseDateTime(CDateTime::DTType kind, void (CDateTime::*parse)(const char*),
-                        const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  CDateTime value(kind);
-  std::string storage;
-  (value.*parse)(detail::ApplyRule(rule, text, storage).c_str());
-  return value;
+// The parse throws into a value of its own: a failed one leaves a part of the text behind.
+template <class TValue>
+void ParseApart(std::string_view text, Rule rule, TValue& value,
+                void (TValue::*parse)(const char*, size_t)) {
+  const CNormalisedText normalised(rule, text);
+  const std::string_view view = normalised.ViewUpToNul();
+  TValue parsed;
+  (parsed.*parse)(view.data(), view.size());
+  value = parsed;
 }
 
-CDateTime ParseDate(CDateTime::DTType kind, const std::string& text,
-                    CWhitespaceUtils::WhitespaceRule rule) {
-  return ParseDateTime(kind, &CDateTime::ParseXSDDate, text, rule);
+void ParseDate(std::string_view text, Rule rule, CDateTime& value) {
+  ParseApart(text, rule, value, &CDateTime::ParseXSDDate);
 }
 
-// Writes a month or day behind its dashes, padded to two digits.
-std::string FieldToString(const char* dashes, unsigned char value) {
-  return std::string(dashes).append(PadZero(value, 2));
+template <class TField>
+TField ParseDateField(std::string_view text, Rule rule, TField (CDateTime::*get)() const) {
+  CDateTime date;
+  ParseDate(text, rule, date);
+  return (date.*get)();
+}
+
+// Appends a month or day, of at most three digits, padded to two.
+void AppendField(unsigned char value, std::string& text) {
+  if (value < 10) text += '0';
+  AppendText<ItemType_ui1>(value, text);
 }
 
 }  // namespace
 
+namespace detail {
+
+template <>
+void AppendText<ItemType_decimal>(const CDecimal& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+void AppendFormatted(const CDecimal& value, const char* format, std::string& text) {
+  if (format == nullptr || *format == '\0') return value.AppendTo(text);
+  text += value.ToString(FractionDigits(format));
+}
+
+template <>
+void ParseInto<ItemType_decimal>(std::string_view text, Rule rule, CDecimal& value) {
+  const CNormalisedText normalised(rule, text);
+  value.Parse(normalised.View().data(), normalised.View().size());
+}
+
+template <>
+void AppendText<ItemType_integer>(const CBigInteger& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_integer>(std::string_view text, Rule rule, CBigInteger& value) {
+  const CNormalisedText normalised(rule, text);
+  value.Parse(normalised.View().data(), normalised.View().size());
+}
+
+template <>
+void AppendText<ItemType_hexBinary>(const CBinaryData& value, std::string& text) {
+  value.AppendHexTo(text);
+}
+
+template <>
+void ParseInto<ItemType_hexBinary>(std::string_view text, Rule rule, CBinaryData& value) {
+  const CNormalisedText normalised(rule, text);
+  const std::string_view view = normalised.ViewUpToNul();
+  value.SetAsHexString(view.data(), view.size());
+}
+
+template <>
+void AppendText<ItemType_base64Binary>(const CBinaryData& value, std::string& text) {
+  value.AppendBase64To(text);
+}
+
+template <>
+void ParseInto<ItemType_base64Binary>(std::string_view text, Rule rule, CBinaryData& value) {
+  const CNormalisedText normalised(rule, text);
+  const std::string_view view = normalised.ViewUpToNul();
+  value.SetAsBase64(view.data(), view.size());
+}
+
+template <>
+void AppendText<ItemType_duration>(const CDateTimeSpan& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_duration>(std::string_view text, Rule rule, CDateTimeSpan& value) {
+  ParseApart(text, rule, value, &CDateTimeSpan::ParseXSDDuration);
+}
+
+template <>
+void AppendText<ItemType_datetime>(const CDateTime& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_datetime>(std::string_view text, Rule rule, CDateTime& value) {
+  ParseApart(text, rule, value, &CDateTime::ParseXSDDateTime);
+}
+
+template <>
+void AppendText<ItemType_date>(const CDateTime& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_date>(std::string_view text, Rule rule, CDateTime& value) {
+  ParseDate(text, rule, value);
+}
+
+template <>
+void AppendText<ItemType_time>(const CDateTime& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_time>(std::string_view text, Rule rule, CDateTime& value) {
+  ParseApart(text, rule, value, &CDateTime::ParseXSDTime);
+}
+
+template <>
+void AppendText<ItemType_yearMonth>(const CDateTime& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_yearMonth>(std::string_view text, Rule rule, CDateTime& value) {
+  ParseDate(text, rule, value);
+}
+
+template <>
+void AppendText<ItemType_monthDay>(const CDateTime& value, std::string& text) {
+  value.AppendTo(text);
+}
+
+template <>
+void ParseInto<ItemType_monthDay>(std::string_view text, Rule rule, CDateTime& value) {
+  ParseDate(text, rule, value);
+}
+
+template <>
+void AppendText<ItemType_year>(const unsigned short& value, std::string& text) {
+  AppendText<ItemType_ui2>(value, text);
+}
+
+template <>
+void ParseInto<ItemType_year>(std::string_view text, Rule rule, unsigned short& value) {
+  value = static_cast<unsigned short>(ParseDateField(text, rule, &CDateTime::GetYear));
+}
+
+template <>
+void AppendText<ItemType_month>(const unsigned char& value, std::string& text) {
+  AppendField(value, text += "--");
+}
+
+template <>
+void ParseInto<ItemType_month>(std::string_view text, Rule rule, unsigned char& value) {
+  value = ParseDateField(text, rule, &CDateTime::GetMonth);
+}
+
+template <>
+void AppendText<ItemType_day>(const unsigned char& value, std::string& text) {
+  AppendField(value, text += "---");
+}
+
+template <>
+void ParseInto<ItemType_day>(std::string_view text, Rule rule, unsigned char& value) {
+  value = ParseDateField(text, rule, &CDateTime::GetDay);
+}
+
+void AppendText(const QvVariant& value, const char* format, std::string& text) {
+  const ItemType type = value.GetItemType();
+  if (value.IsNil() && type != ItemType_none) return;
+  if (const std::string* const held = value.PeekString()) {
+    text += *held;
+    return;
+  }
+  VisitItemType(
+      type,
+      [&](auto traits) {
+        using Traits = decltype(traits);
+        AppendText<Traits::kType>(Traits::View(value), format, text);
+      },
+      [type] {
+        throw CQvException(
+            FormatString("Invalid Type %d to convert to string", static_cast<int>(type)));
+      });
+}
+
+}  // namespace detail
+
 std::string CConversions::decimalToString(const CDecimal& value, const std::string& format) {
-  return format.empty() ? value.ToString() : value.ToString(FractionDigits(format));
+  std::string text;
+  detail::AppendFormatted(value, format.c_str(), text);
+  return text;
 }
 
 std::string CConversions::decimalToString(const CDecimal& value) {
-  return decimalToString(value, std::string());
+  return ToText<ItemType_decimal>(value);
 }
 
-CDecimal CConversions::decimalFromString(const std::string& text,
-                                         CWhitespaceUtils::WhitespaceRule rule) {
-  std::string storage;
-  return CDecimal(detail::ApplyRule(rule, text, storage));
-}
-
-std::string CConversions::integerToString(const CBigInteger& value) { return value.ToString(); }
-
-CBigInteger CConversions::integerFromString(const std::string& text,
-                                            CWhitespaceUtils::WhitespaceRule rule) {
-  std::string storage;
-  return CBigInteger(detail::ApplyRule(rule, text, storage));
+std::string CConversions::integerToString(const CBigInteger& value) {
+  return ToText<ItemType_integer>(value);
 }
 
 std::string CConversions::hexBinaryToString(const CBinaryData& value) {
-  return value.GetAsHexString();
-}
-
-CBinaryData CConversions::hexBinaryFromString(const std::string& text,
-                                              CWhitespaceUtils::WhitespaceRule rule) {
-  CBinaryData value;
-  std::string storage;
-  value.SetAsHexString(detail::ApplyRule(rule, text, storage).c_str());
-  return value;
+  return ToText<ItemType_hexBinary>(value);
 }
 
 std::string CConversions::base64BinaryToString(const CBinaryData& value) {
-  return value.GetAsBase64();
+  return ToText<ItemType_base64Binary>(value);
 }
 
-CBinaryData CConversions::base64BinaryFromString(const std::string& text,
-                                                 CWhitespaceUtils::WhitespaceRule rule) {
-  CBinaryData value;
-  std::string storage;
-  value.SetAsBase64(detail::ApplyRule(rule, text, storage).c_str());
-  return value;
+std::string CConversions::durationToString(const CDateTimeSpan& value) {
+  return ToText<ItemType_duration>(value);
 }
 
-std::string CConversions::durationToString(const CDateTimeSpan& value) { return value.ToString(); }
-
-CDateTimeSpan CConversions::durationFromString(const std::string& text,
-                                               CWhitespaceUtils::WhitespaceRule rule) {
-  CDateTimeSpan value;
-  std::string storage;
-  value.ParseXSDDuration(detail::ApplyRule(rule, text, storage).c_str());
-  return value;
+std::string CConversions::datetimeToString(const CDateTime& value) {
+  return ToText<ItemType_datetime>(value);
 }
 
-std::string CConversions::datetimeToString(const CDateTime& value) { return value.ToString("s"); }
-std::string CConversions::dateToString(const CDateTime& value) { return datetimeToString(value); }
-std::string CConversions::timeToString(const CDateTime& value) { return datetimeToString(value); }
+std::string CConversions::dateToString(const CDateTime& value) {
+  return ToText<ItemType_date>(value);
+}
+
+std::string CConversions::timeToString(const CDateTime& value) {
+  return ToText<ItemType_time>(value);
+}
+
 std::string CConversions::yearMonthToString(const CDateTime& value) {
-  return datetimeToString(value);
+  return ToText<ItemType_yearMonth>(value);
 }
+
 std::string CConversions::monthDayToString(const CDateTime& value) {
-  return datetimeToString(value);
+  return ToText<ItemType_monthDay>(value);
 }
 
-CDateTime CConversions::datetimeFromString(const std::string& text,
-                                           CWhitespaceUtils::WhitespaceRule rule) {
-  return ParseDateTime(CDateTime::dt_dateTime, &CDateTime::ParseXSDDateTime, text, rule);
+std::string CConversions::yearToString(unsigned short value) {
+  return ToText<ItemType_year>(value);
 }
 
-CDateTime CConversions::dateFromString(const std::string& text,
-                                       CWhitespaceUtils::WhitespaceRule rule) {
-  return ParseDate(CDateTime::dt_date, text, rule);
+std::string CConversions::monthToString(unsigned char value) {
+  return ToText<ItemType_month>(value);
 }
 
-CDateTime CConversions::timeFromString(const std::string& text,
-                                       CWhitespaceUtils::WhitespaceRule rule) {
-  return ParseDateTime(CDateTime::dt_time, &CDateTime::ParseXSDTime, text, rule);
+std::string CConversions::dayToString(unsigned char value) { return ToText<ItemType_day>(value); }
+
+CDecimal CConversions::decimalFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_decimal>(text, rule);
 }
 
-CDateTime CConversions::yearMonthFromString(const std::string& text,
-                                            CWhitespaceUtils::WhitespaceRule rule) {
-  return ParseDate(CDateTime::dt_gYearMonth, text, rule);
+CBigInteger CConversions::integerFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_integer>(text, rule);
 }
 
-CDateTime CConversions::monthDayFromString(const std::string& text,
-                                           CWhitespaceUtils::WhitespaceRule rule) {
-  return ParseDate(CDateTime::dt_gMonthDay, text, rule);
+CBinaryData CConversions::hexBinaryFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_hexBinary>(text, rule);
 }
 
-std::string CConversions::yearToString(unsigned short value) { return ui2ToString(value); }
-std::string CConversions::monthToString(unsigned char value) { return FieldToString("--", value); }
-std::string CConversions::dayToString(unsigned char value) { return FieldToString("---", value); }
-
-unsigned short CConversions::yearFromString(const std::string& text,
-                                            CWhitespaceUtils::WhitespaceRule rule) {
-  return static_cast<unsigned short>(ParseDate(CDateTime::dt_gYear, text, rule).GetYear());
+CBinaryData CConversions::base64BinaryFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_base64Binary>(text, rule);
 }
 
-unsigned char CConversions::monthFromString(const std::string& text,
-                                            CWhitespaceUtils::WhitespaceRule rule) {
-  return static_cast<unsigned char>(ParseDate(CDateTime::dt_gMonth, text, rule).GetMonth());
+CDateTimeSpan CConversions::durationFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_duration>(text, rule);
 }
 
-unsigned char CConversions::dayFromString(const std::string& text,
-                                          CWhitespaceUtils::WhitespaceRule rule) {
-  return static_cast<unsigned char>(ParseDate(CDateTime::dt_gDay, text, rule).GetDay());
+CDateTime CConversions::datetimeFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_datetime>(text, rule);
+}
+
+CDateTime CConversions::dateFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_date>(text, rule);
+}
+
+CDateTime CConversions::timeFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_time>(text, rule);
+}
+
+CDateTime CConversions::yearMonthFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_yearMonth>(text, rule);
+}
+
+CDateTime CConversions::monthDayFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_monthDay>(text, rule);
+}
+
+unsigned short CConversions::yearFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_year>(text, rule);
+}
+
+unsigned char CConversions::monthFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_month>(text, rule);
+}
+
+unsigned char CConversions::dayFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_day>(text, rule);
 }
 
 }  // namespace QvXmlLib16

@@ -5,10 +5,7 @@
 #define QVXML_CORE_VALUE_CONVERSIONS_INTERNAL_H_
 
 #include <charconv>
-#include <string>
 #include <string_view>
-
-#include "qvxml/core/whitespace.h"
 
 namespace QvXmlLib16::detail {
 
@@ -25,8 +22,9 @@ std::string_view WriteInteger(TInteger value, NumberBuffer& buffer) {
 }
 
 /// The text that CConversions::r4ToString and r8ToString return, written into `buffer` or constant.
-std::string_view WriteReal(float value, const std::string& format, NumberBuffer& buffer);
-std::string_view WriteReal(double value, const std::string& format, NumberBuffer& buffer);
+/// A null `format` is "".
+std::string_view WriteReal(float value, const char* format, NumberBuffer& buffer);
+std::string_view WriteReal(double value, const char* format, NumberBuffer& buffer);
 
 enum class ParseResult { Valid, NotANumber, OutOfRange };
 
@@ -35,12 +33,6 @@ enum class ParseResult { Valid, NotANumber, OutOfRange };
 /// `value` is its result in every case. The text need not be terminated.
 ParseResult ReadInteger(std::string_view text, long long& value);
 ParseResult ReadInteger(std::string_view text, unsigned long long& value);
-
-/// Text that is read as a value byte for byte holds no whitespace, so that every rule leaves it as
-/// it is: values are first tried without the rule, provided that it is one.
-inline bool IsRule(CWhitespaceUtils::WhitespaceRule rule) {
-  return rule >= CWhitespaceUtils::ws_none && rule <= CWhitespaceUtils::ws_collapse;
-}
 
 /// Throws CQvInvalidValueException; the one "%s" of `message` is `text` up to its first NUL.
 [[noreturn, gnu::cold]] void ThrowInvalidValue(const char* message, std::string_view text);

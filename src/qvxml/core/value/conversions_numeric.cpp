@@ -7,15 +7,19 @@
 #include <limits>
 #include <type_traits>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/conversions_internal.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/core/whitespace_internal.h"
 
 namespace QvXmlLib16 {
 
+using Rule = CWhitespaceUtils::WhitespaceRule;
 using detail::CNormalisedText;
+using detail::FromText;
 using detail::IsRule;
 using detail::NumberBuffer;
 using detail::ParseResult;
@@ -40,27 +44,17 @@ constexpr IntegerMessages kUI4Messages = {"The value [%s] can not be converted t
 constexpr IntegerMessages kUI8Messages = {"The value [%s] can not be converted to a ui8",
                                           "The value [%s] is to large to fit in a ui8"};
 
+// Made at once: appending to an empty text takes longer.
 template <class TInteger>
 std::string IntegerToString(TInteger value) {
   NumberBuffer buffer;
   return std::string(detail::WriteInteger(value, buffer));
 }
 
-constexpr std::uint64_t kEveryByte = 0x0101010101010101u;
-
-// True when the eight bytes are digits: the high half of each is 3, also after adding 6.
-bool AreDigits(std::uint64_t bytes) {
-  return ((bytes | (bytes + 0x06 * kEveryByte)) & 0xF0 * kEveryByte) == 0x30 * kEveryByte &&
-         (bytes & 0xF0 * kEveryByte) == 0x30 * kEveryByte;
-}
-
-// Value of eight digits, the first in the lowest byte: joins pairs, then fours, then all.
-std::uint64_t DigitsValue(std::uint64_t bytes) {
-  bytes -= 0x30 * kEveryByte;
-  bytes = bytes * 10 + (bytes >> 8);
-  const std::uint64_t highPairs = (bytes & 0x000000FF000000FFu) * (100 + (1000000ull << 32));
-  const std::uint64_t lowPairs = ((bytes >> 16) & 0x000000FF000000FFu) * (1 + (10000ull << 32));
-  return (highPairs + lowPairs) >> 32;
+template <class TInteger>
+void AppendInteger(TInteger value, std::string& text) {
+  NumberBuffer buffer;
+  text += detail::WriteInteger(value, buffer);
 }
 
 // Reads text that is nothing but an optional minus and digits that surely fit.
@@ -68,26 +62,14 @@ template <class TWide>
 bool ReadPlainInteger(std::string_view text, TWide& value) {
   const bool isNegative = !text.empty() && text.front() == '-';
   if (isNegative) text.remove_prefix(1);
-  if (text.empty() || text.size() > 18) return false;
   std::uint64_t magnitude = 0;
-  for (; text.size() >= 8; text.remove_prefix(8)) {
-    std::uint64_t bytes;
-    std::memcpy(&bytes, text.data(), sizeof bytes);
-    if (!AreDigits(bytes)) return false;
-    magnitude = magnitude * 100000000 + DigitsValue(bytes);
-  }
-  for (const char character : text) {
-    const unsigned digit = static_cast<unsigned char>(character) - unsigned{'0'};
-    if (digit > 9) return false;
-    magnitude = magnitude * 10 + digit;
-  }
+  if (!detail::ReadShortNumber(text, magnitude)) return false;
   value = static_cast<TWide>(isNegative ? 0 - magnitude : magnitude);
   return true;
 }
 
 template <class TWide>
-TWide ReadLenientInteger(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
-                         const IntegerMessages& messages) {
+TWide ReadLenientInteger(std::string_view text, Rule rule, const IntegerMessages& messages) {
   const CNormalisedText normalised(rule, text);
   TWide value;
   const ParseResult result = detail::ReadInteger(normalised.View(), value);
@@ -97,20 +79,18 @@ TWide ReadLenientInteger(const std::string& text, CWhitespaceUtils::WhitespaceRu
 }
 
 template <class TWide>
-TWide IntegerFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
-                        const IntegerMessages& messages) {
+TWide IntegerFromText(std::string_view text, Rule rule, const IntegerMessages& messages) {
   TWide value;
   if (IsRule(rule) && ReadPlainInteger(text, value)) return value;
   return ReadLenientInteger<TWide>(text, rule, messages);
 }
 
 template <class TNarrow>
-TNarrow NarrowFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
-                         const char* outOfRange) {
+TNarrow NarrowFromText(std::string_view text, Rule rule, const char* outOfRange) {
   using Limits = std::numeric_limits<TNarrow>;
   using Wide = std::conditional_t<Limits::is_signed, long long, unsigned long long>;
   const auto& messages = Limits::is_signed ? kI4Messages : kUI4Messages;
-  const Wide value = IntegerFromString<Wide>(text, rule, messages);
+  const Wide value = IntegerFromText<Wide>(text, rule, messages);
   // Kept: quotes the text before the whitespace rule, as the wide kinds do not.
   if (value < Limits::min() || value > Limits::max()) ThrowInvalidValue(outOfRange, text);
   return static_cast<TNarrow>(value);
@@ -153,8 +133,10 @@ bool IsSameIgnoringCase(std::string_view text, std::string_view lowerCase) {
 }
 
 bool ReadBoolean(std::string_view text, bool& value) {
-  value = text == "1" || IsSameIgnoringCase(text, "true");
-  return value || text == "0" || IsSameIgnoringCase(text, "false");
+  const bool isTrue = text == "1" || IsSameIgnoringCase(text, "true");
+  if (!isTrue && text != "0" && !IsSameIgnoringCase(text, "false")) return false;
+  value = isTrue;
+  return true;
 }
 
 }  // namespace
@@ -173,6 +155,127 @@ ParseResult ReadInteger(std::string_view text, unsigned long long& value) {
   return ReadIntegerAs(text, value);
 }
 
+template <>
+void AppendText<ItemType_i1>(const char& value, std::string& text) {
+  AppendInteger(int{value}, text);
+}
+
+template <>
+void ParseInto<ItemType_i1>(std::string_view text, Rule rule, char& value) {
+  value = NarrowFromText<char>(text, rule, "The value [%s] is to large to fit in a i1");
+}
+
+template <>
+void AppendText<ItemType_i2>(const short& value, std::string& text) {
+  AppendInteger(value, text);
+}
+
+template <>
+void ParseInto<ItemType_i2>(std::string_view text, Rule rule, short& value) {
+  value = NarrowFromText<short>(text, rule, "The value [%s] is to large to fit in a i2");
+}
+
+template <>
+void AppendText<ItemType_i4>(const long& value, std::string& text) {
+  AppendInteger(value, text);
+}
+
+template <>
+void ParseInto<ItemType_i4>(std::string_view text, Rule rule, long& value) {
+  value = IntegerFromText<long long>(text, rule, kI4Messages);
+}
+
+template <>
+void AppendText<ItemType_i8>(const long long& value, std::string& text) {
+  AppendInteger(value, text);
+}
+
+template <>
+void ParseInto<ItemType_i8>(std::string_view text, Rule rule, long long& value) {
+  value = IntegerFromText<long long>(text, rule, kI8Messages);
+}
+
+template <>
+void AppendText<ItemType_ui1>(const unsigned char& value, std::string& text) {
+  AppendInteger(int{value}, text);
+}
+
+template <>
+void ParseInto<ItemType_ui1>(std::string_view text, Rule rule, unsigned char& value) {
+  value = NarrowFromText<unsigned char>(text, rule, "The value [%s] is to large to fit in a ui1");
+}
+
+template <>
+void AppendText<ItemType_ui2>(const unsigned short& value, std::string& text) {
+  AppendInteger(value, text);
+}
+
+template <>
+void ParseInto<ItemType_ui2>(std::string_view text, Rule rule, unsigned short& value) {
+  value = NarrowFromText<unsigned short>(text, rule, "The value [%s] is to large to fit in a ui2");
+}
+
+template <>
+void AppendText<ItemType_ui4>(const unsigned long& value, std::string& text) {
+  AppendInteger(value, text);
+}
+
+template <>
+void ParseInto<ItemType_ui4>(std::string_view text, Rule rule, unsigned long& value) {
+  value = IntegerFromText<unsigned long long>(text, rule, kUI4Messages);
+}
+
+template <>
+void AppendText<ItemType_ui8>(const unsigned long long& value, std::string& text) {
+  AppendInteger(value, text);
+}
+
+template <>
+void ParseInto<ItemType_ui8>(std::string_view text, Rule rule, unsigned long long& value) {
+  value = IntegerFromText<unsigned long long>(text, rule, kUI8Messages);
+}
+
+template <>
+void AppendText<ItemType_boolean>(const bool& value, std::string& text) {
+  text += value ? "true" : "false";
+}
+
+template <>
+void ParseInto<ItemType_boolean>(std::string_view text, Rule rule, bool& value) {
+  if (IsRule(rule) && ReadBoolean(text, value)) return;
+  const CNormalisedText normalised(rule, text);
+  if (ReadBoolean(normalised.ViewUpToNul(), value)) return;
+  ThrowInvalidValue(
+      "A Boolean Value read from an XML document was invalid [%s]. Valid values are 'true', 'false', '1', or '0'",
+      text);
+}
+
+template <>
+void AppendText<ItemType_char>(const char& value, std::string& text) {
+  text += value;
+}
+
+template <>
+void ParseInto<ItemType_char>(std::string_view text, Rule rule, char& value) {
+  const CNormalisedText normalised(rule, text);
+  if (normalised.View().size() != 1) {
+    ThrowInvalidValue(
+        "The value [%s] can not be a char as it is either empty of greater than 1 char long",
+        normalised.View());
+  }
+  value = normalised.View().front();
+}
+
+template <>
+void AppendText<ItemType_string>(const std::string& value, std::string& text) {
+  text += value;
+}
+
+template <>
+void ParseInto<ItemType_string>(std::string_view text, Rule rule, std::string& value) {
+  value = CNormalisedText(rule, text).View();
+}
+
 }  // namespace detail
 
 std::string CConversions::i1ToString(char value) { return IntegerToString(int{value}); }
@@ -183,74 +286,52 @@ std::string CConversions::ui1ToString(unsigned char value) { return IntegerToStr
 std::string CConversions::ui2ToString(unsigned short value) { return IntegerToString(value); }
 std::string CConversions::ui4ToString(unsigned long value) { return IntegerToString(value); }
 std::string CConversions::ui8ToString(unsigned long long value) { return IntegerToString(value); }
-
-char CConversions::i1FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  return NarrowFromString<char>(text, rule, "The value [%s] is to large to fit in a i1");
-}
-
-short CConversions::i2FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  return NarrowFromString<short>(text, rule, "The value [%s] is to large to fit in a i2");
-}
-
-long CConversions::i4FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  return IntegerFromString<long long>(text, rule, kI4Messages);
-}
-
-long long CConversions::i8FromString(const std::string& text,
-                                     CWhitespaceUtils::WhitespaceRule rule) {
-  return IntegerFromString<long long>(text, rule, kI8Messages);
-}
-
-unsigned char CConversions::ui1FromString(const std::string& text,
-                                          CWhitespaceUtils::WhitespaceRule rule) {
-  return NarrowFromString<unsigned char>(text, rule, "The value [%s] is to large to fit in a ui1");
-}
-
-unsigned short CConversions::ui2FromString(const std::string& text,
-                                           CWhitespaceUtils::WhitespaceRule rule) {
-  return NarrowFromString<unsigned short>(text, rule, "The value [%s] is to large to fit in a ui2");
-}
-
-unsigned long CConversions::ui4FromString(const std::string& text,
-                                          CWhitespaceUtils::WhitespaceRule rule) {
-  return IntegerFromString<unsigned long long>(text, rule, kUI4Messages);
-}
-
-unsigned long long CConversions::ui8FromString(const std::string& text,
-                                               CWhitespaceUtils::WhitespaceRule rule) {
-  return IntegerFromString<unsigned long long>(text, rule, kUI8Messages);
-}
-
 std::string CConversions::booleanToString(bool value) { return value ? "true" : "false"; }
-
-bool CConversions::booleanFromString(const std::string& text,
-                                     CWhitespaceUtils::WhitespaceRule rule) {
-  bool value;
-  if (IsRule(rule) && ReadBoolean(text, value)) return value;
-  const CNormalisedText normalised(rule, text);
-  if (ReadBoolean(normalised.View().substr(0, normalised.View().find('\0')), value)) return value;
-  ThrowInvalidValue(
-      "A Boolean Value read from an XML document was invalid [%s]. Valid values are 'true', 'false', '1', or '0'",
-      text);
-}
-
 std::string CConversions::charToString(char value) { return std::string(1, value); }
-
-char CConversions::charFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  const CNormalisedText normalised(rule, text);
-  if (normalised.View().size() != 1) {
-    ThrowInvalidValue(
-        "The value [%s] can not be a char as it is either empty of greater than 1 char long",
-        normalised.View());
-  }
-  return normalised.View().front();
-}
-
 std::string CConversions::stringToString(const std::string& value) { return value; }
 
-std::string CConversions::stringFromString(const std::string& text,
-                                           CWhitespaceUtils::WhitespaceRule rule) {
-  return CWhitespaceUtils::ApplyRule(rule, text);
+char CConversions::i1FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_i1>(text, rule);
+}
+
+short CConversions::i2FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_i2>(text, rule);
+}
+
+long CConversions::i4FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_i4>(text, rule);
+}
+
+long long CConversions::i8FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_i8>(text, rule);
+}
+
+unsigned char CConversions::ui1FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_ui1>(text, rule);
+}
+
+unsigned short CConversions::ui2FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_ui2>(text, rule);
+}
+
+unsigned long CConversions::ui4FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_ui4>(text, rule);
+}
+
+unsigned long long CConversions::ui8FromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_ui8>(text, rule);
+}
+
+bool CConversions::booleanFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_boolean>(text, rule);
+}
+
+char CConversions::charFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_char>(text, rule);
+}
+
+std::string CConversions::stringFromString(const std::string& text, Rule rule) {
+  return FromText<ItemType_string>(text, rule);
 }
 
 }  // namespace QvXmlLib16

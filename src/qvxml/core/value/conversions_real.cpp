@@ -13,6 +13,7 @@
 #include "qvxml/core/locale_text.h"
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/conversions_internal.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/core/whitespace_internal.h"
 
 namespace QvXmlLib16 {
@@ -101,12 +102,12 @@ template <class TReal>
 constexpr double kIntegerLimit = std::is_same_v<TReal, float> ? 1e7 : 1e15;
 
 template <class TReal>
-std::string_view WriteRealAs(TReal value, const std::string& format, NumberBuffer& buffer) {
+std::string_view WriteRealAs(TReal value, const char* format, NumberBuffer& buffer) {
   if (value != value) return "NaN";
   if (value < -std::numeric_limits<TReal>::max()) return "-INF";
   if (value > std::numeric_limits<TReal>::max()) return "INF";
-  if (!format.empty()) {
-    const std::string_view text = WriteByFormat(value, format.c_str(), buffer);
+  if (format != nullptr && *format != '\0') {
+    const std::string_view text = WriteByFormat(value, format, buffer);
     if (!text.empty()) return text;
   }
   if (value > -kIntegerLimit<TReal> && value < kIntegerLimit<TReal> && value != 0) {
@@ -205,8 +206,8 @@ bool ReadByLibrary(const std::string& text, double& value) {
   return !text.empty() && *stop == '\0';
 }
 
-double RealFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule,
-                      const char* message) {
+double RealFromText(std::string_view text, CWhitespaceUtils::WhitespaceRule rule,
+                    const char* message) {
   double value;
   if (detail::IsRule(rule) && ReadPlainReal(text, value)) return value;
   const detail::CNormalisedText normalised(rule, text);
@@ -222,38 +223,72 @@ double RealFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule 
 
 namespace detail {
 
-std::string_view WriteReal(float value, const std::string& format, NumberBuffer& buffer) {
+std::string_view WriteReal(float value, const char* format, NumberBuffer& buffer) {
   return WriteRealAs(value, format, buffer);
 }
 
-std::string_view WriteReal(double value, const std::string& format, NumberBuffer& buffer) {
+std::string_view WriteReal(double value, const char* format, NumberBuffer& buffer) {
   return WriteRealAs(value, format, buffer);
+}
+
+void AppendFormatted(float value, const char* format, std::string& text) {
+  NumberBuffer buffer;
+  text += WriteReal(value, format, buffer);
+}
+
+void AppendFormatted(double value, const char* format, std::string& text) {
+  NumberBuffer buffer;
+  text += WriteReal(value, format, buffer);
+}
+
+template <>
+void AppendText<ItemType_r4>(const float& value, std::string& text) {
+  AppendFormatted(value, nullptr, text);
+}
+
+template <>
+void ParseInto<ItemType_r4>(std::string_view text, CWhitespaceUtils::WhitespaceRule rule,
+                            float& value) {
+  // Kept: rounds twice, so the result may differ in its last bit from the float nearest the text.
+  value =
+      static_cast<float>(RealFromText(text, rule, "The value [%s] can not be converted to a r4"));
+}
+
+template <>
+void AppendText<ItemType_r8>(const double& value, std::string& text) {
+  AppendFormatted(value, nullptr, text);
+}
+
+template <>
+void ParseInto<ItemType_r8>(std::string_view text, CWhitespaceUtils::WhitespaceRule rule,
+                            double& value) {
+  value = RealFromText(text, rule, "The value [%s] can not be converted to a r8");
 }
 
 }  // namespace detail
 
 std::string CConversions::r4ToString(float value, const std::string& format) {
-  NumberBuffer buffer;
-  return std::string(detail::WriteReal(value, format, buffer));
+  std::string text;
+  detail::AppendFormatted(value, format.c_str(), text);
+  return text;
 }
 
-std::string CConversions::r4ToString(float value) { return r4ToString(value, std::string()); }
+std::string CConversions::r4ToString(float value) { return detail::ToText<ItemType_r4>(value); }
 
 std::string CConversions::r8ToString(double value, const std::string& format) {
-  NumberBuffer buffer;
-  return std::string(detail::WriteReal(value, format, buffer));
+  std::string text;
+  detail::AppendFormatted(value, format.c_str(), text);
+  return text;
 }
 
-std::string CConversions::r8ToString(double value) { return r8ToString(value, std::string()); }
+std::string CConversions::r8ToString(double value) { return detail::ToText<ItemType_r8>(value); }
 
 float CConversions::r4FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  // Kept: rounds twice, so the result may differ in its last bit from the float nearest the text.
-  return static_cast<float>(
-      RealFromString(text, rule, "The value [%s] can not be converted to a r4"));
+  return detail::FromText<ItemType_r4>(text, rule);
 }
 
 double CConversions::r8FromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  return RealFromString(text, rule, "The value [%s] can not be converted to a r8");
+  return detail::FromText<ItemType_r8>(text, rule);
 }
 
 }  // namespace QvXmlLib16

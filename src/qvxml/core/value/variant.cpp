@@ -7,6 +7,7 @@
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/core/value/item_traits.h"
 
 namespace QvXmlLib16 {
@@ -23,19 +24,6 @@ constexpr bool IsPointerType(ItemType type) {
 
 template <class TTraits>
 constexpr bool kIsOwned = TTraits::kHolding == ItemHolding::Owned;
-
-template <class TTraits>
-std::string FormatValue(const typename TTraits::Carrier& value, const char* format) {
-  if constexpr (TTraits::kType == ItemType_r4) {
-    return CConversions::r4ToString(value, format);
-  } else if constexpr (TTraits::kType == ItemType_r8) {
-    return CConversions::r8ToString(value, format);
-  } else if constexpr (TTraits::kType == ItemType_decimal) {
-    return CConversions::decimalToString(value, format);
-  } else {
-    return TTraits::ToText(value);
-  }
-}
 
 }  // namespace
 
@@ -132,22 +120,9 @@ std::string QvVariant::GetType() const {
 
 std::string QvVariant::ToString(const char* format) const {
   assert(CheckInvariants());
-  if (m_isNil && m_type != ItemType_none) return std::string();
-  return VisitItemType(
-      m_type,
-      [&](auto traits) {
-        using Traits = decltype(traits);
-        using Carrier = typename Traits::Carrier;
-        if constexpr (kIsOwned<Traits>) {
-          return FormatValue<Traits>(*PeekOwned<Carrier>(), format == nullptr ? "" : format);
-        } else {
-          return FormatValue<Traits>(Traits::Get(*this), format == nullptr ? "" : format);
-        }
-      },
-      [this]() -> std::string {
-        throw CQvException(
-            FormatString("Invalid Type %d to convert to string", static_cast<int>(m_type)));
-      });
+  std::string text;
+  detail::AppendText(*this, format, text);
+  return text;
 }
 
 void QvVariant::FromString(const std::string& text, ItemType type,
@@ -157,9 +132,13 @@ void QvVariant::FromString(const std::string& text, ItemType type,
       [&](auto traits) {
         using Traits = decltype(traits);
         if constexpr (kIsOwned<Traits>) {
-          SetOwned(type, Traits::FromText(text, rule));
+          using Carrier = typename Traits::Carrier;
+          MakeOwned<Carrier>(
+              type, [&](Carrier& value) { detail::ParseInto<Traits::kType>(text, rule, value); });
         } else {
-          Traits::Set(*this, Traits::FromText(text, rule));
+          typename Traits::Carrier value{};
+          detail::ParseInto<Traits::kType>(text, rule, value);
+          Traits::Set(*this, value);
         }
       },
       [&] {
@@ -208,6 +187,29 @@ void QvVariant::SetOwned(ItemType type, TObject&& value) {
     SetInline(type, copy);
     m_ownership = Ownership::Heap;
   }
+}
+
+template <class TObject, class TFill>
+void QvVariant::MakeOwned(ItemType type, TFill fill) {
+  if constexpr (kFitsInPlace<TObject>) {
+    if (m_ownership == Ownership::None) return MakeInPlace<TObject>(type, fill);
+  }
+  TObject object;
+  fill(object);
+  SetOwned(type, std::move(object));
+}
+
+template <class TObject, class TFill>
+void QvVariant::MakeInPlace(ItemType type, TFill fill) {
+  auto* const object = new (m_place) TObject();
+  try {
+    fill(*object);
+  } catch (...) {
+    object->~TObject();
+    throw;
+  }
+  SetInline(type, static_cast<void*>(object));
+  m_ownership = Ownership::InPlace;
 }
 
 template <class TObject>

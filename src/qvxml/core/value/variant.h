@@ -207,6 +207,11 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
 
   template <class TObject>
   void SetOwned(ItemType type, TObject&& value);
+  // The same for an object that `fill` makes of a new one; nothing changes when it throws.
+  template <class TObject, class TFill>
+  void MakeOwned(ItemType type, TFill fill);
+  template <class TObject, class TFill>
+  void MakeInPlace(ItemType type, TFill fill);
   template <class TObject>
   const TObject* PeekOwned() const;
   template <class TObject>

@@ -3,6 +3,7 @@
 
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/core/item_type.h"
+#include "qvxml/json/well_formed_json_writer.h"
 #include "qvxml/xml/untyped/attribute_col.h"
 #include "qvxml/xml/untyped/element.h"
 #include "qvxml/xml/untyped/element_col.h"
@@ -15,6 +16,8 @@ namespace QvXmlLib16::detail {
 CUntypedWriter::CUntypedWriter(CXmlWriter& writer, bool isRoot, const CSerializationContext& ctx)
     : m_writer(writer),
       m_textWriter(dynamic_cast<CXmlTextWriter*>(&writer)),
+      m_jsonWriter(m_textWriter != nullptr ? nullptr
+                                           : dynamic_cast<CWellFormedJsonWriter*>(&writer)),
       m_ctx(ctx),
       m_hasDefaultNamespace(!isRoot && !ctx.GetDefaultNamespaceURI().empty()) {}
 
@@ -28,9 +31,22 @@ void CUntypedWriter::Write(const CElement& element) {
     if (children == nullptr || level.nextChild == static_cast<size_t>(children->GetCount())) {
       End();
     } else {
+      if (m_jsonWriter != nullptr) MarkRun(*children, level.nextChild);
       Start(*children->begin()[level.nextChild++]);
     }
   }
+}
+
+// Children of one name that stand next to each other are like the items of a collection.
+void CUntypedWriter::MarkRun(const CElementCol& children, size_t index) {
+  const auto areAlike = [&children](size_t left) {
+    const CElement& first = *children.begin()[left];
+    const CElement& second = *children.begin()[left + 1];
+    return first.GetName() == second.GetName() && first.m_namespace == second.m_namespace;
+  };
+  const bool isInRun = (index > 0 && areAlike(index - 1)) ||
+                       (index + 1 < static_cast<size_t>(children.GetCount()) && areAlike(index));
+  m_jsonWriter->SetContextState(isInRun ? ContextState_CollectionBegin : ContextState_None);
 }
 
 void CUntypedWriter::Start(const CElement& element) {

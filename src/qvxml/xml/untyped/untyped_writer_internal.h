@@ -10,7 +10,9 @@
 namespace QvXmlLib16 {
 
 class CElement;               // xml/untyped/element.h
+class CElementCol;            // xml/untyped/element_col.h
 class CSerializationContext;  // binding/serialization_context.h
+class CWellFormedJsonWriter;  // json/well_formed_json_writer.h
 class CXmlTextWriter;         // xml/xml_text_writer.h
 class CXmlWriter;             // xml/xml_writer.h
 
@@ -50,6 +52,7 @@ class CUntypedWriter {
     bool hasDefaultNamespace;
   };
 
+  void MarkRun(const CElementCol& children, size_t index);
   void Start(const CElement& element);
   void End();
   void WriteAttributes(CLevel& level, bool isInDefaultNamespace);
@@ -58,6 +61,8 @@ class CUntypedWriter {
 
   CXmlWriter& m_writer;
   CXmlTextWriter* const m_textWriter;
+  // Likewise, where arrays are known by what is marked as a collection.
+  CWellFormedJsonWriter* const m_jsonWriter;
   const CSerializationContext& m_ctx;
   const bool m_hasDefaultNamespace;
   std::vector<CLevel> m_levels;
