@@ -34,6 +34,7 @@ void CUntypedWriter::Write(const CElement& element) {
 }
 
 void CUntypedWriter::Start(const CElement& element) {
+  m_loopCheck.Check(m_levels);
   const bool isOutermost = m_levels.empty();
   const bool isInDefaultNamespace =
       isOutermost ? m_hasDefaultNamespace : m_levels.back().hasDefaultNamespace;
