@@ -306,6 +306,18 @@ TEST(TypedCollections, ACollectionIsNoDocument) {
       "logic error)");
 }
 
+TEST(TypedCollections, NamespacesMayBeManyAndMissing) {
+  const auto namespaceOf = [](const char* namespaceUri) {
+    return Ci4Col("v", namespaceUri, 0, kUnbounded, NoFacets(), kCollapse).GetNamespace();
+  };
+  // More than are kept once.
+  for (int i = 0; i < 10000; ++i) {
+    const std::string uri = "urn:many:" + std::to_string(i);
+    ASSERT_EQ(uri, namespaceOf(uri.c_str()));
+  }
+  EXPECT_EQ("", namespaceOf(nullptr));
+}
+
 // --- Events
 
 TEST(CollectionEvents, TellWhatChangesAndInWhichOrder) {
@@ -490,6 +502,29 @@ TEST_F(CXmlCollectionTest, EventsCarryTheObject) {
   items->Add(new CItem("x"));
   items->Clear();
   EXPECT_EQ("1:x 2:x 0 3 4 0", listener.Take());
+}
+
+TEST_F(CXmlCollectionTest, AnObjectOutlivesTheEventThatTellsOfIt) {
+  const CSmartPtr<CXmlCollection> items = NewItems();
+  CListener first([](void*) { return std::string(); });
+  CListener second([](void* data) { return static_cast<CXmlObjectBase*>(data)->GetElementName(); });
+  items->AddEventListener(&first);
+  items->AddEventListener(&second);
+  first.react = [&](IEventSink::MsgType type, void*) {
+    if (type == IEventSink::MsgType_AddComplete) items->Clear();
+  };
+  items->Add(new CItem("x"));
+  EXPECT_EQ("1:x 3 4 0 2:x 0", second.Take());
+  EXPECT_EQ(0, items->GetCount());
+}
+
+TEST_F(CXmlCollectionTest, ACollectionInItselfIsNoEndlessRecursion) {
+  const CSmartPtr<CXmlCollection> items = NewItems();
+  items->Add(CSmartPtr<CXmlObjectBase>(items));
+  EXPECT_QV_THROW(
+      Written(*items), CQvException,
+      "The elements are nested too deeply for the stack of this thread, 0 levels were reached");
+  items->Clear();
 }
 
 TEST_F(CXmlCollectionTest, WritesItsItemsInItsNamespace) {

@@ -457,6 +457,92 @@ TEST(DriverReading, Choices) {
   }
 }
 
+// A class without an element of its own, for the members below.
+DrivenSchema* g_groupSchema = nullptr;
+CSmartPtr<CXmlObjectBase> MakeGroup(int, const char*) { return new CDriven(*g_groupSchema); }
+
+struct GroupSchema : DrivenSchema {
+  explicit GroupSchema(XmlElementGroupType type) : DrivenSchema(type, "g", kGroup) {
+    Describe(type, kGroup, "g", "", false, false, -1, ItemType_none, "", false);
+  }
+};
+
+TEST(DriverReading, AGroupTriedInVainLosesNothing) {
+  GroupSchema sequence(kSequence);
+  AddI4<CElementInfoSeqPrimMnd>(sequence, "a", 0);
+  AddI4<CElementInfoSeqPrimMnd>(sequence, "b", 1);
+  GroupSchema all(kAll);
+  AddI4<CElementInfoAllPrimMnd>(all, "a", 0);
+  AddI4<CElementInfoAllPrimMnd>(all, "b", 1);
+  DrivenSchema choice(kChoice, "r");
+  choice.Add<CElementInfoChoiceClsOpt>("g", "", 0, kGroup, &MakeGroup, 0);
+  AddI4<CElementInfoChoicePrimOpt>(choice, "c", 1);
+  DrivenSchema member(kSequence, "r");
+  member.Add<CElementInfoSeqClsOpt>("g", "", 0, kGroup, &MakeGroup, 0);
+  AddI4<CElementInfoSeqPrimOpt>(member, "c", 1);
+  const std::string half =
+      "CQvValidationException: Failed to process the element.\nPath: /r | CQvValidationException: "
+      "Failed to find the mandatory element [b].";
+  const struct {
+    const char* name;
+    DrivenSchema& group;
+    DrivenSchema& around;
+    const char* children;
+    const char* options;
+    std::string expected;
+  } rows[] = {
+      {"choice", sequence, choice, "<c>1</c>", "E", "1=1"},
+      {"choice, behind another", sequence, choice, "<x/><c>1</c><x/>", "E", "1=1"},
+      {"choice, the group", sequence, choice, "<x/><a>1</a><x/><b>2</b>", "E", "0=(0=1 1=2)"},
+      {"choice, half the group", sequence, choice, "<a>1</a><c>2</c>", "E", "0=(0=1)"},
+      {"choice, all-group", all, choice, "<c>1</c>", "", "1=1"},
+      {"sequence", sequence, member, "<c>1</c>", "E", "1=1"},
+      {"sequence, half the group", sequence, member, "<a>1</a><c>2</c>", "E", "0=(0=1) 1=2"},
+      {"sequence, all-group", all, member, "<c>1</c>", "", "1=1"},
+      {"sequence, all-group and more", all, member, "<b>1</b><a>2</a><c>3</c>", "",
+       "0=(0=2 1=1) 1=3"},
+      {"sequence, half the all-group", all, member, "<a>1</a><c>2</c>", "", half},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    g_groupSchema = &row.group;
+    CDriven object(row.around);
+    EXPECT_EQ(row.expected,
+              Read(object, std::string("<r>") + row.children + "</r>", Context(row.options)));
+  }
+}
+
+TEST(DriverReading, AGroupKeepsWhatItsCollectionTook) {
+  const struct {
+    const char* children;
+    const char* options;
+    const char* expected;
+  } rows[] = {
+      {"<a>1</a><a>2</a><b>3</b>", "", "0=(0=2 items) 1=3"},
+      {"<b>3</b>", "", "1=3"},
+      // Kept: that there are not enough ends the group, and is not reported.
+      {"<a>1</a><b>3</b>", "", "0=(0=1 items) 1=3"},
+      {"<a>1</a><b>3</b>", "E", "0=(0=1 items) 1=3"},
+      {"<a>1</a><x/><a>2</a><x/><b>3</b>", "E", "0=(0=2 items) 1=3"},
+  };
+  GroupSchema group(kSequence);
+  group.Add<CElementInfoSeqPrimCol>("a", "", 0);
+  group.init = [](CSample& sample) {
+    sample.HoldCollection(
+        0, new Ci4Col("a", "", 2, Ci4Col::kUnbounded, CPrimitiveRestrictions(), kCollapse));
+  };
+  g_groupSchema = &group;
+  DrivenSchema schema(kSequence, "r");
+  schema.Add<CElementInfoSeqClsOpt>("g", "", 0, kGroup, &MakeGroup, 0);
+  AddI4<CElementInfoSeqPrimMnd>(schema, "b", 1);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.children) + row.options);
+    CDriven object(schema);
+    EXPECT_EQ(row.expected,
+              Read(object, std::string("<r>") + row.children + "</r>", Context(row.options)));
+  }
+}
+
 TEST(DriverReading, AllGroups) {
   const auto leftover = [](const std::string& name) {
     return "CQvValidationException: Failed read all the elements held within the element [r]. The "
@@ -574,6 +660,24 @@ TEST(Driver, KeepsItsSlotOrder) {
   EXPECT_EQ(3u, SlotOf(&CElementInfo::ElementFromXml));
   EXPECT_EQ(4u, SlotOf(&CElementInfo::Validate));
   EXPECT_EQ(5u, SlotOf(&CElementInfo::PseudoChildAttributeToXml));
+}
+
+TEST(Driver, NeedsMetaData) {
+  class CBare : public CDriven {
+   public:
+    using CDriven::CDriven;
+    CParentElementInfo* GetClassInfo() const override { return nullptr; }
+  };
+  DrivenSchema schema(kSequence, "r");
+  CBare object(schema);
+  EXPECT_EQ(
+      "CQvValidationException: Failed to convert the element [r] to XML | CQvException: The class "
+      "has no metadata",
+      ChainOf([&] { Write(object); }));
+  EXPECT_EQ(
+      "CQvValidationException: Failed to process the element.\nPath: /r | CQvException: The class "
+      "has no metadata",
+      Read(object, "<r/>"));
 }
 
 TEST(Driver, AnswersQuestionsAboutItsMembers) {

@@ -498,6 +498,29 @@ TEST_F(CUntyped, ThreadsThatShareAContextGetTheSameRootAttributes) {
   EXPECT_EQ(found, std::vector<CAttributeCol*>(8, ctx.GetAdditionalRootAttributes().Ptr()));
 }
 
+TEST_F(CUntyped, ALoopIsRefusedWhereItHasNoEnd) {
+  for (const int length : {1, 2, 100}) {
+    SCOPED_TRACE(length);
+    const CElementPtr first(new CElement("first", "urn:a"));
+    CElementPtr last = first;
+    for (int i = 1; i < length; ++i) last = last->GetElements()->Add("more", "");
+    last->GetElements()->Add("before", "");
+    last->GetElements()->Add(first);
+    const char* const fault = "An untyped element may not be among its own children";
+    EXPECT_QV_THROW(Write(first), CQvException, fault);
+    EXPECT_QV_THROW(first->Clone(), CQvException, fault);
+    EXPECT_QV_THROW(last->GetElements()->Clone(), CQvException, fault);
+    last->GetElements()->Clear();
+  }
+  // What only stands in several places is none.
+  const CElementPtr shared(new CElement("b"));
+  const CElementPtr parent(new CElement("a"));
+  parent->GetElements()->Add("c", "")->GetElements()->Add(shared);
+  parent->GetElements()->Add(shared);
+  parent->GetElements()->Add(shared);
+  EXPECT_EQ("<a><c><b/></c><b/><b/></a>", Write(parent->Clone()));
+}
+
 // ---- Depth
 
 TEST_F(CUntyped, DepthIsLimitedByMemoryAlone) {

@@ -14,14 +14,19 @@ namespace QvXmlLib16::detail {
 class CDepthGuard {
  public:
   CDepthGuard() {
-    // Room for one level of user code and of ours, and for building and throwing the exception.
-    constexpr size_t kReserve = 48 * 1024;
-    if (RemainingStackBytes() < kReserve) ThrowTooDeep();
+    CheckStack();
     ++t_depth;
   }
   ~CDepthGuard() { --t_depth; }
   CDepthGuard(const CDepthGuard&) = delete;
   CDepthGuard& operator=(const CDepthGuard&) = delete;
+
+  /// The same for a step of the recursion that is no level of its own.
+  static void CheckStack() {
+    // Room for one level of user code and of ours, and for building and throwing the exception.
+    constexpr size_t kReserve = 48 * 1024;
+    if (RemainingStackBytes() < kReserve) ThrowTooDeep();
+  }
 
  private:
   [[noreturn]] static void ThrowTooDeep() {

@@ -15,7 +15,8 @@ const char* TextOf(const char* value) { return value != nullptr ? value : ""; }
 }  // namespace
 
 constinit CInstanceCounter CSerializationContext::s_instances("CSerializationContext");
-CSerializationContext CSerializationContext::m_defaultContext;
+// Before the objects of programs that are linked with the static library, which may use it already.
+__attribute__((init_priority(101))) CSerializationContext CSerializationContext::m_defaultContext;
 
 CSerializationContext::CSerializationContext() = default;
 CSerializationContext::CSerializationContext(const CSerializationContext& other) = default;

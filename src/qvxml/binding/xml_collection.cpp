@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "qvxml/binding/depth_guard_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/xml/xml_element.h"
@@ -47,9 +48,14 @@ void CXmlCollection::Insert(CSmartPtr<CXmlObjectBase> item, TCheckPosition check
   }
   RaiseAdd(item.Ptr());
   const size_t position = checkPosition();
-  CXmlObjectBase* const inserted = item.Ptr();
-  m_items.insert(m_items.begin() + static_cast<std::ptrdiff_t>(position), std::move(item));
-  RaiseAdded(inserted);
+  const auto place = m_items.begin() + static_cast<std::ptrdiff_t>(position);
+  if (!HasListeners()) {
+    m_items.insert(place, std::move(item));
+    return;
+  }
+  // One listener may remove the object before the next one hears of it.
+  m_items.insert(place, item);
+  RaiseAdded(item.Ptr());
 }
 
 CXmlObjectBase* CXmlCollection::Item(int index) const {
@@ -89,6 +95,8 @@ void CXmlCollection::Remove(const CXmlObjectBase* item) {
 
 void CXmlCollection::ToXml_Int(CXmlWriter* writer, bool, const char*,
                                const CSerializationContext& ctx, bool) const {
+  // An item may be a collection too, even this one.
+  detail::CDepthGuard::CheckStack();
   ValidateCount(ctx);
   for (const CSmartPtr<CXmlObjectBase>& item : m_items) {
     item->ToXml_Int(writer, false, GetItemNamespace().c_str(), ctx, false);

@@ -9,14 +9,20 @@
 
 namespace QvXmlLib16 {
 
+namespace {
+
+const char* OrEmpty(const char* text) { return text == nullptr ? "" : text; }
+
+}  // namespace
+
 CXmlCollectionBase::CXmlCollectionBase(const char* elementName, const char* namespaceUri,
                                        int minOccurs, unsigned int maxOccurs)
     : CXmlObjectBase(elementName),
-      m_namespace(detail::FindSharedName(namespaceUri == nullptr ? "" : namespaceUri)),
+      m_namespace(detail::FindSharedName(OrEmpty(namespaceUri))),
       m_minOccurs(minOccurs),
       m_maxOccurs(maxOccurs) {
   if (m_namespace != nullptr) return;
-  m_ownNamespace = std::make_unique<const std::string>(namespaceUri);
+  m_ownNamespace = std::make_unique<const std::string>(OrEmpty(namespaceUri));
   m_namespace = m_ownNamespace.get();
 }
 

@@ -32,6 +32,10 @@ const std::string* NameOf(const CXmlElement* element) {
   return element != nullptr ? &element->GetLocalName() : nullptr;
 }
 
+bool IsRepeated(const CElementInfo& info) {
+  return info.GetDescriptor().occurrence == QvXmlLib16Data::ElementOccurrence::Repeated;
+}
+
 // What is left after the members of a class have been read: the caller's affair when the class
 // shares its parent's element, a fault otherwise.
 CXmlElement* EndOfMembers(const CSerializationContext& ctx, const CXmlElement* element,
@@ -64,7 +68,7 @@ CXmlElement* CXmlGeneratedClass::ReadElement(CXmlElement* element, CXmlElement* 
                                              const CSerializationContext& ctx, bool optional) {
   const detail::CDepthGuard guard;
   Init();
-  const CParentElementInfo& classInfo = *GetClassInfo();
+  const CParentElementInfo& classInfo = RequireClassInfo();
   if (classInfo.GetElementType() == XmlElementType_Element &&
       GetElementName() != element->GetLocalName()) {
     SetElementName(element->GetLocalName().c_str());
@@ -87,7 +91,7 @@ CXmlElement* CXmlGeneratedClass::ReadMembers(CXmlElement* element, CXmlElement* 
     case XmlElementGroupType_Choice:
       return ProcessElementChoiceFromXml(ctx, element, cursor, elementType, optional);
     case XmlElementGroupType_All:
-      return ProcessElementAllFromXml(ctx, element, cursor, elementType);
+      return ProcessElementAllFromXml(ctx, element, cursor, elementType, optional);
   }
   throw CQvException("Unknown Group Type");
 }
@@ -158,17 +162,20 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
   while (*info != nullptr) {
     if ((*info)->IsPassedOver(name)) {
       ++info;
-    } else if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
-      ++info;
-      name = NameOf(cursor);
-      unread = cursor;
-    } else if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) {
-      // Kept: the caller decides, nothing is reported here. What was skipped in vain is its own.
-      return unread;
-    } else {
-      cursor = cursor->GetNextSiblingElement();
-      name = NameOf(cursor);
+      continue;
     }
+    const CXmlElement* const offered = cursor;
+    if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
+      ++info;
+      unread = cursor;
+    } else {
+      // A collection keeps what it took, though it wants more or fewer.
+      if (cursor != offered && IsRepeated(**info)) unread = cursor;
+      // Kept: the caller decides, nothing is reported here. What was skipped in vain is its own.
+      if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) return unread;
+      cursor = cursor->GetNextSiblingElement();
+    }
+    name = NameOf(cursor);
   }
   return EndOfMembers(ctx, element, cursor, elementType);
 }
@@ -203,11 +210,13 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializatio
 
 CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationContext& ctx,
                                                           CXmlElement* element, CXmlElement* cursor,
-                                                          XmlElementType elementType) {
+                                                          XmlElementType elementType,
+                                                          bool optional) {
   const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
   CElementInfo** infos = GetClassElementInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isRead(count);
+  const CXmlElement* const start = cursor;
   const CXmlElement* passStart = nullptr;
   do {
     passStart = cursor;
@@ -217,6 +226,8 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
                                                      elementType));
     }
   } while (cursor != nullptr && cursor != passStart);
+  // A group that was only tried, and took nothing, is not there: nothing of it is missing.
+  if (optional && cursor == start && elementType != XmlElementType_Element) return cursor;
 
   CXmlElement* const next = EndOfMembers(ctx, element, cursor, elementType);
   const bool check = !ctx.GetIgnoreMissingMandatoryElements();

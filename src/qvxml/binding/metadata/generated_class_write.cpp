@@ -50,7 +50,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char* 
 void CXmlGeneratedClass::WriteElement(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                                       const CSerializationContext& ctx, bool optional) const {
   const detail::CDepthGuard guard;
-  const CParentElementInfo& classInfo = *GetClassInfo();
+  const CParentElementInfo& classInfo = RequireClassInfo();
   const bool hasElement = classInfo.GetElementType() == XmlElementType_Element;
   if (hasElement) {
     if (isRoot) WriteRootDeclarations(writer, ctx);
@@ -94,7 +94,7 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
       [&] {
         // Pseudo children inside each other come here without their content being written.
         const detail::CDepthGuard guard;
-        const CParentElementInfo& classInfo = *GetClassInfo();
+        const CParentElementInfo& classInfo = RequireClassInfo();
         // A pseudo child's attributes stand in its parent's start tag, which has a type of its own.
         if (ctx.GetWriteTypeAttribute() && classInfo.GetName() != GetElementName() &&
             classInfo.GetElementType() == XmlElementType_Element) {

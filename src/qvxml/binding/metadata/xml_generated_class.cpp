@@ -10,6 +10,7 @@
 #include "qvxml/binding/metadata/flag_set_internal.h"
 #include "qvxml/binding/metadata/nillable_access_internal.h"
 #include "qvxml/binding/metadata/parent_element_info.h"
+#include "qvxml/core/exception.h"
 
 namespace QvXmlLib16 {
 
@@ -47,6 +48,8 @@ CXmlGeneratedClass::CXmlGeneratedClass(const char* elementName) : CXmlObjectBase
 CXmlGeneratedClass::~CXmlGeneratedClass() = default;
 
 CXmlObjectBase* CXmlGeneratedClass::GetBase() { return this; }
+
+void CXmlGeneratedClass::ThrowNoClassInfo() { throw CQvException("The class has no metadata"); }
 
 // Reading a property changes nothing, though the one operation for both directions is not const.
 void CXmlGeneratedClass::ReadProperty(int index, QvVariant& value) const {

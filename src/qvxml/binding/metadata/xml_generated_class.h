@@ -68,6 +68,14 @@ class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
                             QvXmlLib16Data::CAttributeInfo**& attributes);
 
  private:
+  /// GetClassInfo, for the steps that everything else follows. Throws CQvException for null.
+  const QvXmlLib16Data::CParentElementInfo& RequireClassInfo() const {
+    const QvXmlLib16Data::CParentElementInfo* const classInfo = GetClassInfo();
+    if (classInfo == nullptr) ThrowNoClassInfo();
+    return *classInfo;
+  }
+  [[noreturn]] static void ThrowNoClassInfo();
+
   // Writing: generated_class_write.cpp.
   void WriteElement(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                     const CSerializationContext& ctx, bool optional) const;
@@ -95,7 +103,8 @@ class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
                                            CXmlElement* cursor, XmlElementType elementType,
                                            bool optional);
   CXmlElement* ProcessElementAllFromXml(const CSerializationContext& ctx, CXmlElement* element,
-                                        CXmlElement* cursor, XmlElementType elementType);
+                                        CXmlElement* cursor, XmlElementType elementType,
+                                        bool optional);
 };
 
 }  // namespace QvXmlLib16

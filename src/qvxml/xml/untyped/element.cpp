@@ -12,6 +12,7 @@
 #include "qvxml/licence/licence_check.h"
 #include "qvxml/xml/untyped/attribute_col.h"
 #include "qvxml/xml/untyped/element_col.h"
+#include "qvxml/xml/untyped/loop_check_internal.h"
 #include "qvxml/xml/untyped/untyped_writer_internal.h"
 #include "qvxml/xml/xml_element.h"
 
@@ -121,14 +122,16 @@ const CElementCol* CElement::FindElements() const noexcept {
 CSmartPtr<CElement> CElement::Clone() const {
   CSmartPtr<CElement> clone = CloneWithoutElements();
   struct CLevel {
-    const CElement* source;
+    const CElement* element;
     CElement* copy;
     size_t nextChild;
   };
   std::vector<CLevel> levels{{this, clone.Ptr(), 0}};
+  detail::CLoopCheck loopCheck;
   while (!levels.empty()) {
+    loopCheck.Check(levels);
     CLevel& level = levels.back();
-    const CElementCol* const children = level.source->FindElements();
+    const CElementCol* const children = level.element->FindElements();
     if (children == nullptr || level.nextChild == static_cast<size_t>(children->GetCount())) {
       levels.pop_back();
       continue;

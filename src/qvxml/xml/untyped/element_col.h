@@ -16,7 +16,7 @@ namespace QvXmlLib16 {
 /// Elements in the order in which they were added.
 ///
 /// An element must not be put, directly or further down, into its own children: the loop would
-/// never be released, and cannot be written or cloned.
+/// never be released, and writing or cloning it throws CQvException.
 class QVXML_API CElementCol : public TUntypedCollection<CElement>,
                               private TInstanceCounted<CElementCol> {
  public:

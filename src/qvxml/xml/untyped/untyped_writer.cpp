@@ -50,6 +50,7 @@ void CUntypedWriter::MarkRun(const CElementCol& children, size_t index) {
 }
 
 void CUntypedWriter::Start(const CElement& element) {
+  m_loopCheck.Check(m_levels);
   const bool isOutermost = m_levels.empty();
   const bool isInDefaultNamespace =
       isOutermost ? m_hasDefaultNamespace : m_levels.back().hasDefaultNamespace;

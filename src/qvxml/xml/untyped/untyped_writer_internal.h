@@ -7,6 +7,8 @@
 #include <memory>
 #include <vector>
 
+#include "qvxml/xml/untyped/loop_check_internal.h"
+
 namespace QvXmlLib16 {
 
 class CElement;               // xml/untyped/element.h
@@ -66,6 +68,7 @@ class CUntypedWriter {
   const CSerializationContext& m_ctx;
   const bool m_hasDefaultNamespace;
   std::vector<CLevel> m_levels;
+  CLoopCheck m_loopCheck;
   // Own writers of elements that have ended.
   std::vector<std::unique_ptr<CXmlTextWriter>> m_spareWriters;
 };
