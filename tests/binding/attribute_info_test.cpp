@@ -17,31 +17,16 @@ using namespace QvXmlLib16;
 using namespace QvXmlLib16Data;
 using qv_test::CDriven;
 using qv_test::ChainOf;
+using qv_test::ColourToText;
 using qv_test::CSample;
 using qv_test::DrivenSchema;
+using qv_test::I4;
 using qv_test::RecordingWriter;
+using qv_test::TextToColour;
 
 namespace {
 
 constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
-
-const char* ColourToText(int value) {
-  static constexpr const char* kNames[] = {"red", "green", "blue"};
-  return value >= 0 && value < 3 ? kNames[value] : nullptr;
-}
-
-int TextToColour(const char* text) {
-  for (int value = 0; value < 3; ++value) {
-    if (std::string(text) == ColourToText(value)) return value;
-  }
-  throw CQvInvalidValueException(std::string("no colour: ") + text);
-}
-
-QvVariant I4(long value) {
-  QvVariant variant;
-  variant.SetI4(value);
-  return variant;
-}
 
 QvVariant Text(const char* value) {
   QvVariant variant;
@@ -96,64 +81,53 @@ TEST_F(AttributeInfos, KeepTheirSlotOrder) {
   EXPECT_EQ(4u, qv_test::SlotOf(&CAttributeInfo::Validate));
 }
 
+struct CWrittenRow {
+  QvVariant value;
+  bool optional;
+  const char* defaultValue;
+  bool leavesOutDefaults;
+  const char* expected;
+};
+
 TEST_F(AttributeInfos, ArePrimitivesWrittenWithTheirFacets) {
-  const struct {
-    const char* name;
-    QvVariant value;
-    bool optional;
-    const char* defaultValue;
-    bool leavesOutDefaults;
-    const char* expected;
-  } rows[] = {
-      {"set", I4(7), false, "", false, "@{urn:a}a='7':5"},
-      {"breaks a facet", I4(101), false, "", false, "CQvException: Invalid Value for a [101]"},
-      {"optional, unset", QvVariant(), true, "7", false, ""},
-      {"mandatory, unset", QvVariant(), false, "", false,
-       "CQvException: Invalid Type 0 to convert to string"},
-      {"default", I4(7), true, "7", false, "@{urn:a}a='7':5"},
-      {"default left out", I4(7), true, "7", true, ""},
-      {"another value", I4(8), true, "7", true, "@{urn:a}a='8':5"},
-      {"mandatory default", I4(7), false, "7", true, "@{urn:a}a='7':5"},
-      {"default left out though it breaks a facet", I4(101), true, "101", true, ""},
-      {"defaults are compared as text", I4(7), true, "07", true, "@{urn:a}a='7':5"},
-      {"another type", Text("7"), true, "", false, "@{urn:a}a='7':5"},
+  const char* const seven = "@{urn:a}a='7':5";
+  const CWrittenRow rows[] = {
+      // clang-format off
+      {I4(7), false, "", false, seven}, {I4(101), false, "", false, "CQvException: Invalid Value for a [101]"},
+      {QvVariant(), true, "7", false, ""},
+      {QvVariant(), false, "", false, "CQvException: Invalid Type 0 to convert to string"},
+      {I4(7), true, "7", false, seven}, {I4(7), true, "7", true, ""}, {I4(8), true, "7", true, "@{urn:a}a='8':5"},
+      {I4(7), false, "7", true, seven},
+      // A default that is left out may break a facet; defaults are compared as text.
+      {I4(101), true, "101", true, ""}, {I4(7), true, "07", true, seven}, {Text("7"), true, "", false, seven},
+      // clang-format on
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(&row - rows);
     object.values[0] = row.value;
     ctx.SetNoOptionalAttributeDefaultOutput(row.leavesOutDefaults);
     EXPECT_EQ(row.expected, Write(Primitive(row.optional, row.defaultValue)));
   }
-  QvVariant number;
-  number.SetR8(1.5);
-  object.values[0] = number;
+  object.values[0].SetR8(1.5);
   EXPECT_EQ("@a='1.500':12",
             Write(CAttributeInfoPrimitive("a", "", 0, true, ItemType_r8, "%.3f", kCollapse,
                                           CPrimitiveRestrictions(), "")));
 }
 
 TEST_F(AttributeInfos, AreEnumerationsWrittenByName) {
-  const struct {
-    const char* name;
-    QvVariant value;
-    bool optional;
-    const char* defaultValue;
-    bool leavesOutDefaults;
-    const char* expected;
-  } rows[] = {
-      {"set", I4(1), false, "", false, "@{urn:a}a='green':23"},
-      {"optional, unset", QvVariant(), true, "", false, ""},
-      {"mandatory, unset", QvVariant(), false, "", false,
-       "CQvException: Invalid Type 0 to convert to string"},
-      {"default", I4(1), true, "green", false, "@{urn:a}a='green':23"},
-      {"default left out", I4(1), true, "green", true, ""},
-      {"no such value", I4(3), true, "", false, "CQvException: Invalid Value for a [3]"},
-      {"a value that is equal in its low bytes", I4(0x100000001), true, "", false,
-       "CQvException: Invalid Value for a [4294967297]"},
-      {"number as text", Text("2"), true, "", false, "@{urn:a}a='blue':23"},
+  const CWrittenRow rows[] = {
+      // clang-format off
+      {I4(1), false, "", false, "@{urn:a}a='green':23"}, {QvVariant(), true, "", false, ""},
+      {QvVariant(), false, "", false, "CQvException: Invalid Type 0 to convert to string"},
+      {I4(1), true, "green", false, "@{urn:a}a='green':23"}, {I4(1), true, "green", true, ""},
+      {I4(3), true, "", false, "CQvException: Invalid Value for a [3]"},
+      // Equal in its low bytes to one that is.
+      {I4(0x100000001), true, "", false, "CQvException: Invalid Value for a [4294967297]"},
+      {Text("2"), true, "", false, "@{urn:a}a='blue':23"},
+      // clang-format on
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(&row - rows);
     object.values[0] = row.value;
     ctx.SetNoOptionalAttributeDefaultOutput(row.leavesOutDefaults);
     EXPECT_EQ(row.expected, Write(Enumeration(row.optional, row.defaultValue)));
@@ -169,20 +143,19 @@ TEST_F(AttributeInfos, AreReadByNameAndNamespace) {
   const struct {
     const char* attribute;
     bool ignoresNamespaces;
-    const char* primitive;
-    const char* enumeration;
+    const char *primitive, *enumeration;
   } rows[] = {
+      // clang-format off
       {"n:a='1'", false, "taken 0=1", "CQvInvalidValueException: no colour: 1"},
       {"n:a=' green '", false,
        "CQvInvalidValueException: The value [green] can not be converted to a i4",
        "CQvInvalidValueException: no colour:  green "},
       {"n:a='blue'", false,
        "CQvInvalidValueException: The value [blue] can not be converted to a i4", "taken 0=2"},
-      {"n:A='blue'", true, "not mine", "not mine"},
-      {"a='blue'", false, "not mine", "not mine"},
+      {"n:A='blue'", true, "not mine", "not mine"}, {"a='blue'", false, "not mine", "not mine"},
       // Kept: only enumerations follow the option.
-      {"a='blue'", true, "not mine", "taken 0=2"},
-      {"o:a='blue'", true, "not mine", "taken 0=2"},
+      {"a='blue'", true, "not mine", "taken 0=2"}, {"o:a='blue'", true, "not mine", "taken 0=2"},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.attribute);

@@ -11,16 +11,13 @@ namespace {
 struct CTypeRow {
   const char* name;
   // Attributes of the element "e" in the namespace urn:e.
-  const char* attributes;
-  const char* type;
-  const char* namespaceUri;
+  const char *attributes, *type, *namespaceUri;
 };
 
 const CTypeRow kTypeRows[] = {
-    {"no attribute", "", "", "urn:e"},
-    {"no prefix", R"(i:type="T")", "T", "urn:e"},
-    {"empty", R"(i:type="")", "", "urn:e"},
-    {"prefix", R"(i:type="p:T")", "T", "urn:p"},
+    // clang-format off
+    {"no attribute", "", "", "urn:e"}, {"no prefix", R"(i:type="T")", "T", "urn:e"},
+    {"empty", R"(i:type="")", "", "urn:e"}, {"prefix", R"(i:type="p:T")", "T", "urn:p"},
     {"unknown prefix", R"(i:type="q:T")", "T", "urn:e"},
     {"two colons", R"(i:type="p:T:U")", "T:U", "urn:p"},
     {"nothing before the colon stands for the default namespace", R"(i:type=":T")", "T", "urn:d"},
@@ -29,6 +26,7 @@ const CTypeRow kTypeRows[] = {
     {"type in no namespace", R"(type="p:T")", "", "urn:e"},
     {"type in another namespace", R"(p:type="p:T")", "", "urn:e"},
     {"the prefix's last binding, not the one in scope", R"(i:type="r:T")", "T", "urn:r2"},
+    // clang-format on
 };
 
 }  // namespace

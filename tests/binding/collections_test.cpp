@@ -132,18 +132,17 @@ TEST(TypedCollections, EachTypeReadsAndWritesItsText) {
 }
 
 TEST(TypedCollections, TheFormatServesTheTypesThatHaveOne) {
-  Cr4Col r4("v", "", 0, kUnbounded, NoFacets(), kCollapse, "%.2f");
-  r4.Add(1.5f);
-  EXPECT_EQ("<v \"1.50\":11 >", Written(r4));
-  Cr8Col r8("v", "", 0, kUnbounded, NoFacets(), kCollapse, "%.3e");
-  r8.Add(1.5);
-  EXPECT_EQ("<v \"1.500e+00\":12 >", Written(r8));
-  CdecimalCol decimals("v", "", 0, kUnbounded, NoFacets(), kCollapse, "2");
-  decimals.AddFromString("1.005");
-  EXPECT_EQ("<v \"1.01\":25 >", Written(decimals));
-  Ci4Col i4("v", "", 0, kUnbounded, NoFacets(), kCollapse, "%.2f");
-  i4.Add(1);
-  EXPECT_EQ("<v \"1\":5 >", Written(i4));
+  const auto written = [](auto&& collection, const char* text) {
+    collection.AddFromString(text);
+    return Written(collection);
+  };
+  EXPECT_EQ("<v \"1.50\":11 >",
+            written(Cr4Col("v", "", 0, 9, NoFacets(), kCollapse, "%.2f"), "1.5"));
+  EXPECT_EQ("<v \"1.500e+00\":12 >",
+            written(Cr8Col("v", "", 0, 9, NoFacets(), kCollapse, "%.3e"), "1.5"));
+  EXPECT_EQ("<v \"1.01\":25 >",
+            written(CdecimalCol("v", "", 0, 9, NoFacets(), kCollapse, "2"), "1.005"));
+  EXPECT_EQ("<v \"1\":5 >", written(Ci4Col("v", "", 0, 9, NoFacets(), kCollapse, "%.2f"), "1"));
 }
 
 TEST(TypedCollections, TheRuleForWhitespaceIsTheCollections) {
@@ -193,27 +192,21 @@ TEST(TypedCollections, AValueThatIsRefusedChangesNothing) {
 }
 
 TEST(TypedCollections, DatesOfAnotherKindAreRefused) {
+  const auto expectRefused = [](auto&& collection, const CDateTime& value, const char* kind) {
+    EXPECT_QV_THROW(collection.Add(value), CQvInvalidParamException,
+                    std::string("Dates added to this collection must be of type ") + kind);
+  };
   const CDateTime date(2001, 2, 3);
   const CDateTime moment(2001, 2, 3, 4, 5, 6);
+  expectRefused(CdateCol("v", "", 0, 9, NoFacets(), kCollapse), moment, "dt_date");
+  expectRefused(CdatetimeCol("v", "", 0, 9, NoFacets(), kCollapse), date, "dt_dateTime");
+  expectRefused(CdatetimeCol("v", "", 0, 9, NoFacets(), kCollapse), CDateTime(), "dt_dateTime");
+  expectRefused(CtimeCol("v", "", 0, 9, NoFacets(), kCollapse), moment, "dt_time");
+  expectRefused(CyearMonthCol("v", "", 0, 9, NoFacets(), kCollapse), date, "dt_gYearMonth");
+  expectRefused(CmonthDayCol("v", "", 0, 9, NoFacets(), kCollapse), date, "dt_gMonthDay");
   CdateCol dates("v", "", 0, kUnbounded, NoFacets(), kCollapse);
-  EXPECT_QV_THROW(dates.Add(moment), CQvInvalidParamException,
-                  "Dates added to this collection must be of type dt_date");
   EXPECT_QV_THROW(dates.AddFromString("2001"), CQvInvalidParamException,
                   "Dates added to this collection must be of type dt_date");
-  CdatetimeCol moments("v", "", 0, kUnbounded, NoFacets(), kCollapse);
-  EXPECT_QV_THROW(moments.Add(date), CQvInvalidParamException,
-                  "Dates added to this collection must be of type dt_dateTime");
-  EXPECT_QV_THROW(moments.Add(CDateTime()), CQvInvalidParamException,
-                  "Dates added to this collection must be of type dt_dateTime");
-  CtimeCol times("v", "", 0, kUnbounded, NoFacets(), kCollapse);
-  EXPECT_QV_THROW(times.Add(moment), CQvInvalidParamException,
-                  "Dates added to this collection must be of type dt_time");
-  CyearMonthCol months("v", "", 0, kUnbounded, NoFacets(), kCollapse);
-  EXPECT_QV_THROW(months.Add(date), CQvInvalidParamException,
-                  "Dates added to this collection must be of type dt_gYearMonth");
-  CmonthDayCol days("v", "", 0, kUnbounded, NoFacets(), kCollapse);
-  EXPECT_QV_THROW(days.AddFromString("2001-02-03"), CQvInvalidParamException,
-                  "Dates added to this collection must be of type dt_gMonthDay");
   EXPECT_QV_THROW(CdatetimeBaseCol(ItemType_year, "v", "", 0, 1, NoFacets(), kCollapse),
                   CQvException, "Invalid Type 16");
 }
@@ -253,10 +246,10 @@ TEST(TypedCollections, CountsAreCheckedOnWriting) {
     long count;
     const char* fault;
   } kRows[] = {
-      {0, "The Minimum number of [Item] elements allowed in this collection is 1"},
-      {1, nullptr},
-      {2, nullptr},
-      {3, "The Maximum number of [Item] elements allowed in this collection is 2"},
+      // clang-format off
+      {0, "The Minimum number of [Item] elements allowed in this collection is 1"}, {1, nullptr},
+      {2, nullptr}, {3, "The Maximum number of [Item] elements allowed in this collection is 2"},
+      // clang-format on
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.count);

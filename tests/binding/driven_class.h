@@ -73,6 +73,54 @@ class CNillableDriven : public CDriven, public QvXmlLib16::INillable {
   bool m_isNil = false;
 };
 
+/// A context with the options that `letters` name: A and E ignore unknown attributes and elements,
+/// M and C missing members and choices, N namespaces, K counts; L has local names, T no xsi:type.
+inline QvXmlLib16::CSerializationContext Context(const std::string& letters) {
+  QvXmlLib16::CSerializationContext ctx;
+  const auto has = [&](char letter) { return letters.find(letter) != std::string::npos; };
+  ctx.SetIgnoreUnknownAttributes(has('A'));
+  ctx.SetIgnoreUnknownElements(has('E'));
+  ctx.SetIgnoreMissingMandatoryElements(has('M'));
+  ctx.SetIgnoreMissingChoice(has('C'));
+  ctx.SetIgnoreNamespaces(has('N'));
+  ctx.SetIgnoreInvalidCollectionCounts(has('K'));
+  if (has('L')) ctx.SetSchemaType(QvXmlLib16::SchemaType_LocalNames);
+  ctx.SetWriteTypeAttribute(!has('T'));
+  return ctx;
+}
+
+inline QvXmlLib16::QvVariant I4(long value) {
+  QvXmlLib16::QvVariant variant;
+  variant.SetI4(value);
+  return variant;
+}
+
+inline QvXmlLib16::QvVariant Nil() {
+  QvXmlLib16::QvVariant variant;
+  variant.SetNil();
+  return variant;
+}
+
+/// An enumeration: red, green, blue.
+inline const char* ColourToText(int value) {
+  static constexpr const char* kNames[] = {"red", "green", "blue"};
+  return value >= 0 && value < 3 ? kNames[value] : nullptr;
+}
+inline int TextToColour(const char* text) {
+  for (int value = 0; value < 3; ++value) {
+    if (std::string(text) == ColourToText(value)) return value;
+  }
+  throw QvXmlLib16::CQvInvalidValueException(std::string("no colour: ") + text);
+}
+
+/// Name of the class of an object, behind the namespace.
+template <class TObject>
+std::string ClassNameOf(const TObject& object, const std::string& prefix) {
+  const std::unique_ptr<char, void (*)(void*)> name(
+      abi::__cxa_demangle(typeid(object).name(), nullptr, nullptr, nullptr), &free);
+  return std::string(name.get()).substr(prefix.size());
+}
+
 /// The chain of what `statement` throws, outermost first: "CQvException: message" and " | " between
 /// the links; "-" when it throws nothing.
 template <class TStatement>
@@ -83,9 +131,7 @@ std::string ChainOf(const TStatement& statement) {
     std::string text;
     for (const auto* link = &caught; link != nullptr; link = link->GetInnerException()) {
       if (!text.empty()) text += " | ";
-      const std::unique_ptr<char, void (*)(void*)> name(
-          abi::__cxa_demangle(typeid(*link).name(), nullptr, nullptr, nullptr), &free);
-      text += std::string(name.get()).substr(sizeof "QvXmlLib16::" - 1) + ": " + link->GetMessage();
+      text += ClassNameOf(*link, "QvXmlLib16::") + ": " + link->GetMessage();
     }
     return text;
   }

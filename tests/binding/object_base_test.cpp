@@ -55,49 +55,29 @@ std::string BytesOf(const CBinaryData& data) {
 TEST_F(CXmlObjectBaseTest, KeepsItsSlotOrder) {
   using qv_test::SlotOf;
   using C = CXmlObjectBase;
-  using Context = CSerializationContext;
+  using Context = const CSerializationContext&;
+  // clang-format off
   const std::vector<std::uintptr_t> slots = {
-      SlotOf(&C::OnEvent),
-      SlotOf(&C::GetBase),
-      SlotOf(&C::ToXmlFile),
-      SlotOf(&C::ToFastInfosetFile),
-      SlotOf(&C::ToJsonFile),
-      SlotOf(&C::ToXml),
-      SlotOf(&C::ToJson),
-      SlotOf(&C::ToXmlStream),
-      SlotOf(&C::ToFastInfosetStream),
-      SlotOf(&C::ToJsonStream),
-      SlotOf(&C::FromXmlFile),
-      SlotOf(&C::FromJsonFile),
-      SlotOf(static_cast<void (C::*)(const char*, const Context&)>(&C::FromXml)),
-      SlotOf(static_cast<void (C::*)(const wchar_t*, const Context&)>(&C::FromXml)),
-      SlotOf(static_cast<void (C::*)(const char*, const Context&)>(&C::FromJson)),
-      SlotOf(static_cast<void (C::*)(const wchar_t*, const Context&)>(&C::FromJson)),
-      SlotOf(static_cast<void (C::*)(unsigned char*, unsigned long, const Context&)>(
-          &C::FromXmlStream)),
-      SlotOf(static_cast<void (C::*)(const CBinaryData&, const Context&)>(&C::FromXmlStream)),
-      SlotOf(static_cast<void (C::*)(unsigned char*, unsigned long, const Context&)>(
-          &C::FromJsonStream)),
-      SlotOf(static_cast<void (C::*)(const CBinaryData&, const Context&)>(&C::FromJsonStream)),
-      SlotOf(static_cast<void (C::*)(const CXmlElement*, const Context&)>(&C::FromXmlElement)),
-      SlotOf(static_cast<void (C::*)(const CElement*, const Context&)>(&C::FromXmlElement))};
+      SlotOf(&C::OnEvent), SlotOf(&C::GetBase), SlotOf(&C::ToXmlFile), SlotOf(&C::ToFastInfosetFile), SlotOf(&C::ToJsonFile),
+      SlotOf(&C::ToXml), SlotOf(&C::ToJson), SlotOf(&C::ToXmlStream), SlotOf(&C::ToFastInfosetStream), SlotOf(&C::ToJsonStream),
+      SlotOf(&C::FromXmlFile), SlotOf(&C::FromJsonFile),
+      SlotOf<void (C::*)(const char*, Context)>(&C::FromXml), SlotOf<void (C::*)(const wchar_t*, Context)>(&C::FromXml),
+      SlotOf<void (C::*)(const char*, Context)>(&C::FromJson), SlotOf<void (C::*)(const wchar_t*, Context)>(&C::FromJson),
+      SlotOf<void (C::*)(unsigned char*, unsigned long, Context)>(&C::FromXmlStream), SlotOf<void (C::*)(const CBinaryData&, Context)>(&C::FromXmlStream),
+      SlotOf<void (C::*)(unsigned char*, unsigned long, Context)>(&C::FromJsonStream), SlotOf<void (C::*)(const CBinaryData&, Context)>(&C::FromJsonStream),
+      SlotOf<void (C::*)(const CXmlElement*, Context)>(&C::FromXmlElement), SlotOf<void (C::*)(const CElement*, Context)>(&C::FromXmlElement)};
+  const std::uintptr_t behind[] = {
+      SlotOf(&C::GetTargetNamespace), SlotOf(&C::GetNamespace), SlotOf(&C::AttributesToXml_Int), SlotOf(&C::ToXml_Int), SlotOf(&C::FromXml_Int),
+      SlotOf(&CXmlCollectionBase::GetCount), SlotOf(&CXmlCollectionBase::Clear), SlotOf(&CXmlCollectionBase::Remove),
+      SlotOf(&CXmlCollectionBase::ValidateCount), SlotOf(&CXmlCollectionBase::IsValidCount), SlotOf(&CXmlTypeCollection::AddFromString)};
+  // clang-format on
   for (size_t index = 0; index < slots.size(); ++index) {
     // Only operations of other formats may stand between them.
     EXPECT_TRUE(index == 0 ? slots[index] == 0 : slots[index] > slots[index - 1]) << index;
   }
   // The two destructors stand in between.
-  const auto next = slots.back() + 3;
-  EXPECT_EQ(next, SlotOf(&C::GetTargetNamespace));
-  EXPECT_EQ(next + 1, SlotOf(&C::GetNamespace));
-  EXPECT_EQ(next + 2, SlotOf(&C::AttributesToXml_Int));
-  EXPECT_EQ(next + 3, SlotOf(&C::ToXml_Int));
-  EXPECT_EQ(next + 4, SlotOf(&C::FromXml_Int));
-  EXPECT_EQ(next + 5, SlotOf(&CXmlCollectionBase::GetCount));
-  EXPECT_EQ(next + 6, SlotOf(&CXmlCollectionBase::Clear));
-  EXPECT_EQ(next + 7, SlotOf(&CXmlCollectionBase::Remove));
-  EXPECT_EQ(next + 8, SlotOf(&CXmlCollectionBase::ValidateCount));
-  EXPECT_EQ(next + 9, SlotOf(&CXmlCollectionBase::IsValidCount));
-  EXPECT_EQ(next + 10, SlotOf(&CXmlTypeCollection::AddFromString));
+  auto next = slots.back() + 3;
+  for (const std::uintptr_t slot : behind) EXPECT_EQ(next++, slot);
   EXPECT_EQ(0u, SlotOf(&INillable::IsNil));
   EXPECT_EQ(1u, SlotOf(&INillable::SetNil));
 }
@@ -109,8 +89,7 @@ TEST_F(CXmlObjectBaseTest, WritesTextBytesAndFilesAlike) {
   const std::string path = folder.PathOf("r.xml");
   SetNumber(5);
   const struct {
-    bool hasHeader;
-    bool format;
+    bool hasHeader, format;
     EOLType eol;
     const char* expected;
   } rows[] = {
@@ -334,8 +313,7 @@ TEST_F(CXmlObjectBaseTest, GuardsOfChoices) {
   const struct {
     const char* name;
     std::function<void(std::string&)> guard;
-    const char* before;
-    const char* after;
+    const char *before, *after;
     std::string message;
   } rows[] = {
       {"valid, selected", setValid(true, "a"), "a", "a", ""},
@@ -422,10 +400,8 @@ TEST_F(CXmlObjectBaseTest, MatchesNames) {
   CXmlDocument document;
   document.LoadXml("<p:n xmlns:p='urn:p'/>");
   const CXmlElement* const element = document.GetDocumentElement();
-  CSerializationContext ignoring;
-  ignoring.SetIgnoreNamespaces(true);
-  CSerializationContext localNames;
-  localNames.SetSchemaType(SchemaType_LocalNames);
+  const CSerializationContext ignoring = qv_test::Context("N");
+  const CSerializationContext localNames = qv_test::Context("L");
   EXPECT_TRUE(object.DoesElementNameMatch(ctx, element, "n", "urn:p"));
   EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "n", "urn:P"));
   EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "N", "urn:p"));
@@ -438,40 +414,27 @@ TEST_F(CXmlObjectBaseTest, MatchesNames) {
 
 TEST_F(CXmlObjectBaseTest, TestsNamespacesAgainstAList) {
   const struct {
-    const char* list;
-    const char* target;
-    const char* namespaceUri;
+    const char *list, *target, *namespaceUri;
     bool expected;
   } rows[] = {
-      {"##any", "urn:t", "urn:x", true},
-      {"##any", "urn:t", "", true},
-      {"##other", "urn:t", "urn:t", false},
-      {"##other", "urn:t", "urn:x", true},
-      {"##other", "urn:t", "", true},
-      {"##other", "", "", false},
-      {"##local", "urn:t", "", true},
-      {"##local", "urn:t", "urn:t", false},
-      {"##targetNamespace", "urn:t", "urn:t", true},
+      // clang-format off
+      {"##any", "urn:t", "urn:x", true}, {"##any", "urn:t", "", true},
+      {"##other", "urn:t", "urn:t", false}, {"##other", "urn:t", "urn:x", true},
+      {"##other", "urn:t", "", true}, {"##other", "", "", false}, {"##local", "urn:t", "", true},
+      {"##local", "urn:t", "urn:t", false}, {"##targetNamespace", "urn:t", "urn:t", true},
       {"##targetNamespace", "urn:t", "", false},
       {"##local ##targetNamespace", "urn:t", "urn:t", true},
       {"##local ##targetNamespace", "urn:t", "", true},
-      {"##local ##targetNamespace", "urn:t", "urn:x", false},
-      {"urn:a", "urn:t", "urn:a", true},
-      {"urn:a", "urn:t", "urn:b", false},
-      {"urn:a", "urn:t", "", true},
+      {"##local ##targetNamespace", "urn:t", "urn:x", false}, {"urn:a", "urn:t", "urn:a", true},
+      {"urn:a", "urn:t", "urn:b", false}, {"urn:a", "urn:t", "", true},
       // Kept: the whole list is the URI.
-      {"urn:a urn:b", "urn:t", "urn:a", false},
-      {"urn:a urn:b", "urn:t", "urn:b", false},
-      {"urn:a urn:b", "urn:t", "urn:a urn:b", true},
-      {"urn:a urn:b", "urn:t", "", true},
+      {"urn:a urn:b", "urn:t", "urn:a", false}, {"urn:a urn:b", "urn:t", "urn:b", false},
+      {"urn:a urn:b", "urn:t", "urn:a urn:b", true}, {"urn:a urn:b", "urn:t", "", true},
       {"##targetNamespace urn:a", "urn:t", "urn:t", true},
-      {"##targetNamespace urn:a", "urn:t", "urn:a", false},
-      {"##Any", "urn:t", "urn:x", false},
-      {"", "urn:t", "", false},
-      {"", "", "", false},
-      {"  ", "urn:t", "", false},
-      {"  ##any ", "urn:t", "urn:x", true},
-      {"##any##other", "urn:t", "urn:x", false},
+      {"##targetNamespace urn:a", "urn:t", "urn:a", false}, {"##Any", "urn:t", "urn:x", false},
+      {"", "urn:t", "", false}, {"", "", "", false}, {"  ", "urn:t", "", false},
+      {"  ##any ", "urn:t", "urn:x", true}, {"##any##other", "urn:t", "urn:x", false},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE("[" + std::string(row.namespaceUri) + "] in [" + row.list + "]");

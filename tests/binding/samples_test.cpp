@@ -97,8 +97,7 @@ std::string Describe(const CQvException& failure) {
 TEST_F(Samples, SayWhereADocumentIsWrong) {
   struct Row {
     CSmartPtr<CXmlObjectBase> (*make)();
-    const char* xml;
-    const char* failure;
+    const char *xml, *failure;
   };
   const Row rows[] = {
       {Make<CNode>, "<node/>",

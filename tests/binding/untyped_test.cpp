@@ -1,13 +1,12 @@
 // Untyped attributes and elements, alone and in a generated class.
 
-#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "tests/support/qv_gtest.h"
 #include "tests/support/recording_writer.h"
-#include <pthread.h>
+#include "tests/support/small_stack.h"
 
 #include "qvxml/binding/metadata/attribute_info.h"
 #include "qvxml/binding/metadata/element_infos.h"
@@ -122,20 +121,6 @@ class CUntyped : public ::testing::Test {
   long m_objects = 0;
 };
 
-void RunOnSmallStack(std::function<void()> work) {
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
-  pthread_t thread;
-  const auto run = [](void* argument) -> void* {
-    (*static_cast<std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-}
-
 std::string Nested(int levels, const std::string& start, const std::string& innermost,
                    const std::string& end) {
   std::string text;
@@ -149,73 +134,47 @@ std::string Nested(int levels, const std::string& start, const std::string& inne
 
 // ---- Namespaces of holders
 
-struct CConstructionRow {
-  const char* name;
-  const char* elementName;
-  const char* namespaceUri;
-  const char* restriction;
-  const char* targetNamespace;
-  // Null when the element can be made.
-  const char* message;
-};
-
-static const CConstructionRow kConstructionRows[] = {
-    {"any", "e", "urn:x", "##any", "urn:t", nullptr},
-    {"null namespace", "e", nullptr, "##any", "", nullptr},
-    {"no target namespace", "e", "urn:a", "urn:a", "", nullptr},
-    {"null name", nullptr, "", "##any", "", "Element Name must have a value"},
-    {"empty name", "", "", "##any", "", "Element Name must have a value"},
-    {"null restriction", "e", "", nullptr, "", "Namespace Restriction must have a value"},
-    {"empty restriction", "e", "", "", "", "Namespace Restriction must have a value"},
-    {"null target", "e", "", "##any", nullptr, "Target Namespace must have a value"},
-    {"not admitted", "e", "urn:t", "##other", "urn:t",
-     "Invalid namespace [urn:t]. The namespace must be one of [##other] where the target namespace is [urn:t]."},
-};
-
 TEST_F(CUntyped, ElementsNeedANameAndAnAdmittedNamespace) {
-  for (const CConstructionRow& row : kConstructionRows) {
-    SCOPED_TRACE(row.name);
-    const auto make = [&row] {
-      return CElementPtr(
-          new CElement(row.elementName, row.namespaceUri, row.restriction, row.targetNamespace));
-    };
-    if (row.message != nullptr) {
-      EXPECT_QV_THROW(make(), CQvInvalidNamespaceException, row.message);
-    } else {
-      EXPECT_EQ(make()->GetNamespace(), row.namespaceUri == nullptr ? "" : row.namespaceUri);
-    }
+  const char* const noName = "Element Name must have a value";
+  const char* const noList = "Namespace Restriction must have a value";
+  const struct {
+    const char *name, *namespaceUri, *restriction, *target, *message;
+  } rows[] = {
+      // clang-format off
+      {nullptr, "", "##any", "", noName}, {"", "", "##any", "", noName},
+      {"e", "", nullptr, "", noList}, {"e", "", "", "", noList},
+      {"e", "", "##any", nullptr, "Target Namespace must have a value"},
+      {"e", "urn:t", "##other", "urn:t", "Invalid namespace [urn:t]. The namespace must be one of [##other] where the target namespace is [urn:t]."},
+      // clang-format on
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.message);
+    EXPECT_QV_THROW(
+        CElementPtr(new CElement(row.name, row.namespaceUri, row.restriction, row.target)),
+        CQvInvalidNamespaceException, row.message);
   }
+  EXPECT_EQ(CElementPtr(new CElement("e", nullptr, "##any", ""))->GetNamespace(), "");
 }
 
+// clang-format off
 TEST_F(CUntyped, RefusedChangesLeaveTheElementAsItWas) {
   const CElementPtr element(new CElement("e", "urn:x", "##other", "urn:t"));
-  EXPECT_QV_THROW(
-      element->SetNamespace("urn:t"), CQvInvalidNamespaceException,
-      "Invalid namespace [urn:t]. The namespace must be one of [##other] where the target namespace is [urn:t].");
-  EXPECT_QV_THROW(
-      element->SetNamespaceRestrictions("##local", "urn:n"), CQvInvalidNamespaceException,
-      "Invalid namespace [urn:x]. The namespace must be one of [##local] where the target namespace is [urn:n].");
-  EXPECT_QV_THROW(element->SetName(""), CQvInvalidNamespaceException,
-                  "Element Name must have a value");
+  EXPECT_QV_THROW(element->SetNamespace("urn:t"), CQvInvalidNamespaceException,
+                  "Invalid namespace [urn:t]. The namespace must be one of [##other] where the target namespace is [urn:t].");
+  EXPECT_QV_THROW(element->SetNamespaceRestrictions("##local", "urn:n"), CQvInvalidNamespaceException,
+                  "Invalid namespace [urn:x]. The namespace must be one of [##local] where the target namespace is [urn:n].");
+  EXPECT_QV_THROW(element->SetName(""), CQvInvalidNamespaceException, "Element Name must have a value");
+  // clang-format on
   EXPECT_EQ(element->GetName() + " " + element->GetNamespace() + " " +
                 element->GetNamespaceRestriction() + " " + element->GetTargetNamespace(),
             "e urn:x ##other urn:t");
-  element->SetNamespaceRestrictions("urn:x", "");
-  EXPECT_QV_THROW(
-      element->SetNamespace("urn:y"), CQvInvalidNamespaceException,
-      "Invalid namespace [urn:y]. The namespace must be one of [urn:x] where the target namespace is [].");
 }
 
 // ---- Writing
 
-struct CWritingRow {
-  const char* name;
-  const char* input;
-  const char* plain;
-  const char* formatted;
-};
-
-static const CWritingRow kWritingRows[] = {
+static const struct {
+  const char *name, *input, *plain, *formatted;
+} kWritingRows[] = {
     {"empty", "<a/>", "<a/>", "<a/>\n"},
     {"no namespace", R"(<a x="1"><b><c/></b>t</a>)", R"(<a x="1"><b><c/></b>t</a>)",
      "<a x=\"1\">\n\t<b>\n\t\t<c/>\n\t</b>\nt</a>\n"},
@@ -237,7 +196,7 @@ static const CWritingRow kWritingRows[] = {
 };
 
 TEST_F(CUntyped, ElementsAreWrittenAsTheyWereRead) {
-  for (const CWritingRow& row : kWritingRows) {
+  for (const auto& row : kWritingRows) {
     SCOPED_TRACE(row.name);
     const CElementPtr element = Read(row.input);
     EXPECT_EQ(Write(element), row.plain);
@@ -360,12 +319,10 @@ TEST_F(CUntyped, ElementCollectionsReadUpToWhatTheyDoNotAdmit) {
 
 TEST_F(CUntyped, ElementCollectionsTakeOnlyAdmittedElements) {
   const CElementColPtr locals(new CElementCol("x", "##local", "urn:t", 1, 2));
-  EXPECT_QV_THROW(
-      locals->Add("e", "urn:t"), CQvInvalidNamespaceException,
-      "Invalid namespace [urn:t]. The namespace must be one of [##local] where the target namespace is [urn:t].");
-  EXPECT_QV_THROW(
-      locals->Add(new CElement("e", "urn:t")), CQvInvalidNamespaceException,
-      "Invalid namespace [urn:t]. The namespace must be one of [##local] where the target namespace is [urn:t].");
+  const std::string refused =
+      "Invalid namespace [urn:t]. The namespace must be one of [##local] where the target namespace is [urn:t].";
+  EXPECT_QV_THROW(locals->Add("e", "urn:t"), CQvInvalidNamespaceException, refused);
+  EXPECT_QV_THROW(locals->Add(new CElement("e", "urn:t")), CQvInvalidNamespaceException, refused);
   EXPECT_QV_THROW(locals->Add("e"), CQvException,
                   "A Namespace has not been set for this Collection");
   EXPECT_QV_THROW(locals->Add(CElementPtr()), CQvInvalidParamException,
@@ -525,7 +482,7 @@ TEST_F(CUntyped, ALoopIsRefusedWhereItHasNoEnd) {
 
 TEST_F(CUntyped, DepthIsLimitedByMemoryAlone) {
   static constexpr int kLevels = 250000;
-  RunOnSmallStack([] {
+  qv_test::RunOnSmallStack([] {
     const std::string text = Nested(kLevels - 1, "<a>", "<a/>", "</a>");
     CElementPtr element = Read(text);
     EXPECT_TRUE(Write(element) == text);
@@ -541,7 +498,7 @@ TEST_F(CUntyped, DepthIsLimitedByMemoryAlone) {
 }
 
 TEST_F(CUntyped, DepthOfNamespacesIsLimitedByMemoryAlone) {
-  RunOnSmallStack([] {
+  qv_test::RunOnSmallStack([] {
     const std::string start = "<a xmlns=\"urn:a\">";
     const std::string text = Nested(20000, start, "<a xmlns=\"urn:a\"/>", "</a>");
     EXPECT_TRUE(Write(Read(text)) == text);

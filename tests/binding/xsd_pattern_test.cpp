@@ -1,11 +1,10 @@
 #include "qvxml/binding/xsd_pattern.h"
 
-#include <functional>
 #include <string>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/small_stack.h"
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 using QvXmlLib16::CPatternLimits;
 using QvXmlLib16::TestRegEx;
@@ -16,22 +15,6 @@ std::string Repeat(const std::string& text, int count) {
   std::string result;
   while (count-- > 0) result += text;
   return result;
-}
-
-void RunOnSmallStack(const std::function<void()>& body) {
-  pthread_attr_t attributes;
-  ASSERT_EQ(pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
-  pthread_t thread;
-  const auto start = [](void* argument) -> void* {
-    (*static_cast<const std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, start,
-                           const_cast<void*>(static_cast<const void*>(&body))),
-            0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
 }
 
 // "true", "false" or what was thrown.
@@ -53,8 +36,7 @@ class CLimitsRestored {
 };
 
 struct CMatchRow {
-  const char* name;
-  const char* pattern;
+  const char *name, *pattern;
   std::string value;
   bool matches;
 };
@@ -63,22 +45,17 @@ struct CMatchRow {
 
 TEST(TestRegEx, MatchesTheWholeValueAsXsdPatternsDo) {
   const CMatchRow rows[] = {
-      {"whole value", "[a-z]+", "abc", true},
-      {"not a prefix", "[a-z]+", "abc1", false},
+      // clang-format off
+      {"whole value", "[a-z]+", "abc", true}, {"not a prefix", "[a-z]+", "abc1", false},
       {"not a suffix", "[a-z]+", "1abc", false},
       {"no line feed after the end", "[a-z]+", "abc\n", false},
       {"alternatives are anchored together", "a|bc", "bcd", false},
-      {"empty pattern, empty value", "", "", true},
-      {"empty pattern, other value", "", "a", false},
-      {"name", "\\i\\c*", "x:y-1", true},
-      {"name begins with a letter", "\\i\\c*", "1x", false},
+      {"empty pattern, empty value", "", "", true}, {"empty pattern, other value", "", "a", false},
+      {"name", "\\i\\c*", "x:y-1", true}, {"name begins with a letter", "\\i\\c*", "1x", false},
       {"name begins with a letter beyond ASCII", "\\i\\c*", "\xC3\xA9t\xC3\xA9", true},
-      {"a colon begins a name", "\\i", ":", true},
-      {"no name start: digit", "\\I", "7", true},
-      {"no name start: letter", "\\I", "a", false},
-      {"name characters", "\\c+", "a.b-c:d_9", true},
-      {"no name character", "\\C+", " /", true},
-      {"no name character: dash", "\\C", "-", false},
+      {"a colon begins a name", "\\i", ":", true}, {"no name start: digit", "\\I", "7", true},
+      {"no name start: letter", "\\I", "a", false}, {"name characters", "\\c+", "a.b-c:d_9", true},
+      {"no name character", "\\C+", " /", true}, {"no name character: dash", "\\C", "-", false},
       {"escaped backslash before i", "\\\\i", "\\i", true},
       {"escaped backslash, then the escape", "\\\\\\i", "\\a", true},
       {"ASCII block", "\\p{IsBasicLatin}+", "aZ~\x7F", true},
@@ -90,12 +67,8 @@ TEST(TestRegEx, MatchesTheWholeValueAsXsdPatternsDo) {
       {"category", "\\p{Lu}\\p{Ll}*", "\xC3\x89t\xC3\xA9", true},
       {"one character is not one byte", ".", "\xE2\x82\xAC", true},
       {"digits of every script", "\\d", "\xD9\xA3", true},
-      {"the dot excludes CR", "a.b", "a\rb", false},
-      {"the dot excludes LF", "a.b", "a\nb", false},
-      {"the dot takes a line separator", "a.b",
-       "a\xE2\x80\xA8"
-       "b",
-       true},
+      {"the dot excludes CR", "a.b", "a\rb", false}, {"the dot excludes LF", "a.b", "a\nb", false},
+      {"the dot takes a line separator", "a.b", "a\xE2\x80\xA8" "b", true},
       {"NUL in the value", "a.b", std::string("a\0b", 3), true},
       {"NUL does not end the value", "a", std::string("a\0b", 3), false},
       {"an anchor stays an anchor", "a^b", "a^b", false},
@@ -104,6 +77,7 @@ TEST(TestRegEx, MatchesTheWholeValueAsXsdPatternsDo) {
       {"a long value that steps once", "[a-z]*", std::string(2000000, 'x'), true},
       {"a long value that does not match", "[a-z]*", std::string(2000000, 'x') + "1", false},
       {"longer than the quick trial", "\\i\\c*", std::string(5000, 'x') + " ", false},
+      // clang-format on
   };
   for (const CMatchRow& row : rows) {
     SCOPED_TRACE(row.name);
@@ -166,7 +140,7 @@ TEST(TestRegEx, EndsQuadraticMatchingOnLongValues) {
 }
 
 TEST(TestRegEx, NeedsLittleStack) {
-  RunOnSmallStack([] {
+  qv_test::RunOnSmallStack([] {
     const std::string letters(10000000, 'a');
     EXPECT_EQ(Outcome(letters, "\\i\\c*"), "true");
     EXPECT_EQ(Outcome(letters + " ", "\\i\\c*"),

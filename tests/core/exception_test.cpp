@@ -1,6 +1,5 @@
 #include "qvxml/core/exception.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -8,8 +7,8 @@
 #include <utility>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/small_stack.h"
 #include <gtest/gtest.h>
-#include <pthread.h>
 
 using namespace QvXmlLib16;
 
@@ -68,21 +67,6 @@ long CountLinks(const CQvException& chain) {
   return links;
 }
 
-// Runs `work` on a stack of 256 KiB.
-void RunOnSmallStack(std::function<void()> work) {
-  pthread_attr_t attributes;
-  ASSERT_EQ(pthread_attr_init(&attributes), 0);
-  ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
-  pthread_t thread;
-  auto start = [](void* argument) -> void* {
-    (*static_cast<std::function<void()>*>(argument))();
-    return nullptr;
-  };
-  ASSERT_EQ(pthread_create(&thread, &attributes, start, &work), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
-}
-
 const std::type_info& ClassOf(const CQvException& exception) { return typeid(exception); }
 
 template <class TException>
@@ -104,23 +88,21 @@ TEST(CQvException, ComposesTheMessageWithThePath) {
   const CQvException inner("why");
   const struct {
     CQvException exception;
-    const char* message;
-    const char* path;
-    const char* fullMessage;
+    const char *message, *path, *fullMessage;
   } rows[] = {
-      {CQvException(), "", "", ""},
-      {CQvException("m"), "m", "", "m"},
+      // clang-format off
+      {CQvException(), "", "", ""}, {CQvException("m"), "m", "", "m"},
       {CQvException("m", ""), "m", "", "m"},
       {CQvException("m", "/a"), "m\nPath: /a", "/a", "m\nPath: /a"},
       {CQvException("", "/a"), "\nPath: /a", "/a", "\nPath: /a"},
       {CQvException("m", inner), "m", "", "m\nwhy"},
       {CQvException("m", "/a", inner), "m\nPath: /a", "/a", "m\nPath: /a\nwhy"},
-      {CQvException("m", "", inner), "m", "", "m\nwhy"},
-      {CQvException("", inner), "", "", "why"},
+      {CQvException("m", "", inner), "m", "", "m\nwhy"}, {CQvException("", inner), "", "", "why"},
       {CQvException("m", CQvException()), "m", "", "m\n"},
       {CQvException("m", CQvException("", inner)), "m", "", "m\nwhy"},
       {CQvException("a", CQvException("", CQvException())), "a", "", "a\n"},
       {CQvException("a", CQvException("b", "/b", inner)), "a", "", "a\nb\nPath: /b\nwhy"},
+      // clang-format on
   };
   for (size_t i = 0; i < std::size(rows); ++i) {
     SCOPED_TRACE(i);
@@ -237,7 +219,7 @@ TEST(CQvException, IsMovedNotClonedWhenALocalOneIsThrown) {
 TEST(CQvException, HandlesAMillionLinksWithoutRecursion) {
   static constexpr long kLinks = 1000001;
   const long before = CInstanceMonitor::GetCount("CQvException");
-  RunOnSmallStack([] {
+  qv_test::RunOnSmallStack([] {
     const CQvException chain = MakeChain(kLinks);
     EXPECT_EQ(CountLinks(chain), kLinks);
     const std::unique_ptr<CQvException> clone(chain.Clone());

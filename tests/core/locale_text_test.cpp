@@ -47,20 +47,13 @@ TEST(LocaleText, PassesUtf8AndMarksBadBytes) {
   const struct {
     std::string text, expected;
   } rows[] = {
-      {"", ""},
-      {"plain ASCII, longer than a block", "plain ASCII, longer than a block"},
+      // clang-format off
+      {"", ""}, {"plain ASCII, longer than a block", "plain ASCII, longer than a block"},
       {"\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E", "\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E"},
-      {std::string("a\0b", 3), std::string("a\0b", 3)},
-      {"a\xFF"
-       "b",
-       "a?b"},
-      {"\xE9t\xE9", "?t?"},
-      {"\xC0\x80", "??"},
-      {"\xED\xA0\x80", "???"},
-      {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
-      {"\xF4\x90\x80\x80", "????"},
-      {"x\xE2\x82", "x??"},
-      {"\xE2\x82x", "??x"},
+      {std::string("a\0b", 3), std::string("a\0b", 3)}, {"a\xFF" "b", "a?b"}, {"\xE9t\xE9", "?t?"},
+      {"\xC0\x80", "??"}, {"\xED\xA0\x80", "???"}, {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
+      {"\xF4\x90\x80\x80", "????"}, {"x\xE2\x82", "x??"}, {"\xE2\x82x", "??x"},
+      // clang-format on
   };
   for (const char* const locale : {"C", "C.UTF-8"}) {
     ASSERT_NE(std::setlocale(LC_ALL, locale), nullptr);

@@ -31,17 +31,11 @@ TEST(ToFracString, EndsWithTheLastPartThatIsNotZero) {
     unsigned short milli, micro, nano;
     const char* expected;
   } rows[] = {
-      {0, 0, 0, ""},
-      {500, 0, 0, ".5"},
-      {120, 0, 0, ".12"},
-      {1, 0, 0, ".001"},
-      {0, 40, 0, ".00004"},
-      {100, 100, 0, ".1001"},
-      {1, 2, 3, ".001002003"},
-      {0, 0, 100, ".0000001"},
-      {10, 0, 10, ".01000001"},
-      {999, 999, 999, ".999999999"},
-      {65535, 0, 0, ".65535"},
+      // clang-format off
+      {0, 0, 0, ""}, {500, 0, 0, ".5"}, {120, 0, 0, ".12"}, {1, 0, 0, ".001"}, {0, 40, 0, ".00004"},
+      {100, 100, 0, ".1001"}, {1, 2, 3, ".001002003"}, {0, 0, 100, ".0000001"},
+      {10, 0, 10, ".01000001"}, {999, 999, 999, ".999999999"}, {65535, 0, 0, ".65535"},
+      // clang-format on
   };
   for (const auto& row : rows) {
     EXPECT_EQ(ToFracString(row.milli, row.micro, row.nano), row.expected);
@@ -52,22 +46,14 @@ TEST(FindReplace, StartsAgainAtTheBeginning) {
   const struct {
     std::string text, search, replacement, expected;
   } rows[] = {
-      {"", "a", "b", ""},
-      {"abc", "", "x", "abc"},
-      {"abc", "d", "x", "abc"},
-      {"abcabc", "b", "", "acac"},
-      {"abcabc", "abc", "X", "XX"},
-      {"aab", "ab", "b", "b"},
-      {"aaabbb", "ab", "", ""},
-      {"a aab ab", "ab", "b", "a b b"},
-      {"aab", "ab", "bcc", "bcccc"},
-      {"1    2", "  ", " ", "1 2"},
-      {"bbba", "ba", "ab", "abbb"},
-      {"aaa", "aa", "b", "ba"},
+      // clang-format off
+      {"", "a", "b", ""}, {"abc", "", "x", "abc"}, {"abc", "d", "x", "abc"},
+      {"abcabc", "b", "", "acac"}, {"abcabc", "abc", "X", "XX"}, {"aab", "ab", "b", "b"},
+      {"aaabbb", "ab", "", ""}, {"a aab ab", "ab", "b", "a b b"}, {"aab", "ab", "bcc", "bcccc"},
+      {"1    2", "  ", " ", "1 2"}, {"bbba", "ba", "ab", "abbb"}, {"aaa", "aa", "b", "ba"},
       // A replacement that holds the search text is not searched again.
-      {"a.b.", ".", "\\.", "a\\.b\\."},
-      {"aaa", "aa", "aaa", "aaaa"},
-      {"aa", "a", "a", "aa"},
+      {"a.b.", ".", "\\.", "a\\.b\\."}, {"aaa", "aa", "aaa", "aaaa"}, {"aa", "a", "a", "aa"},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text + "/" + row.search);

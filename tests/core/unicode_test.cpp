@@ -183,22 +183,13 @@ TEST(IsLegalUTF8, ChecksTheGivenLength) {
     int length;
     bool isLegal;
   } rows[] = {
-      {"a", 1, true},
-      {"\x80", 1, false},
-      {"\xC1\xBF", 2, false},
-      {"\xC2\x80", 2, true},
-      {"\xC2\xC0", 2, false},
-      {"\xE0\x9F\xBF", 3, false},
-      {"\xE0\xA0\x80", 3, true},
-      {"\xED\xA0\x80", 3, false},
-      {"\xEF\xBF\xBF", 3, true},
-      {"\xF0\x8F\xBF\xBF", 4, false},
-      {"\xF0\x90\x80\x80", 4, true},
-      {"\xF4\x90\x80\x80", 4, false},
-      {"\xF5\x80\x80\x80", 4, false},
-      {"\xF8\x88\x80\x80\x80", 5, false},
-      {"a", 0, false},
-      {"a", -1, false},
+      // clang-format off
+      {"a", 1, true}, {"\x80", 1, false}, {"\xC1\xBF", 2, false}, {"\xC2\x80", 2, true},
+      {"\xC2\xC0", 2, false}, {"\xE0\x9F\xBF", 3, false}, {"\xE0\xA0\x80", 3, true},
+      {"\xED\xA0\x80", 3, false}, {"\xEF\xBF\xBF", 3, true}, {"\xF0\x8F\xBF\xBF", 4, false},
+      {"\xF0\x90\x80\x80", 4, true}, {"\xF4\x90\x80\x80", 4, false}, {"\xF5\x80\x80\x80", 4, false},
+      {"\xF8\x88\x80\x80\x80", 5, false}, {"a", 0, false}, {"a", -1, false},
+      // clang-format on
   };
   for (const auto& row : rows) {
     EXPECT_EQ(IsLegalUTF8(Bytes(row.bytes).data(), row.length), row.isLegal) << row.length;

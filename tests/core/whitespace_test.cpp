@@ -8,28 +8,20 @@ using Rules = CWhitespaceUtils;
 
 TEST(CWhitespaceUtils, AppliesEachRule) {
   const struct {
-    std::string text;
-    std::string preserved;
-    std::string replaced;
-    std::string collapsed;
+    std::string text, preserved, replaced, collapsed;
   } rows[] = {
-      {"", "", "", ""},
-      {"abc", "abc", "abc", "abc"},
-      {"   ", "   ", "   ", ""},
-      {"\r", "\n", " ", ""},
-      {"\r\n", "\n", " ", ""},
-      {"\n\r", "\n\n", "  ", ""},
-      {"\r\r\n\n", "\n\n\n", "   ", ""},
-      {"a\r\nb\rc", "a\nb\nc", "a b c", "a b c"},
+      // clang-format off
+      {"", "", "", ""}, {"abc", "abc", "abc", "abc"}, {"   ", "   ", "   ", ""},
+      {"\r", "\n", " ", ""}, {"\r\n", "\n", " ", ""}, {"\n\r", "\n\n", "  ", ""},
+      {"\r\r\n\n", "\n\n\n", "   ", ""}, {"a\r\nb\rc", "a\nb\nc", "a b c", "a b c"},
       {"a\tb\nc", "a\tb\nc", "a b c", "a b c"},
-      {"  a \r\n\t b  ", "  a \n\t b  ", "  a    b  ", "a b"},
-      {" a b ", " a b ", " a b ", "a b"},
-      {"a  b", "a  b", "a  b", "a b"},
-      {"a\r", "a\n", "a ", "a"},
+      {"  a \r\n\t b  ", "  a \n\t b  ", "  a    b  ", "a b"}, {" a b ", " a b ", " a b ", "a b"},
+      {"a  b", "a  b", "a  b", "a b"}, {"a\r", "a\n", "a ", "a"},
       // Nothing else is whitespace, and other bytes pass.
       {"\v\f\xC2\xA0", "\v\f\xC2\xA0", "\v\f\xC2\xA0", "\v\f\xC2\xA0"},
       {std::string(" \0 \0\t", 5), std::string(" \0 \0\t", 5), std::string(" \0 \0 ", 5),
        std::string("\0 \0", 3)},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);

@@ -4,6 +4,8 @@
 
 namespace samples {
 
+using namespace schema;
+
 namespace {
 
 [[maybe_unused]] const bool kIsRegistered = [] {
@@ -11,47 +13,9 @@ namespace {
   return true;
 }();
 
-constexpr char kNamespace[] = "urn:qvxml:samples";
-
 }  // namespace
 
 CAllTypes::CAllTypes(const char* elementName) : TGeneratedClass(elementName) { CAllTypes::Init(); }
-
-void CAllTypes::SetAttributes(CSmartPtr<CTypedAttributes> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "attributes");
-  Throw_IfElementNameDiffers(value.Ptr(), "attributes");
-  m_attributes = std::move(value);
-}
-
-void CAllTypes::SetMandatories(CSmartPtr<CTypedMandatories> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "mandatories");
-  Throw_IfElementNameDiffers(value.Ptr(), "mandatories");
-  m_mandatories = std::move(value);
-}
-
-void CAllTypes::SetOptionals(CSmartPtr<CTypedOptionals> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "optionals");
-  Throw_IfElementNameDiffers(value.Ptr(), "optionals");
-  m_optionals = std::move(value);
-}
-
-void CAllTypes::SetNillables(CSmartPtr<CTypedNillables> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "nillables");
-  Throw_IfElementNameDiffers(value.Ptr(), "nillables");
-  m_nillables = std::move(value);
-}
-
-void CAllTypes::SetDefaults(CSmartPtr<CTypedDefaults> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "defaults");
-  Throw_IfElementNameDiffers(value.Ptr(), "defaults");
-  m_defaults = std::move(value);
-}
-
-void CAllTypes::SetLists(CSmartPtr<CTypedLists> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "lists");
-  Throw_IfElementNameDiffers(value.Ptr(), "lists");
-  m_lists = std::move(value);
-}
 
 void CAllTypes::Init() {
   ResetChild(m_attributes, "attributes");

@@ -4,27 +4,9 @@
 
 namespace samples {
 
-namespace {
-
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-constexpr unsigned int kUnbounded = CXmlCollectionBase::kUnbounded;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
-
-}  // namespace
+using namespace schema;
 
 CReach::CReach(const char* elementName) : TGeneratedClass(elementName) { CReach::Init(); }
-
-void CReach::SetEmail(std::optional<std::string> value) {
-  SelectAlternative(this, "email", value.has_value(), m_selected);
-  m_email = std::move(value);
-}
-
-void CReach::SetPhone(std::optional<std::string> value) {
-  SelectAlternative(this, "phone", value.has_value(), m_selected);
-  m_phone = std::move(value);
-}
 
 void CReach::Init() {
   ResetProperties(m_email, m_phone);
@@ -100,13 +82,6 @@ const CClassMetaData& CFact::GetMetaData() {
 }
 
 CContact::CContact(const char* elementName) : TGeneratedClass(elementName) { CContact::Init(); }
-
-void CContact::SetReach(CSmartPtr<CReach> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "reach");
-  m_reach = std::move(value);
-}
-
-void CContact::SetPlace(CSmartPtr<CPlace> value) { m_place = std::move(value); }
 
 void CContact::Init() {
   ResetProperties(m_id, m_name, m_place, m_remark);

@@ -4,23 +4,9 @@
 
 namespace samples {
 
-namespace {
-
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
-
-}  // namespace
+using namespace schema;
 
 CEnvelope::CEnvelope(const char* elementName) : TGeneratedClass(elementName) { CEnvelope::Init(); }
-
-void CEnvelope::SetHeader(CSmartPtr<CElement> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "header");
-  m_header = std::move(value);
-}
-
-void CEnvelope::SetPayload(CSmartPtr<CElement> value) { m_payload = std::move(value); }
 
 void CEnvelope::Init() {
   ResetProperties(m_id, m_header, m_payload, m_subject);

@@ -3,32 +3,16 @@
 #ifndef TESTS_SAMPLES_ENVELOPE_H_
 #define TESTS_SAMPLES_ENVELOPE_H_
 
-#include <optional>
-#include <string>
-#include <utility>
-
-#include <qvxml/qvxml.h>
+#include "tests/samples/schema.h"
 
 namespace samples {
-
-using namespace QvXmlLib16;
-using namespace QvXmlLib16Data;
 
 /// Wildcards for elements and attributes.
 class CEnvelope : public TGeneratedClass<CEnvelope> {
  public:
   explicit CEnvelope(const char* elementName = "envelope");
 
-  const std::optional<std::string>& GetId() const { return m_id; }
-  void SetId(std::optional<std::string> value) { m_id = std::move(value); }
   CAttributeCol& GetAnyAttribute() const { return *m_anyAttribute; }
-  CElement* GetHeader() const { return m_header.Ptr(); }
-  void SetHeader(CSmartPtr<CElement> value);
-  CElement* GetPayload() const { return m_payload.Ptr(); }
-  void SetPayload(CSmartPtr<CElement> value);
-  const std::optional<std::string>& GetSubject() const { return m_subject; }
-  void SetSubject(std::optional<std::string> value) { m_subject = std::move(value); }
-  CElementCol& GetAnyElement() const { return *m_anyElement; }
 
   // For the library.
   void Init() override;

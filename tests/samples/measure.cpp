@@ -4,14 +4,7 @@
 
 namespace samples {
 
-namespace {
-
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
-
-}  // namespace
+using namespace schema;
 
 CLength::CLength(const char* elementName) : TGeneratedClass(elementName) { CLength::Init(); }
 
@@ -82,22 +75,6 @@ const CClassMetaData& CGrade::GetMetaData() {
 }
 
 CMeasure::CMeasure(const char* elementName) : TGeneratedClass(elementName) { CMeasure::Init(); }
-
-void CMeasure::SetLength(CSmartPtr<CLength> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "length");
-  Throw_IfElementNameDiffers(value.Ptr(), "length");
-  m_length = std::move(value);
-}
-
-void CMeasure::SetComment(CSmartPtr<CComment> value) {
-  Throw_IfElementNameDiffers(value.Ptr(), "comment");
-  m_comment = std::move(value);
-}
-
-void CMeasure::SetGrade(CSmartPtr<CGrade> value) {
-  Throw_IfElementNameDiffers(value.Ptr(), "grade");
-  m_grade = std::move(value);
-}
 
 void CMeasure::Init() {
   ResetProperties(m_comment, m_grade);

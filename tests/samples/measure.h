@@ -3,26 +3,16 @@
 #ifndef TESTS_SAMPLES_MEASURE_H_
 #define TESTS_SAMPLES_MEASURE_H_
 
-#include <optional>
-#include <string>
-#include <utility>
-
-#include <qvxml/qvxml.h>
+#include "tests/samples/schema.h"
 
 namespace samples {
-
-using namespace QvXmlLib16;
-using namespace QvXmlLib16Data;
 
 /// Simple content of a type, with an attribute.
 class CLength : public TGeneratedClass<CLength> {
  public:
   explicit CLength(const char* elementName = "length");
 
-  const std::optional<std::string>& GetUnit() const { return m_unit; }
-  void SetUnit(std::optional<std::string> value) { m_unit = std::move(value); }
   const std::optional<CDecimal>& GetValue() const { return m_value; }
-  void SetValue(std::optional<CDecimal> value) { m_value = std::move(value); }
 
   // For the library.
   void Init() override;
@@ -41,10 +31,7 @@ class CComment : public TGeneratedClass<CComment> {
  public:
   explicit CComment(const char* elementName = "comment");
 
-  const std::optional<std::string>& GetLang() const { return m_lang; }
-  void SetLang(std::optional<std::string> value) { m_lang = std::move(value); }
   const std::optional<std::string>& GetValue() const { return m_value; }
-  void SetValue(std::optional<std::string> value) { m_value = std::move(value); }
 
   // For the library.
   void Init() override;
@@ -64,7 +51,6 @@ class CGrade : public TGeneratedClass<CGrade> {
   explicit CGrade(const char* elementName = "grade");
 
   const std::optional<char>& GetValue() const { return m_value; }
-  void SetValue(std::optional<char> value) { m_value = std::move(value); }
 
   // For the library.
   void Init() override;
@@ -83,11 +69,6 @@ class CMeasure : public TGeneratedClass<CMeasure> {
   explicit CMeasure(const char* elementName = "measure");
 
   CLength* GetLength() const { return m_length.Ptr(); }
-  void SetLength(CSmartPtr<CLength> value);
-  CComment* GetComment() const { return m_comment.Ptr(); }
-  void SetComment(CSmartPtr<CComment> value);
-  CGrade* GetGrade() const { return m_grade.Ptr(); }
-  void SetGrade(CSmartPtr<CGrade> value);
 
   // For the library.
   void Init() override;

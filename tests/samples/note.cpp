@@ -4,15 +4,7 @@
 
 namespace samples {
 
-namespace {
-
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
-
-}  // namespace
+using namespace schema;
 
 CRemarkType::CRemarkType(const char* elementName) : CXmlGeneratedClass(elementName) {
   CRemarkType::Init();

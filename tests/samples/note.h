@@ -3,22 +3,13 @@
 #ifndef TESTS_SAMPLES_NOTE_H_
 #define TESTS_SAMPLES_NOTE_H_
 
-#include <optional>
-#include <string>
-#include <utility>
-
-#include <qvxml/qvxml.h>
+#include "tests/samples/schema.h"
 
 namespace samples {
-
-using namespace QvXmlLib16;
-using namespace QvXmlLib16Data;
 
 /// remarkType, of nillable elements.
 class CRemarkType : public CXmlGeneratedClass, public CNillableObject {
  public:
-  const std::optional<std::string>& GetAuthor() const { return m_author; }
-  void SetAuthor(std::optional<std::string> value) { m_author = std::move(value); }
   const std::optional<std::string>& GetText() const { return m_text; }
   void SetText(std::optional<std::string> value) { m_text = std::move(value); }
 
@@ -60,12 +51,9 @@ class CNote : public TGeneratedClass<CNote> {
   explicit CNote(const char* elementName = "note");
 
   const TNillable<CDateTime>& GetDue() const { return m_due; }
-  void SetDue(TNillable<CDateTime> value) { m_due = std::move(value); }
   const TNillable<unsigned short>& GetPages() const { return m_pages; }
-  void SetPages(TNillable<unsigned short> value) { m_pages = std::move(value); }
   CRemark* GetRemark() const { return m_remark.Ptr(); }
   void SetRemark(CSmartPtr<CRemark> value);
-  CReply* GetReply() const { return m_reply.Ptr(); }
   void SetReply(CSmartPtr<CReply> value);
 
   // For the library.

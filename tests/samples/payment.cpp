@@ -4,13 +4,10 @@
 
 namespace samples {
 
+using namespace schema;
+
 namespace {
 
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 constexpr const char* kAccountTexts[] = {"current", "savings"};
 const char* AccountToText(int value) { return GetEnumText(kAccountTexts, value); }
 int AccountFromText(const char* text) { return FindEnumValue(kAccountTexts, "Account", text); }
@@ -60,11 +57,6 @@ void CPayment::SetVoucher(CSmartPtr<CVoucher> value) {
   Throw_IfElementNameDiffers(value.Ptr(), "voucher");
   SelectAlternative(this, "voucher", value != nullptr, m_selected);
   m_voucher = std::move(value);
-}
-
-void CPayment::SetForeign(CSmartPtr<CElement> value) {
-  SelectAlternative(this, "AnyElement", value != nullptr, m_selected);
-  m_foreign = std::move(value);
 }
 
 void CPayment::Init() {

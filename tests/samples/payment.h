@@ -3,16 +3,9 @@
 #ifndef TESTS_SAMPLES_PAYMENT_H_
 #define TESTS_SAMPLES_PAYMENT_H_
 
-#include <optional>
-#include <string>
-#include <utility>
-
-#include <qvxml/qvxml.h>
+#include "tests/samples/schema.h"
 
 namespace samples {
-
-using namespace QvXmlLib16;
-using namespace QvXmlLib16Data;
 
 /// accountType
 enum class EAccount : int { e_current, e_savings };
@@ -21,9 +14,6 @@ enum class EAccount : int { e_current, e_savings };
 class CVoucher : public TGeneratedClass<CVoucher> {
  public:
   explicit CVoucher(const char* elementName = "voucher");
-
-  const std::optional<std::string>& GetCode() const { return m_code; }
-  void SetCode(std::optional<std::string> value) { m_code = std::move(value); }
 
   // For the library.
   void Init() override;
@@ -46,13 +36,10 @@ class CPayment : public TGeneratedClass<CPayment> {
   void SetPayer(std::optional<std::string> value) { m_payer = std::move(value); }
   const std::optional<std::string>& GetCard() const { return m_card; }
   void SetCard(std::optional<std::string> value);
-  const std::optional<EAccount>& GetAccount() const { return m_account; }
   void SetAccount(std::optional<EAccount> value);
   CVoucher* GetVoucher() const { return m_voucher.Ptr(); }
   void SetVoucher(CSmartPtr<CVoucher> value);
   Ci4Col& GetCoin() const { return *m_coin; }
-  CElement* GetForeign() const { return m_foreign.Ptr(); }
-  void SetForeign(CSmartPtr<CElement> value);
   /// Name of the element that is set, "" when none is.
   const std::string& GetSelected() const { return m_selected; }
 

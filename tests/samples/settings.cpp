@@ -4,13 +4,10 @@
 
 namespace samples {
 
+using namespace schema;
+
 namespace {
 
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
 constexpr const char* kLevelTexts[] = {"low", "high"};
 const char* LevelToText(int value) { return GetEnumText(kLevelTexts, value); }
 int LevelFromText(const char* text) { return FindEnumValue(kLevelTexts, "Level", text); }
@@ -51,17 +48,6 @@ const CClassMetaData& CMirror::GetMetaData() {
 }
 
 CSettings::CSettings(const char* elementName) : TGeneratedClass(elementName) { CSettings::Init(); }
-
-void CSettings::SetServer(CSmartPtr<CServer> value) {
-  Throw_IfPropertyIsNull(value.Ptr(), "server");
-  Throw_IfElementNameDiffers(value.Ptr(), "server");
-  m_server = std::move(value);
-}
-
-void CSettings::SetMirror(CSmartPtr<CMirror> value) {
-  Throw_IfElementNameDiffers(value.Ptr(), "mirror");
-  m_mirror = std::move(value);
-}
 
 void CSettings::Init() {
   ResetProperties(m_title, m_port, m_level, m_fallback, m_mirror);

@@ -4,16 +4,7 @@
 
 namespace samples {
 
-namespace {
-
-constexpr char kNamespace[] = "urn:qvxml:samples";
-constexpr auto kCollapse = CWhitespaceUtils::ws_collapse;
-constexpr auto kPreserve = CWhitespaceUtils::ws_preserve;
-constexpr unsigned int kUnbounded = CXmlCollectionBase::kUnbounded;
-
-CPrimitiveRestrictions NoFacets() { return CPrimitiveRestrictions(); }
-
-}  // namespace
+using namespace schema;
 
 CSmartPtr<CXmlObjectBase> CShapesFactory::CreateShape(CXmlElement* element) {
   if (element->GetLocalName() != "shape" && element->GetLocalName() != "best") return nullptr;
@@ -161,8 +152,6 @@ void CDrawing::SetLabel(CSmartPtr<CLabel> value) {
   Throw_IfPropertyIsNull(value.Ptr(), "label");
   m_label = std::move(value);
 }
-
-void CDrawing::SetBest(CSmartPtr<CShape> value) { m_best = std::move(value); }
 
 void CDrawing::Init() {
   ResetProperties(m_label, m_best);

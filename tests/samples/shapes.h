@@ -3,24 +3,14 @@
 #ifndef TESTS_SAMPLES_SHAPES_H_
 #define TESTS_SAMPLES_SHAPES_H_
 
-#include <optional>
-#include <string>
-#include <utility>
-
-#include <qvxml/qvxml.h>
+#include "tests/samples/schema.h"
 
 namespace samples {
-
-using namespace QvXmlLib16;
-using namespace QvXmlLib16Data;
 
 /// shapeType, abstract.
 class CShape : public CXmlGeneratedClass {
  public:
-  const std::optional<std::string>& GetId() const { return m_id; }
   void SetId(std::optional<std::string> value) { m_id = std::move(value); }
-  const std::optional<double>& GetArea() const { return m_area; }
-  void SetArea(std::optional<double> value) { m_area = std::move(value); }
 
   // For the library.
   void Init() override;
@@ -40,9 +30,6 @@ class CCircle : public TGeneratedClass<CCircle, CShape> {
  public:
   explicit CCircle(const char* elementName = "shape");
 
-  const std::optional<double>& GetRadius() const { return m_radius; }
-  void SetRadius(std::optional<double> value) { m_radius = std::move(value); }
-
   // For the library.
   void Init() override;
   void AccessProperty(int index, bool get, QvVariant& value) override;
@@ -58,9 +45,6 @@ class CCircle : public TGeneratedClass<CCircle, CShape> {
 class CSquare : public TGeneratedClass<CSquare, CShape> {
  public:
   explicit CSquare(const char* elementName = "shape");
-
-  const std::optional<double>& GetSide() const { return m_side; }
-  void SetSide(std::optional<double> value) { m_side = std::move(value); }
 
   // For the library.
   void Init() override;
@@ -110,9 +94,6 @@ class CLegend : public TGeneratedClass<CLegend, CLabel> {
  public:
   explicit CLegend(const char* elementName = "legend");
 
-  const std::optional<long>& GetColumns() const { return m_columns; }
-  void SetColumns(std::optional<long> value) { m_columns = std::move(value); }
-
   // For the library.
   void Init() override;
   void AccessProperty(int index, bool get, QvVariant& value) override;
@@ -138,11 +119,7 @@ class CDrawing : public TGeneratedClass<CDrawing> {
  public:
   explicit CDrawing(const char* elementName = "drawing");
 
-  CLabel* GetLabel() const { return m_label.Ptr(); }
   void SetLabel(CSmartPtr<CLabel> value);
-  CShape* GetBest() const { return m_best.Ptr(); }
-  void SetBest(CSmartPtr<CShape> value);
-  TObjectCollection<CShape>& GetShape() const { return *m_shape; }
 
   // For the library.
   void Init() override;

@@ -45,11 +45,6 @@ const CClassMetaData& CNode::GetMetaData() {
 
 CChain::CChain(const char* elementName) : TGeneratedClass(elementName) { CChain::Init(); }
 
-void CChain::SetChain(CSmartPtr<CChain> value) {
-  Throw_IfElementNameDiffers(value.Ptr(), "chain");
-  m_chain = std::move(value);
-}
-
 void CChain::Init() { ResetProperties(m_id, m_chain); }
 
 void CChain::AccessProperty(int index, bool get, QvVariant& value) {

@@ -46,7 +46,6 @@ class CChain : public TGeneratedClass<CChain> {
   const std::optional<long>& GetId() const { return m_id; }
   void SetId(std::optional<long> value) { m_id = std::move(value); }
   CChain* GetChain() const { return m_chain.Ptr(); }
-  void SetChain(CSmartPtr<CChain> value);
 
   // For the library.
   void Init() override;

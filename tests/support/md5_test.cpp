@@ -11,8 +11,7 @@ namespace {
 
 TEST(CMD5, GivesTheDigestsOfRfc1321) {
   const struct {
-    const char* bytes;
-    const char* digest;
+    const char *bytes, *digest;
   } rows[] = {
       {"", "d41d8cd98f00b204e9800998ecf8427e"},
       {"a", "0cc175b9c0f1b6a831c399e269772661"},

@@ -47,22 +47,15 @@ class LimitScope {
 
 TEST(CBigInteger, ReadsAndWritesText) {
   const struct {
-    std::string text;
-    std::string expected;
+    std::string text, expected;
   } rows[] = {
-      {"0", "0"},
-      {"-0", "0"},
-      {"+7", "7"},
-      {"-7", "-7"},
-      {" \t\r\n42 \t\r\n", "42"},
-      {"007", "7"},
-      {Nines(17), Nines(17)},
-      {Nines(18), Nines(18)},
-      {PowerOfTen(18), PowerOfTen(18)},
+      // clang-format off
+      {"0", "0"}, {"-0", "0"}, {"+7", "7"}, {"-7", "-7"}, {" \t\r\n42 \t\r\n", "42"}, {"007", "7"},
+      {Nines(17), Nines(17)}, {Nines(18), Nines(18)}, {PowerOfTen(18), PowerOfTen(18)},
       {"-" + PowerOfTen(36), "-" + PowerOfTen(36)},
       {"123456789012345678000000000000000009", "123456789012345678000000000000000009"},
-      {std::string(100, '0') + "5", "5"},
-      {std::string(100, '0'), "0"},
+      {std::string(100, '0') + "5", "5"}, {std::string(100, '0'), "0"},
+      // clang-format on
   };
   CBigInteger value(-7);
   for (const auto& row : rows) {
@@ -78,24 +71,9 @@ TEST(CBigInteger, RefusesOtherTextAndKeepsItsValue) {
     std::string text;
     std::size_t position;
   } rows[] = {
-      {"", 0},
-      {"  ", 2},
-      {"-", 1},
-      {"+ ", 1},
-      {"- 5", 1},
-      {"--5", 1},
-      {"12 3", 3},
-      {"1.5", 1},
-      {"1e5", 1},
-      {"0x10", 1},
-      {"12a", 2},
-      {"\v1", 0},
-      {"\xC2\xA0"
-       "1",
-       0},
-      {" 12-", 3},
-      {"/", 0},
-      {":", 0},
+      {"", 0},         {"  ", 2},   {"-", 1},   {"+ ", 1},   {"- 5", 1}, {"--5", 1},
+      {"12 3", 3},     {"1.5", 1},  {"1e5", 1}, {"0x10", 1}, {"12a", 2}, {"\v1", 0},
+      {"\xC2\xA0", 0}, {" 12-", 3}, {"/", 0},   {":", 0},
   };
   CBigInteger value(77);
   for (const auto& row : rows) {
@@ -106,10 +84,8 @@ TEST(CBigInteger, RefusesOtherTextAndKeepsItsValue) {
   }
   EXPECT_QV_THROW(value.Parse(nullptr), CQvInvalidValueException, InvalidChar(0, ""));
   // An embedded NUL is refused, not taken for the end.
-  EXPECT_QV_THROW(CBigInteger(std::string("12\0"
-                                          "3",
-                                          4)),
-                  CQvInvalidValueException, InvalidChar(2, "12"));
+  EXPECT_QV_THROW(CBigInteger(std::string("12\0x", 4)), CQvInvalidValueException,
+                  InvalidChar(2, "12"));
   value.Parse("1234", 2);
   EXPECT_EQ(value.ToString(), "12");
 }
@@ -168,16 +144,12 @@ TEST(CBigInteger, ConvertsFromAndToMachineTypes) {
 TEST(CBigInteger, CountsDigits) {
   const struct {
     std::string text;
-    std::size_t digits;
-    std::size_t trailingZeros;
+    std::size_t digits, trailingZeros;
   } rows[] = {
-      {"0", 1, 0},
-      {"-9", 1, 0},
-      {"10", 2, 1},
-      {Nines(18), 18, 0},
-      {PowerOfTen(17), 18, 17},
-      {PowerOfTen(18), 19, 18},
-      {"5" + PowerOfTen(35), 37, 35},
+      // clang-format off
+      {"0", 1, 0}, {"-9", 1, 0}, {"10", 2, 1}, {Nines(18), 18, 0}, {PowerOfTen(17), 18, 17},
+      {PowerOfTen(18), 19, 18}, {"5" + PowerOfTen(35), 37, 35},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);
@@ -187,16 +159,12 @@ TEST(CBigInteger, CountsDigits) {
 }
 
 TEST(CBigInteger, OrdersBySignLengthAndDigits) {
-  const std::vector<CBigInteger> ascending = {CBigInteger("-" + PowerOfTen(36)),
-                                              CBigInteger("-" + Nines(36)),
-                                              CBigInteger(LLONG_MIN),
-                                              CBigInteger(-1),
-                                              CBigInteger(0),
-                                              CBigInteger(1),
-                                              CBigInteger(Nines(18)),
-                                              CBigInteger(PowerOfTen(18)),
-                                              CBigInteger("1000000000000000001"),
-                                              CBigInteger(Nines(36))};
+  std::vector<CBigInteger> ascending;
+  for (const std::string& text : {"-" + PowerOfTen(36), "-" + Nines(36), std::string("-1"),
+                                  std::string("0"), std::string("1"), Nines(18), PowerOfTen(18),
+                                  std::string("1000000000000000001"), Nines(36)}) {
+    ascending.emplace_back(text);
+  }
   for (std::size_t left = 0; left < ascending.size(); ++left) {
     for (std::size_t right = 0; right < ascending.size(); ++right) {
       SCOPED_TRACE(ascending[left].ToString() + " and " + ascending[right].ToString());
@@ -212,20 +180,15 @@ TEST(CBigInteger, OrdersBySignLengthAndDigits) {
 
 TEST(CBigInteger, AddsAndSubtractsAcrossSignsAndLimbs) {
   const struct {
-    std::string left;
-    std::string right;
-    std::string sum;
-    std::string difference;
+    std::string left, right, sum, difference;
   } rows[] = {
-      {"0", "0", "0", "0"},
-      {"0", "-5", "-5", "5"},
-      {"-5", "5", "0", "-10"},
-      {"3", "-5", "-2", "8"},
-      {"-3", "-5", "-8", "2"},
-      {Nines(18), "1", PowerOfTen(18), "999999999999999998"},
+      // clang-format off
+      {"0", "0", "0", "0"}, {"0", "-5", "-5", "5"}, {"-5", "5", "0", "-10"}, {"3", "-5", "-2", "8"},
+      {"-3", "-5", "-8", "2"}, {Nines(18), "1", PowerOfTen(18), "999999999999999998"},
       {PowerOfTen(18), "-1", Nines(18), "1000000000000000001"},
       {"1", Nines(36), PowerOfTen(36), "-" + Nines(35) + "8"},
       {"1", PowerOfTen(36), PowerOfTen(35) + "1", "-" + Nines(36)},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.left + " and " + row.right);
@@ -238,25 +201,19 @@ TEST(CBigInteger, AddsAndSubtractsAcrossSignsAndLimbs) {
 
 TEST(CBigInteger, DividesTowardZero) {
   const struct {
-    std::string dividend;
-    std::string divisor;
-    std::string quotient;
-    std::string remainder;
+    std::string dividend, divisor, quotient, remainder;
   } rows[] = {
-      {"7", "2", "3", "1"},
-      {"-7", "2", "-3", "-1"},
-      {"7", "-2", "-3", "1"},
-      {"-7", "-2", "3", "-1"},
-      {"-1", "2", "0", "-1"},
-      {"0", "-3", "0", "0"},
+      // clang-format off
+      {"7", "2", "3", "1"}, {"-7", "2", "-3", "-1"}, {"7", "-2", "-3", "1"},
+      {"-7", "-2", "3", "-1"}, {"-1", "2", "0", "-1"}, {"0", "-3", "0", "0"},
       {"6", "-3", "-2", "0"},
       {PowerOfTen(40), "7", "1428571428571428571428571428571428571428", "4"},
-      {"5", PowerOfTen(40), "0", "5"},
-      {PowerOfTen(36), PowerOfTen(36), "1", "0"},
+      {"5", PowerOfTen(40), "0", "5"}, {PowerOfTen(36), PowerOfTen(36), "1", "0"},
       // The estimate of the quotient's limb is one too large.
       {"250000000000000000" + std::string(54, '0'),
        "500000000000000000" + std::string(35, '0') + "1", "499999999999999999",
        "4" + Nines(35) + "500000000000000001"},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.dividend + " / " + row.divisor);

@@ -23,52 +23,37 @@ struct AcceptedText {
   Parse parse;
   const char* text;
   CDateTime::DTType type;
-  const char* written;
+  const char* written = nullptr;  // as the text
 };
 
 constexpr Parse kDate = &CDateTime::ParseXSDDate;
 constexpr Parse kTime = &CDateTime::ParseXSDTime;
 constexpr Parse kDateTime = &CDateTime::ParseXSDDateTime;
 
+using enum CDateTime::DTType;
 constexpr AcceptedText kAcceptedTexts[] = {
-    {kDate, "2001-12-31", CDateTime::dt_date, "2001-12-31"},
-    {kDate, "-0044-03-15", CDateTime::dt_date, "-0044-03-15"},
-    {kDate, "-9999-01-01", CDateTime::dt_date, "-9999-01-01"},
-    {kDate, "9999-12-31Z", CDateTime::dt_date, "9999-12-31Z"},
-    {kDate, "2000-02-29", CDateTime::dt_date, "2000-02-29"},
-    {kDate, "2001-01-01+24:00", CDateTime::dt_date, "2001-01-01+00:00"},
-    {kDate, "2001-01-01-24:30", CDateTime::dt_date, "2001-01-01+00:30"},
-    {kDate, "2001-01-01-00:30", CDateTime::dt_date, "2001-01-01+00:30"},
-    {kDate, "2001-01-01-05:30", CDateTime::dt_date, "2001-01-01-05:30"},
-    {kDate, "2001-01-01+23:59", CDateTime::dt_date, "2001-01-01+23:59"},
-    {kDate, "2001-05", CDateTime::dt_gYearMonth, "2001-05"},
-    {kDate, "-0001-05-23:59", CDateTime::dt_gYearMonth, "-0001-05-23:59"},
-    {kDate, "0001", CDateTime::dt_gYear, "0001"},
-    {kDate, "-0444Z", CDateTime::dt_gYear, "-0444Z"},
-    {kDate, "2001+00:00", CDateTime::dt_gYear, "2001+00:00"},
-    {kDate, "--02-29", CDateTime::dt_gMonthDay, "--02-29"},
-    {kDate, "--12-31+01:00", CDateTime::dt_gMonthDay, "--12-31+01:00"},
-    {kDate, "--05", CDateTime::dt_gMonth, "--05"},
-    {kDate, "--05Z", CDateTime::dt_gMonth, "--05Z"},
-    {kDate, "--05--", CDateTime::dt_gMonth, "--05"},
-    {kDate, "--05---01:00", CDateTime::dt_gMonth, "--05-01:00"},
-    {kDate, "---01", CDateTime::dt_gDay, "---01"},
-    {kDate, "---45", CDateTime::dt_gDay, "---45"},
-    {kDate, "---31-14:00", CDateTime::dt_gDay, "---31-14:00"},
-    {kTime, "00:00:00", CDateTime::dt_time, "00:00:00"},
-    {kTime, "23:59:59.999999999", CDateTime::dt_time, "23:59:59.999999999"},
-    {kTime, "12:00:00.500", CDateTime::dt_time, "12:00:00.5"},
-    {kTime, "12:00:00.00004Z", CDateTime::dt_time, "12:00:00.00004Z"},
-    {kTime, "12:00:00.001000-08:00", CDateTime::dt_time, "12:00:00.001-08:00"},
-    {kTime, "12:00:00.120000009", CDateTime::dt_time, "12:00:00.120000009"},
-    {kTime, "12:00:00.", CDateTime::dt_time, "12:00:00"},
-    {kTime, "12:00:00.Z", CDateTime::dt_time, "12:00:00Z"},
-    {kTime, "12:00:00.+01:30", CDateTime::dt_time, "12:00:00+01:30"},
-    {kTime, "12:00:00+00:00", CDateTime::dt_time, "12:00:00+00:00"},
-    {kDateTime, "2001-02-03T04:05:06", CDateTime::dt_dateTime, "2001-02-03T04:05:06"},
-    {kDateTime, "-0001-12-31T23:59:59.5Z", CDateTime::dt_dateTime, "-0001-12-31T23:59:59.5Z"},
-    {kDateTime, "2001-02-03T04:05:06.070-11:15", CDateTime::dt_dateTime,
-     "2001-02-03T04:05:06.07-11:15"},
+    // clang-format off
+    {kDate, "2001-12-31", dt_date}, {kDate, "-0044-03-15", dt_date},
+    {kDate, "-9999-01-01", dt_date}, {kDate, "9999-12-31Z", dt_date},
+    {kDate, "2000-02-29", dt_date}, {kDate, "2001-01-01+24:00", dt_date, "2001-01-01+00:00"},
+    {kDate, "2001-01-01-24:30", dt_date, "2001-01-01+00:30"},
+    {kDate, "2001-01-01-00:30", dt_date, "2001-01-01+00:30"}, {kDate, "2001-01-01-05:30", dt_date},
+    {kDate, "2001-01-01+23:59", dt_date}, {kDate, "2001-05", dt_gYearMonth},
+    {kDate, "-0001-05-23:59", dt_gYearMonth}, {kDate, "0001", dt_gYear},
+    {kDate, "-0444Z", dt_gYear}, {kDate, "2001+00:00", dt_gYear}, {kDate, "--02-29", dt_gMonthDay},
+    {kDate, "--12-31+01:00", dt_gMonthDay}, {kDate, "--05", dt_gMonth}, {kDate, "--05Z", dt_gMonth},
+    {kDate, "--05--", dt_gMonth, "--05"}, {kDate, "--05---01:00", dt_gMonth, "--05-01:00"},
+    {kDate, "---01", dt_gDay}, {kDate, "---45", dt_gDay}, {kDate, "---31-14:00", dt_gDay},
+    {kTime, "00:00:00", dt_time}, {kTime, "23:59:59.999999999", dt_time},
+    {kTime, "12:00:00.500", dt_time, "12:00:00.5"}, {kTime, "12:00:00.00004Z", dt_time},
+    {kTime, "12:00:00.001000-08:00", dt_time, "12:00:00.001-08:00"},
+    {kTime, "12:00:00.120000009", dt_time}, {kTime, "12:00:00.", dt_time, "12:00:00"},
+    {kTime, "12:00:00.Z", dt_time, "12:00:00Z"},
+    {kTime, "12:00:00.+01:30", dt_time, "12:00:00+01:30"}, {kTime, "12:00:00+00:00", dt_time},
+    {kDateTime, "2001-02-03T04:05:06", dt_dateTime},
+    {kDateTime, "-0001-12-31T23:59:59.5Z", dt_dateTime},
+    {kDateTime, "2001-02-03T04:05:06.070-11:15", dt_dateTime, "2001-02-03T04:05:06.07-11:15"},
+    // clang-format on
 };
 
 TEST(CDateTime, ReadsAndWritesEveryKind) {
@@ -78,23 +63,33 @@ TEST(CDateTime, ReadsAndWritesEveryKind) {
     value.SetTimeZone(3, 3);
     (value.*row.parse)(row.text);
     EXPECT_EQ(value.GetType(), row.type);
-    EXPECT_EQ(value.ToString(), row.written);
+    const char* const written = row.written == nullptr ? row.text : row.written;
+    EXPECT_EQ(value.ToString(), written);
     CDateTime again;
     (again.*row.parse)(value.ToString().c_str());
-    EXPECT_EQ(again.ToString(), row.written);
+    EXPECT_EQ(again.ToString(), written);
     EXPECT_TRUE(again == value);
+    EXPECT_EQ(CInstanceMonitor::GetCount("CDateTime"), 2);
   }
 }
 
 struct RefusedText {
   Parse parse;
-  const char* text;
-  const char* message;
+  const char *text, *message;
 };
 
 #define EXPECTED_DATE(text) "Invalid XSD Date [" text "] expected CCYY-MM-DD[Z|[+|-]hh:mm]"
 #define EXPECTED_TIME(text) "Invalid XSD Time [" text "] expected hh:mm:ss[.ff]"
 #define EXPECTED_DATETIME(text) "Invalid XSD DateTime [" text "] expected CCYY-MM-DDThh:mm:ss[.ff]"
+
+// Quoted whole, with the form that was expected.
+constexpr const char* kNoDates[] = {":",          "01:00",       "+01:00",      "Z",
+                                    "-",          "--",          "---1",        "--01-1",
+                                    "--2001-01",  "12345-01-01", "+2001-01-01", "2001-1-001",
+                                    "2001/01/01", " 2001-01-01", "20a1Z",       "2001-01-01z"};
+constexpr const char* kNoTimes[] = {"12:00",    "24:00:00", "12:60:00",
+                                    "12:00:60", "-1:00:00", "12.00:00"};
+constexpr const char* kNoDateTimes[] = {"", "2001-01-01"};
 
 constexpr RefusedText kRefusedTexts[] = {
     {kDate, nullptr, "Invalid Date (Null String)"},
@@ -103,23 +98,7 @@ constexpr RefusedText kRefusedTexts[] = {
     {kDate, "T", "Invalid Date ('T' not allowed)"},
     {kDate, "2001-01-01+01:00Z", "Invalid Date (Bad Zone value)"},
     {kDate, ":Z", "Invalid Date (Bad Zone value)"},
-    {kDate, ":", EXPECTED_DATE(":")},
-    {kDate, "01:00", EXPECTED_DATE("01:00")},
-    {kDate, "+01:00", EXPECTED_DATE("+01:00")},
-    {kDate, "Z", EXPECTED_DATE("Z")},
-    {kDate, "-", EXPECTED_DATE("-")},
-    {kDate, "--", EXPECTED_DATE("--")},
-    {kDate, "---1", EXPECTED_DATE("---1")},
-    {kDate, "--01-1", EXPECTED_DATE("--01-1")},
-    {kDate, "--2001-01", EXPECTED_DATE("--2001-01")},
-    {kDate, "12345-01-01", EXPECTED_DATE("12345-01-01")},
-    {kDate, "+2001-01-01", EXPECTED_DATE("+2001-01-01")},
-    {kDate, "2001-1-001", EXPECTED_DATE("2001-1-001")},
-    {kDate, "2001/01/01", EXPECTED_DATE("2001/01/01")},
     {kDate, "2001-01-0:", "Invalid XSD Time Zone [-01-0:]."},
-    {kDate, " 2001-01-01", EXPECTED_DATE(" 2001-01-01")},
-    {kDate, "20a1Z", EXPECTED_DATE("20a1Z")},
-    {kDate, "2001-01-01z", EXPECTED_DATE("2001-01-01z")},
     {kDate, "2001-01-01 01:00", "Invalid XSD Time Zone [ 01:00]."},
     {kDate, "2001-01-01+1:000", "Invalid XSD Time Zone [+1:000]."},
     {kDate, "2001-01-01+0a:00", "Invalid XSD Time Zone [+0a:00]."},
@@ -137,12 +116,6 @@ constexpr RefusedText kRefusedTexts[] = {
     {kDate, "---00", "Invalid Day [0] (1 <= day <= 31)"},
     {kTime, nullptr, "Invalid Time (Null String)"},
     {kTime, "", "Invalid XSD Time (Empty String)"},
-    {kTime, "12:00", EXPECTED_TIME("12:00")},
-    {kTime, "24:00:00", EXPECTED_TIME("24:00:00")},
-    {kTime, "12:60:00", EXPECTED_TIME("12:60:00")},
-    {kTime, "12:00:60", EXPECTED_TIME("12:00:60")},
-    {kTime, "-1:00:00", EXPECTED_TIME("-1:00:00")},
-    {kTime, "12.00:00", EXPECTED_TIME("12.00:00")},
     {kTime, "12:00:00.1234567890", "Invalid XSD Time [12:00:00.1234567890] Fraction part too long"},
     {kTime, "12:00:00x", "Invalid XSD Time Zone [x]."},
     {kTime, "12:00:00.5 Z", "Invalid XSD Time Zone [ Z]."},
@@ -150,8 +123,6 @@ constexpr RefusedText kRefusedTexts[] = {
     {kTime, "12:00:00ZZ", "Invalid XSD Time Zone [ZZ]."},
     {kTime, "12:00:00+01:000", "Invalid XSD Time Zone [+01:000]."},
     {kDateTime, nullptr, "Invalid DateTime (Null String)"},
-    {kDateTime, "", EXPECTED_DATETIME("")},
-    {kDateTime, "2001-01-01", EXPECTED_DATETIME("2001-01-01")},
     {kDateTime, "T00:00:00", "Invalid Date (Empty String)"},
     {kDateTime, "2001-01-01T", "Invalid XSD Time (Empty String)"},
     {kDateTime, "2001-1-01T00:00:00", EXPECTED_DATE("2001-1-01")},
@@ -169,6 +140,16 @@ TEST(CDateTime, RefusesMalformedTexts) {
     CDateTime value;
     EXPECT_QV_THROW((value.*row.parse)(row.text), CQvInvalidValueException, row.message);
   }
+  const auto expectRefused = [](const auto& texts, Parse parse, const std::string& kind,
+                                const std::string& form) {
+    for (const std::string text : texts) {
+      EXPECT_QV_THROW((CDateTime().*parse)(text.c_str()), CQvInvalidValueException,
+                      "Invalid XSD " + kind + " [" + text + "] expected " + form);
+    }
+  };
+  expectRefused(kNoDates, kDate, "Date", "CCYY-MM-DD[Z|[+|-]hh:mm]");
+  expectRefused(kNoTimes, kTime, "Time", "hh:mm:ss[.ff]");
+  expectRefused(kNoDateTimes, kDateTime, "DateTime", "CCYY-MM-DDThh:mm:ss[.ff]");
   EXPECT_QV_THROW(CDateTime(nullptr), CQvInvalidValueException, "Invalid DateTime (Null String)");
   CDateTime value;
   EXPECT_QV_THROW(value.SetZone(nullptr), CQvInvalidValueException, "Invalid XSD Time Zone [].");
@@ -194,37 +175,31 @@ struct RefusedFields {
 };
 
 constexpr RefusedFields kRefusedFields[] = {
-    {CDateTime::dt_unset, 2001, 1, 1, 0, 0, 0, 0, 0, 0, "Invalid Year Zero"},
+    {dt_unset, 2001, 1, 1, 0, 0, 0, 0, 0, 0, "Invalid Year Zero"},
     // Month, year, day, time: the first that is wrong is told.
-    {CDateTime::dt_dateTime, 0, 0, 0, 24, 60, 0, 0, 0, 0, "Invalid Month [0] (1 <= month <= 12)"},
-    {CDateTime::dt_dateTime, 10000, 1, 0, 24, 60, 0, 0, 0, 0,
+    {dt_dateTime, 0, 0, 0, 24, 60, 0, 0, 0, 0, "Invalid Month [0] (1 <= month <= 12)"},
+    {dt_dateTime, 10000, 1, 0, 24, 60, 0, 0, 0, 0,
      "Invalid Year [10000] (9999 <= year <= -9999 && year != 0)"},
-    {CDateTime::dt_dateTime, -10000, 1, 1, 0, 0, 0, 0, 0, 0,
+    {dt_dateTime, -10000, 1, 1, 0, 0, 0, 0, 0, 0,
      "Invalid Year [-10000] (9999 <= year <= -9999 && year != 0)"},
-    {CDateTime::dt_dateTime, 1, 1, 32, 24, 60, 0, 0, 0, 0,
-     "Invalid Day [32] (1 <= day <= days in month"},
-    {CDateTime::dt_dateTime, 1, 1, 1, 24, 60, 60, 1000, 1000, 1000,
-     "Invalid Hour [24] (0 <= hour <= 23)"},
-    {CDateTime::dt_time, 0, 0, 0, 23, 60, 60, 1000, 1000, 1000,
-     "Invalid Minute [60] (0 <= minute <= 59)"},
-    {CDateTime::dt_time, 0, 0, 0, 23, 59, 60, 1000, 1000, 1000,
-     "Invalid Second [60] (0 <= second <= 59)"},
-    {CDateTime::dt_time, 0, 0, 0, 23, 59, 59, 1000, 1000, 1000,
+    {dt_dateTime, 1, 1, 32, 24, 60, 0, 0, 0, 0, "Invalid Day [32] (1 <= day <= days in month"},
+    {dt_dateTime, 1, 1, 1, 24, 60, 60, 1000, 1000, 1000, "Invalid Hour [24] (0 <= hour <= 23)"},
+    {dt_time, 0, 0, 0, 23, 60, 60, 1000, 1000, 1000, "Invalid Minute [60] (0 <= minute <= 59)"},
+    {dt_time, 0, 0, 0, 23, 59, 60, 1000, 1000, 1000, "Invalid Second [60] (0 <= second <= 59)"},
+    {dt_time, 0, 0, 0, 23, 59, 59, 1000, 1000, 1000,
      "Invalid Milli-Second [1000] (0 <= milli <= 999)"},
-    {CDateTime::dt_time, 0, 0, 0, 23, 59, 59, 999, 1000, 1000,
+    {dt_time, 0, 0, 0, 23, 59, 59, 999, 1000, 1000,
      "Invalid Micro-Second [1000] (0 <= micro <= 999)"},
-    {CDateTime::dt_time, 0, 0, 0, 23, 59, 59, 999, 999, 1000,
-     "Invalid Nano-Second [1000] (0 <= nano <= 999)"},
-    {CDateTime::dt_time, 0, 5, 0, 0, 0, 0, 0, 0, 0, "Invalid Month [5] for type time"},
-    {CDateTime::dt_gDay, 2001, 0, 1, 0, 0, 0, 0, 0, 0, "Invalid Year [2001] for type gDay"},
-    {CDateTime::dt_gYearMonth, 1, 1, 7, 0, 0, 0, 0, 0, 0, "Invalid Day [7] for type gYearMonth"},
-    {CDateTime::dt_date, 1, 1, 1, 1, 2, 3, 4, 5, 6, "Invalid Hour [1] for type date"},
-    {CDateTime::dt_gYear, 1, 0, 0, 0, 2, 3, 4, 5, 6, "Invalid Minute [2] for type gYear"},
-    {CDateTime::dt_gMonth, 0, 1, 0, 0, 0, 3, 4, 5, 6, "Invalid Second [3] for type gMonth"},
-    {CDateTime::dt_gDay, 0, 0, 1, 0, 0, 0, 4, 5, 6, "Invalid Milli-Second [4] for type gDay"},
-    {CDateTime::dt_date, 1, 1, 1, 0, 0, 0, 0, 5, 6, "Invalid Micro-Second [5] for type date"},
-    {CDateTime::dt_gMonthDay, 0, 1, 1, 0, 0, 0, 0, 0, 6,
-     "Invalid Nano-Second [6] for type gMonthDay"},
+    {dt_time, 0, 0, 0, 23, 59, 59, 999, 999, 1000, "Invalid Nano-Second [1000] (0 <= nano <= 999)"},
+    {dt_time, 0, 5, 0, 0, 0, 0, 0, 0, 0, "Invalid Month [5] for type time"},
+    {dt_gDay, 2001, 0, 1, 0, 0, 0, 0, 0, 0, "Invalid Year [2001] for type gDay"},
+    {dt_gYearMonth, 1, 1, 7, 0, 0, 0, 0, 0, 0, "Invalid Day [7] for type gYearMonth"},
+    {dt_date, 1, 1, 1, 1, 2, 3, 4, 5, 6, "Invalid Hour [1] for type date"},
+    {dt_gYear, 1, 0, 0, 0, 2, 3, 4, 5, 6, "Invalid Minute [2] for type gYear"},
+    {dt_gMonth, 0, 1, 0, 0, 0, 3, 4, 5, 6, "Invalid Second [3] for type gMonth"},
+    {dt_gDay, 0, 0, 1, 0, 0, 0, 4, 5, 6, "Invalid Milli-Second [4] for type gDay"},
+    {dt_date, 1, 1, 1, 0, 0, 0, 0, 5, 6, "Invalid Micro-Second [5] for type date"},
+    {dt_gMonthDay, 0, 1, 1, 0, 0, 0, 0, 0, 6, "Invalid Nano-Second [6] for type gMonthDay"},
     {static_cast<CDateTime::DTType>(9), 0, 1, 0, 0, 0, 0, 0, 0, 0, "Invalid Month [1] for type "},
 };
 
@@ -274,14 +249,12 @@ TEST(CDateTime, CopiesThePartsOfAnotherKind) {
   CDateTime source(2001, 2, 3, 4, 5, 6, 7, 8, 9);
   source.SetTimeZone(-5, 30);
   const std::pair<CDateTime::DTType, const char*> parts[] = {
-      {CDateTime::dt_dateTime, "2001-02-03T04:05:06.007008009-05:30"},
-      {CDateTime::dt_date, "2001-02-03-05:30"},
-      {CDateTime::dt_gYearMonth, "2001-02-05:30"},
-      {CDateTime::dt_gYear, "2001-05:30"},
-      {CDateTime::dt_time, "04:05:06.007008009-05:30"},
-      {CDateTime::dt_gDay, "---03-05:30"},
-      {CDateTime::dt_gMonth, "--02-05:30"},
-      {CDateTime::dt_gMonthDay, "--02-03-05:30"},
+      // clang-format off
+      {dt_dateTime, "2001-02-03T04:05:06.007008009-05:30"}, {dt_date, "2001-02-03-05:30"},
+      {dt_gYearMonth, "2001-02-05:30"}, {dt_gYear, "2001-05:30"},
+      {dt_time, "04:05:06.007008009-05:30"}, {dt_gDay, "---03-05:30"}, {dt_gMonth, "--02-05:30"},
+      {dt_gMonthDay, "--02-03-05:30"},
+      // clang-format on
   };
   for (const auto& [type, written] : parts) {
     CDateTime value;
@@ -295,56 +268,44 @@ TEST(CDateTime, CopiesThePartsOfAnotherKind) {
     return value;
   }();
   CDateTime value;
-  EXPECT_QV_THROW(value.SetDateTime(month, CDateTime::dt_date), CQvInvalidStateException,
+  EXPECT_QV_THROW(value.SetDateTime(month, dt_date), CQvInvalidStateException,
                   "Failed to copy CDateTime. Invalid Date Type: gYearMonth, expected: date.");
   value.SetDate(2002, 1, 1);
-  EXPECT_QV_THROW(value.SetDateTime(month, CDateTime::dt_gYear), CQvInvalidStateException,
+  EXPECT_QV_THROW(value.SetDateTime(month, dt_gYear), CQvInvalidStateException,
                   "Failed to copy CDateTime. Invalid Date Type: gYear, expected: date.");
-  source.SetDateTime(source, CDateTime::dt_dateTime);
+  source.SetDateTime(source, dt_dateTime);
   EXPECT_EQ(source.ToString(), "2001-02-03T04:05:06.007008009-05:30");
-  EXPECT_FALSE(CDateTime::CheckConversion(CDateTime::dt_time, CDateTime::dt_dateTime));
-  EXPECT_FALSE(CDateTime::CheckConversion(CDateTime::dt_unset, CDateTime::dt_unset));
-  EXPECT_FALSE(CDateTime::CheckConversion(CDateTime::dt_dateTime, CDateTime::dt_unset));
+  EXPECT_FALSE(CDateTime::CheckConversion(dt_time, dt_dateTime));
+  EXPECT_FALSE(CDateTime::CheckConversion(dt_unset, dt_unset));
+  EXPECT_FALSE(CDateTime::CheckConversion(dt_dateTime, dt_unset));
 }
 
 TEST(CDateTime, RefusesFieldsThatTheKindDoesNotCarry) {
+  // clang-format off
+#define CALL(name, ...) {#name, [](CDateTime& v) { v.name(__VA_ARGS__); }}
   const std::pair<const char*, void (*)(CDateTime&)> yearCalls[] = {
-      {"GetMonth", [](CDateTime& v) { v.GetMonth(); }},
-      {"GetDay", [](CDateTime& v) { v.GetDay(); }},
-      {"GetHour", [](CDateTime& v) { v.GetHour(); }},
-      {"GetMinute", [](CDateTime& v) { v.GetMinute(); }},
-      {"GetSecond", [](CDateTime& v) { v.GetSecond(); }},
-      {"GetRealSecond", [](CDateTime& v) { v.GetRealSecond(); }},
-      {"GetMilliSecond", [](CDateTime& v) { v.GetMilliSecond(); }},
-      {"GetMicroSecond", [](CDateTime& v) { v.GetMicroSecond(); }},
-      {"GetNanoSecond", [](CDateTime& v) { v.GetNanoSecond(); }},
-      {"GetDayOfYear", [](CDateTime& v) { v.GetDayOfYear(); }},
-      {"GetDayOfWeek", [](CDateTime& v) { v.GetDayOfWeek(); }},
-      {"GetTime", [](CDateTime& v) { v.GetTime(); }},
-      {"SetMonth", [](CDateTime& v) { v.SetMonth(1); }},
-      {"SetDay", [](CDateTime& v) { v.SetDay(1); }},
-      {"SetHour", [](CDateTime& v) { v.SetHour(1); }},
-      {"SetMinute", [](CDateTime& v) { v.SetMinute(1); }},
-      {"SetSecond", [](CDateTime& v) { v.SetSecond(1); }},
-      {"SetMilliSecond", [](CDateTime& v) { v.SetMilliSecond(1); }},
-      {"SetMicroSecond", [](CDateTime& v) { v.SetMicroSecond(1); }},
-      {"SetNanoSecond", [](CDateTime& v) { v.SetNanoSecond(1); }},
-      {"SetFracTime", [](CDateTime& v) { v.SetFracTime(1, 1, 1); }},
+      CALL(GetMonth), CALL(GetDay), CALL(GetHour), CALL(GetMinute), CALL(GetSecond),
+      CALL(GetRealSecond), CALL(GetMilliSecond), CALL(GetMicroSecond), CALL(GetNanoSecond),
+      CALL(GetDayOfYear), CALL(GetDayOfWeek), CALL(GetTime), CALL(SetMonth, 1), CALL(SetDay, 1),
+      CALL(SetHour, 1), CALL(SetMinute, 1), CALL(SetSecond, 1), CALL(SetMilliSecond, 1),
+      CALL(SetMicroSecond, 1), CALL(SetNanoSecond, 1), CALL(SetFracTime, 1, 1, 1),
   };
+#undef CALL
+  // clang-format on
   CDateTime year;
   year.SetGYear(2001);
   for (const auto& row : yearCalls) {
     EXPECT_QV_THROW(row.second(year), CQvInvalidStateException,
                     std::string("Failed to ") + row.first + ". Invalid Date Type: gYear.");
   }
-  CDateTime time(CDateTime::dt_time);
+  CDateTime time(dt_time);
   EXPECT_QV_THROW(time.GetYear(), CQvInvalidStateException,
                   "Failed to GetYear. Invalid Date Type: time.");
   EXPECT_QV_THROW(time.SetYear(1), CQvInvalidStateException,
                   "Failed to SetYear. Invalid Date Type: time.");
   EXPECT_QV_THROW(CDateTime().GetYear(), CQvInvalidStateException,
                   "Failed to GetYear. Invalid Date Type: yearZero.");
-  EXPECT_QV_THROW(CDateTime(CDateTime::dt_date).GetDayOfYear(), CQvInvalidValueException,
+  EXPECT_QV_THROW(CDateTime(dt_date).GetDayOfYear(), CQvInvalidValueException,
                   "Invalid Month [0] (1 <= month <= 12)");
 }
 
@@ -371,9 +332,9 @@ TEST(CDateTime, FieldSettersFillAnEmptyValue) {
   CDateTime value;
   EXPECT_QV_THROW(value.SetMonth(13), CQvInvalidValueException,
                   "Invalid Month [13] (1 <= month <= 12)");
-  EXPECT_EQ(value.GetType(), CDateTime::dt_unset);
+  EXPECT_EQ(value.GetType(), dt_unset);
   value.SetDay(29);
-  EXPECT_EQ(value.GetType(), CDateTime::dt_dateTime);
+  EXPECT_EQ(value.GetType(), dt_dateTime);
   value.SetMonth(2);
   value.SetYear(-4);
   value.SetFracTime(1, 2, 3);
@@ -409,8 +370,8 @@ TEST(CDateTime, KeepsZonesApartFromFields) {
 
 TEST(CDateTime, ReturnsTextsForWhatCannotBeFormatted) {
   EXPECT_EQ(CDateTime().ToString("x"), "Error: Date Not Set");
-  EXPECT_EQ(CDateTime(CDateTime::dt_date).ToString(nullptr), "Error: Date Not Set");
-  EXPECT_EQ(CDateTime(CDateTime::dt_time).ToString(), "00:00:00");
+  EXPECT_EQ(CDateTime(dt_date).ToString(nullptr), "Error: Date Not Set");
+  EXPECT_EQ(CDateTime(dt_time).ToString(), "00:00:00");
   const CDateTime value(2001, 1, 1);
   EXPECT_EQ(value.ToString(nullptr), "");
   EXPECT_EQ(value.ToString("G"), "");
@@ -420,7 +381,7 @@ TEST(CDateTime, ReturnsTextsForWhatCannotBeFormatted) {
   cleared.Clear();
   EXPECT_EQ(cleared.ToString(), "Error: Date Not Set");
   EXPECT_EQ(cleared.GetTypeAsString(), "yearZero");
-  EXPECT_EQ(CDateTime::GetTypeAsString(CDateTime::dt_gMonthDay), "gMonthDay");
+  EXPECT_EQ(CDateTime::GetTypeAsString(dt_gMonthDay), "gMonthDay");
   EXPECT_EQ(CDateTime::GetTypeAsString(static_cast<CDateTime::DTType>(9)), "");
 }
 
@@ -493,17 +454,6 @@ TEST(CDateTime, GivesEveryDayBeforeTheCommonEraItsOwnNumber) {
       }
     }
   }
-}
-
-TEST(CDateTime, CountsItsInstances) {
-  const long before = CInstanceMonitor::GetCount("CDateTime");
-  {
-    const CDateTime value(2001, 1, 1);
-    const CDateTime copy(value);
-    EXPECT_EQ(CInstanceMonitor::GetCount("CDateTime"), before + 2);
-    EXPECT_QV_THROW(CDateTime("x"), CQvInvalidValueException, EXPECTED_DATETIME("x"));
-  }
-  EXPECT_EQ(CInstanceMonitor::GetCount("CDateTime"), before);
 }
 
 TEST(Calendar, KeepsTheSinglePrecisionDivision) {

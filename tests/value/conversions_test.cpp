@@ -19,8 +19,7 @@ TEST(ClassConversions, WriteWhatTheyRead) {
   const struct {
     const char* kind;
     std::string (*convert)(const std::string& text, Rule rule);
-    const char* text;
-    const char* expected;
+    const char *text, *expected;
   } rows[] = {
 #define QVXML_ROW(kind, text, expected)                                                       \
   {#kind,                                                                                     \

@@ -28,39 +28,34 @@ using namespace QvXmlLib16;
 struct TextRow {
   const char* name;
   ItemType type;
-  const char* text;
-  const char* format;
-  const char* expected;
+  const char *text, *format, *expected;
 };
 
 const TextRow kTexts[] = {
+    // clang-format off
     {"hexBinary", ItemType_hexBinary, " 00ab ", "", "00AB"},
     {"base64Binary", ItemType_base64Binary, "AAEC", "", "AAEC"},
-    {"i1", ItemType_i1, "-128", "", "-128"},
-    {"i2", ItemType_i2, "-32768", "", "-32768"},
+    {"i1", ItemType_i1, "-128", "", "-128"}, {"i2", ItemType_i2, "-32768", "", "-32768"},
     {"i4", ItemType_i4, "-9223372036854775808", "", "-9223372036854775808"},
     {"i8", ItemType_i8, "9223372036854775807", "", "9223372036854775807"},
-    {"ui1", ItemType_ui1, "255", "", "255"},
-    {"ui2", ItemType_ui2, "65535", "", "65535"},
+    {"ui1", ItemType_ui1, "255", "", "255"}, {"ui2", ItemType_ui2, "65535", "", "65535"},
     {"ui4", ItemType_ui4, "18446744073709551615", "", "18446744073709551615"},
     {"ui8", ItemType_ui8, "18446744073709551615", "", "18446744073709551615"},
-    {"r4", ItemType_r4, "0.1", "", "0.1"},
-    {"r8", ItemType_r8, "1.5", "%.3f", "1.500"},
+    {"r4", ItemType_r4, "0.1", "", "0.1"}, {"r8", ItemType_r8, "1.5", "%.3f", "1.500"},
     {"duration", ItemType_duration, "P1Y2M", "", "P1Y2M"},
     {"yearMonth", ItemType_yearMonth, "2001-02", "", "2001-02"},
     {"monthDay", ItemType_monthDay, "--02-29", "", "--02-29"},
-    {"year", ItemType_year, "2001", "", "2001"},
-    {"month", ItemType_month, "--05", "", "--05"},
+    {"year", ItemType_year, "2001", "", "2001"}, {"month", ItemType_month, "--05", "", "--05"},
     {"day", ItemType_day, "---31", "", "---31"},
     {"date", ItemType_date, "2001-02-03Z", "", "2001-02-03Z"},
     {"datetime", ItemType_datetime, "2001-02-03T04:05:06.7", "", "2001-02-03T04:05:06.7"},
     {"time", ItemType_time, "04:05:06+01:00", "", "04:05:06+01:00"},
-    {"char", ItemType_char, "x", "", "x"},
-    {"string", ItemType_string, " a\tb ", "", "a b"},
+    {"char", ItemType_char, "x", "", "x"}, {"string", ItemType_string, " a\tb ", "", "a b"},
     {"boolean", ItemType_boolean, "1", "", "true"},
     {"decimal", ItemType_decimal, "1.005", "2", "1.01"},
     {"integer", ItemType_integer, "-123456789012345678901234567890", "",
      "-123456789012345678901234567890"},
+    // clang-format on
 };
 
 TEST(QvVariant, EveryTypeConvertsCopiesMovesAndTurnsNil) {

@@ -54,10 +54,9 @@ TEST(CFileBinaryStream, WritesMarkAndBytes) {
     XmlEncoding encoding;
     std::string content;
   } rows[] = {{Encoding_Unspecified, "abc"},
-              {Encoding_UTF8, "abc"},
-              {Encoding_UTF16,
-               "\xFF\xFE"
-               "abc"},
+              // clang-format off
+              {Encoding_UTF8, "abc"}, {Encoding_UTF16, "\xFF\xFE" "abc"},
+              // clang-format on
               {Encoding_UTF16_Unlabelled,
                "\xFF\xFE"
                "abc"}};

@@ -22,8 +22,7 @@ std::string Wide(const std::u32string& text) {
 TEST(CEncoder, EncodesText) {
   const struct {
     const char* name;
-    std::string text;
-    std::string utf8;
+    std::string text, utf8;
     std::u32string wide;
   } rows[] = {
       {"empty", "", "", U""},

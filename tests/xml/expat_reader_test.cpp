@@ -95,9 +95,7 @@ TEST_F(CExpatReaderTest, KeepsNamesAttributesAndText) {
 
 TEST_F(CExpatReaderTest, KeepsCDATAMarkersOnRequest) {
   const struct {
-    const char* xml;
-    const char* stripped;
-    const char* kept;
+    const char *xml, *stripped, *kept;
   } rows[] = {
       {"<a><![CDATA[<x>&]]></a>", "a '<x>&'", "a '<![CDATA[<x>&]]>'"},
       {"<a><![CDATA[]]></a>", "a", "a '<![CDATA[]]>'"},
@@ -129,8 +127,7 @@ TEST_F(CExpatReaderTest, LeavesQualifiedNamesWholeForLocalNameSchemas) {
 TEST_F(CExpatReaderTest, ReportsBrokenInputAndKeepsTheTreeSoFar) {
   const struct {
     std::string xml;
-    const char* message;
-    const char* tree;
+    const char *message, *tree;
   } rows[] = {
       {" ", "no element found at line 1", "-"},
       {"x", "syntax error at line 1", "-"},

@@ -31,9 +31,9 @@ TEST(CTextStream, EncodesItsText) {
     XmlEncoding encoding;
     std::string bytes;
   } rows[] = {
-      {Encoding_UTF8, kText},
-      {Encoding_UTF16, kWide},
-      {Encoding_UTF16_Unlabelled, kWide},
+      // clang-format off
+      {Encoding_UTF8, kText}, {Encoding_UTF16, kWide}, {Encoding_UTF16_Unlabelled, kWide},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.encoding);

@@ -61,11 +61,9 @@ TEST_F(CXmlDocumentTest, NamesThePathOfEveryNode) {
     std::vector<int> element;
     const char* path;
   } rows[] = {
-      {"<a/>", {}, "/a"},
-      {"<a><b/></a>", {0}, "/a/b"},
-      {"<a><b/><b/><b/></a>", {0}, "/a/b[1]"},
-      {"<a><b/><b/><b/></a>", {1}, "/a/b[2]"},
-      {"<a><b/><c/><b/><x/></a>", {2}, "/a/b[2]"},
+      // clang-format off
+      {"<a/>", {}, "/a"}, {"<a><b/></a>", {0}, "/a/b"}, {"<a><b/><b/><b/></a>", {0}, "/a/b[1]"},
+      {"<a><b/><b/><b/></a>", {1}, "/a/b[2]"}, {"<a><b/><c/><b/><x/></a>", {2}, "/a/b[2]"},
       {"<a><b/><c/><b/><x/></a>", {3}, "/a/x"},
       {"<a><b/><b><c/><c><d/></c></b></a>", {1, 1, 0}, "/a/b[2]/c[2]/d"},
       {"<p:a xmlns:p='urn:p'><p:b/></p:a>", {0}, "/p:a/p:b"},
@@ -75,11 +73,11 @@ TEST_F(CXmlDocumentTest, NamesThePathOfEveryNode) {
       {"<a xmlns:q='urn:p' xmlns:p='urn:p'><q:b/></a>", {0}, "/a/p:b"},
       // One QName, two namespaces: the positions count both.
       {"<a><b xmlns='urn:1'/><b/><b xmlns='urn:2'/></a>", {1}, "/a/b[2]"},
-      {"<a><ab/><b/></a>", {1}, "/a/b"},
-      {"<a xmlns:p='urn:p'><p:b/><b/></a>", {1}, "/a/b"},
+      {"<a><ab/><b/></a>", {1}, "/a/b"}, {"<a xmlns:p='urn:p'><p:b/><b/></a>", {1}, "/a/b"},
       // The last binding of a prefix is the one that counts.
       {"<a xmlns:p='urn:1'><p:b xmlns:p='urn:2'/><p:c/></a>", {0}, "/a/p:b"},
       {"<a xmlns:p='urn:1'><p:b xmlns:p='urn:2'/><p:c/></a>", {1}, "/a/c"},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.xml);
@@ -103,21 +101,17 @@ TEST_F(CXmlDocumentTest, PutsThePrefixOfAnAttributeBeforeTheAt) {
 
 TEST_F(CXmlDocumentTest, TellsSteeringAttributesFromContent) {
   const struct {
-    const char* localName;
-    const char* namespaceUri;
+    const char *localName, *namespaceUri;
     bool isNamespace, isNil;
   } rows[] = {
-      {"type", kSchemaInstance, true, false},
-      {"type", kXmlns, true, false},
-      {"xmlns", kXmlns, true, false},
-      {"schemaLocation", kSchemaInstance, true, false},
+      // clang-format off
+      {"type", kSchemaInstance, true, false}, {"type", kXmlns, true, false},
+      {"xmlns", kXmlns, true, false}, {"schemaLocation", kSchemaInstance, true, false},
       {"noNamespaceSchemaLocation", kSchemaInstance, true, false},
-      {"nil", kSchemaInstance, false, true},
-      {"nil", kXmlns, false, true},
-      {"Type", kSchemaInstance, false, false},
-      {"type", "", false, false},
-      {"xmlns", "", false, false},
-      {"nil", "urn:x", false, false},
+      {"nil", kSchemaInstance, false, true}, {"nil", kXmlns, false, true},
+      {"Type", kSchemaInstance, false, false}, {"type", "", false, false},
+      {"xmlns", "", false, false}, {"nil", "urn:x", false, false},
+      // clang-format on
   };
   CXmlDocument document;
   CXmlElement* element = document.AddDocElement("", "a");
