@@ -198,12 +198,12 @@ TEST(CheckRestriction, TestsPatternAndEnumerationOfStrings) {
       {"[a-z",
        "abc",
        "Invalid Regular Expression: [a-z Error: 'missing terminating ] for character class'\n"
-       "[abc].",
+       "Invalid Value for n [abc].",
        {}},
       {"(a+)+",
        "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab",
        "Invalid Regular Expression: (a+)+ Error: 'match limit of 1000000 steps exceeded'\n"
-       "[aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab].",
+       "Invalid Value for n [aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaab].",
        {}},
       // A byte that is no text is matched as "?", and quoted as it is.
       // clang-format off
