@@ -113,6 +113,7 @@ TEST_F(JsonReader, MakesXmlText) {
       {kFull, R"({"a": {"@x": "<&>\"\n","#text": "<&>\"\n"}})",
        "<a x=\"&lt;&amp;&gt;\"&#xA;\">&lt;&amp;&gt;\"\n</a>\n"},
       {kFull, "{\"a\": \"J\xC3\xB6rg \xFF\"}", "<a>J\xC3\xB6rg ?</a>\n"},
+      {kFull, "{\"\xC3\xA9\": {\"@\xC3\xA9\": 1}}", "<\xC3\xA9 \xC3\xA9=\"1\"/>\n"},
       {kFull, R"({"a": "a text that is longer than one block of sixteen, \"twice\""})",
        "<a>a text that is longer than one block of sixteen, \"twice\"</a>\n"},
       // A section is markup only when it is all there is.
@@ -267,6 +268,10 @@ TEST_F(JsonReader, RefusesWhatIsNoXml) {
       {R"({"!DOCTYPE": 1})", "Failed to convert name '!DOCTYPE' to Element name in XML."},
       {R"({"?xml": 1})", "Failed to convert name '?xml' to Element name in XML."},
       {R"({"a": {"@b='c'": 1}})", "Failed to convert name '@b='c'' to Element name in XML."},
+      // Would become "<?p x="1"/>", and hide what follows up to "</q?>".
+      {"{\"r\": {\"\xFFp\": {\"@x\": 1},\"q\xFF\": {\"z\": 1,\"\xFFp\": {\"@x\": 2}}}}",
+       "Failed to convert name '\xFFp' to Element name in XML."},
+      {"{\"a\": {\"@\xC3\": 1}}", "Failed to convert name '@\xC3' to Element name in XML."},
       {R"({"a": {"@b\"": 1}})", "Failed to convert name '@b\"' to Element name in XML."},
   };
   for (const Row& row : rows) {

@@ -150,6 +150,8 @@ TEST_F(JsonStandardReader, MakesXmlText) {
       {kFull, R"({"xsi:a":{"@xmlns:xsi":"u","i":[null,""],"xsi:b":null}})",
        "<xsi:a xmlns:xsi=\"u\"><i" NIL("xsi") "/><i/><xsi:b" NIL("xsii") "/></xsi:a>"},
       {kFull, R"({"a":{"@x":"1","@y":null,"#text":null}})", "<a x=\"1\"" NIL("xsi") "/>"},
+      {kFull, R"({"a":{"#text":null,"#text":null},"b":{"@xsi:iix":1,"#text":null}})",
+       "<a" NIL("xsi") "/><b xsi:iix=\"1\"" NIL("xsiii") "/>"},
       // Text may stand anywhere, and what follows it is still inside.
       {kFull, R"({"a":{"#text":"t","b":{"c":1},"d":[2,{"#text":3}]}})",
        "<a>t<b><c>1</c></b><d>2</d><d>3</d></a>"},
@@ -197,6 +199,18 @@ TEST_F(JsonStandardReader, RefusesWhatIsNoXml) {
                   "JSON Array has no Name.\nPath: $.a[0]", "$.a[0]");
   EXPECT_QV_THROW(Convert(R"({"":1})"), CQvValidationException,
                   "JSON item has an empty Name.\nPath: $.", "$.");
+}
+
+// However often an element is made nil, and whatever prefixes it has.
+TEST_F(JsonStandardReader, MakesNilInBoundedSpace) {
+  std::string json = R"({"a":{"@x":1)";
+  std::string prefix = "xsi";
+  for (int i = 0; i < 300; ++i, prefix += 'i') json += ",\"@xmlns:" + prefix + "\":\"u\"";
+  for (int i = 0; i < 300; ++i) json += ",\"#text\":null";
+  json += "}}";
+  const std::string xml = Convert(json);
+  EXPECT_LT(xml.size(), json.size());
+  EXPECT_EQ(" " + prefix + ":nil=\"true\"/>", xml.substr(xml.rfind(' ')));
 }
 
 TEST_F(JsonStandardReader, SurvivesTruncationAnywhere) {

@@ -2,6 +2,8 @@
 #include <string>
 
 #include "qvxml/core/format.h"
+#include "qvxml/core/locale_text.h"
+#include "qvxml/core/unicode_internal.h"
 #include "qvxml/json/json_conversion_failures_internal.h"
 
 namespace QvXmlLib16::detail {
@@ -50,6 +52,15 @@ void CheckXmlName(std::string_view name, std::string_view jsonName) {
   for (const char character : name) {
     if (kIsRefused[static_cast<unsigned char>(character)]) ThrowNameFailure(jsonName);
   }
+}
+
+void CheckLocaleName(std::string_view name) {
+  if (AsciiLength(name.data(), name.size()) == name.size()) return;
+  const bool isText =
+      IsLocaleTextUtf8()
+          ? ValidUtf8Length(name.data(), name.size()) == name.size()
+          : LocalCodePageToUtf8(name.data(), name.size()).find('?') == std::string::npos;
+  if (!isText) ThrowNameFailure(name);
 }
 
 bool IsSection(std::string_view text) noexcept {

@@ -19,6 +19,9 @@ namespace QvXmlLib16::detail {
 /// For names that would be markup, or end a tag: `jsonName` is what the failure quotes. Whether
 /// the rest is a name is left to the XML parser.
 void CheckXmlName(std::string_view name, std::string_view jsonName);
+/// For names that hold bytes that are no character of the locale: these would become "?", and "<?"
+/// begins a processing instruction, which hides all that follows.
+void CheckLocaleName(std::string_view name);
 
 /// Whether the text is one CDATA section and nothing else.
 bool IsSection(std::string_view text) noexcept;

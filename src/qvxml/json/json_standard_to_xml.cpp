@@ -1,8 +1,32 @@
+#include <algorithm>
+#include <cstddef>
+
 #include "qvxml/core/exception.h"
 #include "qvxml/json/json_conversion_failures_internal.h"
 #include "qvxml/json/json_standard_to_xml_internal.h"
 
 namespace QvXmlLib16::detail {
+
+namespace {
+
+// A prefix that the element and its attributes do not use for something else. One look at the tag
+// is enough for it, however many prefixes there are.
+std::string GetUnusedPrefix(std::string_view tag) {
+  std::string prefix = "xsi";
+  const auto has = [tag](const std::string& text) {
+    return tag.find(text) != std::string_view::npos;
+  };
+  if (!has(prefix + ":") && !has(":" + prefix + "=")) return prefix;
+  size_t longest = 0;
+  size_t run = 0;
+  for (const char character : tag) {
+    run = character == 'i' ? run + 1 : 0;
+    longest = std::max(longest, run);
+  }
+  return prefix.append(longest, 'i');
+}
+
+}  // namespace
 
 CStandardJsonToXml::CStandardJsonToXml(CXmlEmitter& emitter, JsonRoundTrip roundTrip,
                                        IErrorPathProvider& paths)
@@ -100,15 +124,14 @@ CStandardJsonToXml::Kind CStandardJsonToXml::TakeKind() {
 
 void CStandardJsonToXml::StartElement() { m_emitter.StartElement(m_name); }
 
+// Twice for one element is once: a declaration and an attribute for each would grow without bound.
 void CStandardJsonToXml::WriteNil() {
   const std::string_view tag = m_emitter.GetOpenStartTag();
   if (tag.empty()) ThrowTextFailure("null");
-  // One that the element and its attributes do not use for something else.
-  std::string prefix = "xsi";
-  while (tag.find(prefix + ":") != std::string_view::npos ||
-         tag.find(":" + prefix + "=") != std::string_view::npos) {
-    prefix += "i";
-  }
+  const size_t tagOffset = static_cast<size_t>(tag.data() - m_emitter.GetText().data());
+  if (tagOffset == m_nilTagOffset) return;
+  m_nilTagOffset = tagOffset;
+  const std::string prefix = GetUnusedPrefix(tag);
   m_emitter.Attribute("xmlns:" + prefix, "http://www.w3.org/2001/XMLSchema-instance");
   m_emitter.Attribute(prefix + ":nil", "true");
 }

@@ -3,6 +3,7 @@
 #ifndef QVXML_JSON_JSON_STANDARD_TO_XML_INTERNAL_H_
 #define QVXML_JSON_JSON_STANDARD_TO_XML_INTERNAL_H_
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,8 @@ class CStandardJsonToXml {
   std::vector<Level> m_levels;
   // One for each array.
   std::vector<std::string> m_itemNames;
+  // Where the start tag begins that was made nil last; 0 is in the declaration.
+  size_t m_nilTagOffset = 0;
 };
 
 }  // namespace QvXmlLib16::detail

@@ -46,9 +46,11 @@ class TJsonToXml {
       m_hasTextMember = true;
     } else if (m_hasMarkedNames && name.front() == '@') {
       CheckXmlName(name.substr(1), name);
+      CheckLocaleName(name);
       m_pending = Pending::Attribute;
     } else {
       CheckXmlName(name, name);
+      CheckLocaleName(name);
       m_pending = Pending::Element;
     }
   }
