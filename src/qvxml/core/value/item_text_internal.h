@@ -22,7 +22,7 @@ void ParseInto(std::string_view text, CWhitespaceUtils::WhitespaceRule rule,
                typename ItemTraits<kType>::Carrier& value);
 
 // The rows tell the types, the definitions are where CConversions' are.
-#define QVXML_ITEM_TYPE(name, number, accessor, carrier, held, facets)                          \
+#define QVXML_ITEM_TYPE(name, number, accessor, carrier, held, facets, fastInfoset)             \
   template <>                                                                                   \
   void AppendText<ItemType_##name>(const carrier& value, std::string& text);                    \
   template <>                                                                                   \
