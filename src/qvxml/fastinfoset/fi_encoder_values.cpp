@@ -156,7 +156,7 @@ void CFIEncoder::PutLiteral(std::string_view text, bool isAdded) {
     } else {
       unsigned char* const start = m_output.Reserve(kMostHeader + part.size());
       unsigned char* const payload = PutStringHeader<TPlace>(start, kUtf8, 0, isAdded, part.size());
-      std::memcpy(payload, part.data(), part.size());
+      if (!part.empty()) std::memcpy(payload, part.data(), part.size());
       m_output.AdvanceTo(payload + part.size());
     }
     text.remove_prefix(part.size());

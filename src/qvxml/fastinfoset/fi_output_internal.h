@@ -43,6 +43,7 @@ class CFIOutput {
     ++m_length;
   }
   void Put(std::string_view octets) {
+    if (octets.empty()) return;
     std::memcpy(Reserve(octets.size()), octets.data(), octets.size());
     m_length += octets.size();
   }

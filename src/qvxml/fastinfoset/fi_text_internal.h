@@ -28,6 +28,7 @@ inline bool HasSpecial(std::uint64_t bytes) {
 /// More bytes than the text, up to `readable`, may be looked at, which is faster.
 inline bool IsPlain(std::string_view text, size_t readable = 0) {
   constexpr std::uint64_t kSpaces = 0x2020202020202020u;
+  if (text.empty()) return true;
   const char* position = text.data();
   size_t rest = text.size();
   for (; rest > 8; rest -= 8, position += 8) {
