@@ -121,7 +121,7 @@ void WriteAgain(const CRecorder& recorder) {
   writer.WriteEndDocument();
 }
 
-void AddWriters(const std::string& json, std::vector<bench::CProgram>& programs) {
+void AddWriters([[maybe_unused]] const std::string& json, std::vector<bench::CProgram>& programs) {
 #if defined(QVXML_BENCH_RAPIDJSON)
   programs.push_back({"RapidJSON, text of a ready tree", [&json] {
                         rapidjson::Document tree;
@@ -163,7 +163,7 @@ void AddReading(const std::string& form, const std::string& json, const CSeriali
       Reading("FromJson" + form, [&](gpx11::CGpx& gpx) { gpx.FromJson(json.c_str(), ctx); }));
 }
 
-void AddReaders(const std::string& json, std::vector<bench::CProgram>& programs) {
+void AddReaders([[maybe_unused]] const std::string& json, std::vector<bench::CProgram>& programs) {
 #if defined(QVXML_BENCH_RAPIDJSON)
   programs.push_back(bench::Timed("RapidJSON, to a tree", [&json] {
     rapidjson::Document tree;

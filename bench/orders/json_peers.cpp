@@ -270,7 +270,7 @@ struct CNlohmannTree {
 
 }  // namespace
 
-void AddJsonPeers(const std::string& json, std::vector<CProgram>& programs) {
+void AddJsonPeers([[maybe_unused]] const std::string& json, std::vector<CProgram>& programs) {
 #if defined(QVXML_BENCH_RAPIDJSON)
   AddRows<CRapidTree>("RapidJSON, tree to structs", "RapidJSON, structs to text", json, programs);
 #else

@@ -289,7 +289,7 @@ class CLibxmlOutput {
 
 }  // namespace
 
-void AddXmlPeers(const std::string& xml, std::vector<CProgram>& programs) {
+void AddXmlPeers([[maybe_unused]] const std::string& xml, std::vector<CProgram>& programs) {
 #if defined(QVXML_BENCH_PUGIXML)
   AddRows<CPugiCursor, CPugiOutput>("pugixml, tree to structs", "pugixml, structs to tree to text",
                                     xml, programs);
