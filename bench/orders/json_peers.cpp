@@ -22,7 +22,7 @@ using plain::CBuffer;
 using plain::CName;
 
 // Attributes have an @ before their names.
-std::string AttributeKey(CName name) { return "@" + std::string(name.local); }
+[[maybe_unused]] std::string AttributeKey(CName name) { return "@" + std::string(name.local); }
 
 // Reads structs from the objects of a tree. TTree tells how: Find gives a member of an object or
 // null, ForEach visits the items of an array, Get converts a leaf that JSON has a type for, GetText
