@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "qvxml/fastinfoset/fi_context.h"
+#include "qvxml/fastinfoset/fi_string_index_internal.h"
 #include "qvxml/xml/binary_stream.h"
 
 using namespace QvXmlLib16;
@@ -173,6 +174,24 @@ TEST(CFastInfosetWriter, WritesItems) {
        "30 30 31 2F 58 4D 4C 53 63 68 65 6D 61 2D 69 6E 73 74 61 6E 63 65 CF 01 41 42 04 75 72 6E "
        "3A 74 F0 3C 00 72 78 00 61 40 76 7B 81 81 02 6E 69 6C 43 74 72 75 65 7B 81 81 03 74 79 70 65 "
        "43 41 42 3A 54 FF F0"},
+      {"a prefix that a type needs can not be declared otherwise behind it", Default,
+       [](CXmlWriter& w) {
+         Start(w, "r");
+         Attribute(w, "xmlns:p", "urn:a");
+         Start(w, "c");
+         w.WriteAttributeType("urn:a", "T", ItemType_string);
+         Attribute(w, "xmlns:p", "urn:b");
+         End(w);
+         Start(w, "d");
+         Attribute(w, "xmlns:p", "urn:b");
+         w.WriteAttributeType("urn:b", "T", ItemType_string);
+         End(w);
+         End(w);
+       },
+       "E0 00 00 01 00 38 CF 00 70 04 75 72 6E 3A 61 F0 3C 00 72 78 CF 01 41 41 28 68 74 74 70 "
+       "3A 2F 2F 77 77 77 2E 77 33 2E 6F 72 67 2F 32 30 30 31 2F 58 4D 4C 53 63 68 65 6D 61 2D "
+       "69 6E 73 74 61 6E 63 65 F0 3C 00 63 7B 82 82 03 74 79 70 65 42 70 3A 54 FF 78 CF 81 04 "
+       "75 72 6E 3A 62 CF 82 82 F0 3C 00 64 00 80 FF FF"},
       {"default values", Default,
        [](CFastInfosetWriter& w) {
          Start(w, "r");
@@ -466,4 +485,12 @@ TEST(CFastInfosetWriter, ConvertsTextOfTheLocale) {
   if (!latin.IsAvailable()) GTEST_SKIP() << "no such locale";
   EXPECT_EQ(Write(Default, [](CXmlWriter& w) { Leaf(w, "\xE9", "\xE9"); }),
             "E0 00 00 01 00 3C 01 C3 A9 91 C3 A9 FF");
+}
+
+// The end of the texts is what length and tag are mixed to when nothing secret comes in: a product
+// with 0 would forget the rest of the text.
+TEST(CFIStringIndex, HashesTextsApartWhateverTheyEndIn) {
+  detail::CFIStringBytes bytes;
+  const detail::CFIStringIndex index(bytes);
+  EXPECT_NE(index.Hash("a0000000Ely23UTb", 8578), index.Hash("a0000001Ely23UTb", 8578));
 }

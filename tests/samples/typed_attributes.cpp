@@ -17,7 +17,7 @@ CClassMetaData MakeMetaData(TItemTypes<kTypes...>) {
       {NewTypedInfo<CAttributeInfoPrimitive, kTypes>("", true)...,
        new CAttributeInfoEnum("color", "", kColor, true, ColorToText, ColorFromText, "green"),
        new CAttributeInfoPrimitive("count", "", kCount, false, ItemType_i4, "", kCollapse, UpToTen(), ""),
-       new CAttributeInfoAny("AnyAttribute", "", kAnyAttribute, true, "", "##other", kNamespace)});
+       new CAttributeInfoAny("AnyAttribute", "", kOtherAttributes, true, "", "##other", kNamespace)});
   // clang-format on
 }
 
@@ -38,7 +38,7 @@ void CTypedAttributes::AccessProperty(int index, bool get, QvVariant& value) {
   switch (index) {
     case kColor: return AccessEnum(get, value, m_color);
     case kCount: return AccessValue<ItemType_i4>(get, value, m_count);
-    case kAnyAttribute: return AccessCollection(get, value, m_anyAttribute.Ptr());
+    case kOtherAttributes: return AccessCollection(get, value, m_anyAttribute.Ptr());
     default: return AllItemTypes::Access(index, get, value, m_typed);
   }
   // clang-format on

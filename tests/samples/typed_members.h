@@ -68,7 +68,7 @@ using AllItemTypes =
                ItemType_month, ItemType_day, ItemType_date, ItemType_datetime, ItemType_time,
                ItemType_string, ItemType_boolean, ItemType_decimal, ItemType_integer>;
 /// Indexes of the properties that follow.
-enum TypedProperty : int { kColor = ItemType_integer + 1, kCount, kAnyAttribute };
+enum TypedProperty : int { kColor = ItemType_integer + 1, kCount, kOtherAttributes };
 
 }  // namespace samples
 

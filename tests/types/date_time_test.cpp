@@ -298,7 +298,7 @@ TEST(CDateTime, RefusesFieldsThatTheKindDoesNotCarry) {
     EXPECT_QV_THROW(row.second(year), CQvInvalidStateException,
                     std::string("Failed to ") + row.first + ". Invalid Date Type: gYear.");
   }
-  CDateTime time(dt_time);
+  CDateTime time(CDateTime::dt_time);
   EXPECT_QV_THROW(time.GetYear(), CQvInvalidStateException,
                   "Failed to GetYear. Invalid Date Type: time.");
   EXPECT_QV_THROW(time.SetYear(1), CQvInvalidStateException,

@@ -134,9 +134,11 @@ TEST(IntegerConversions, RefuseWhatIsOutOfRange) {
       {ui2, " 65536\t"}, {i8, "9223372036854775808"}, {i8, "-9223372036854775809x"}, {ui8, "18446744073709551616"},
       // clang-format on
   };
-  for (const auto& [kind, text] : rows) {
-    EXPECT_QV_THROW(kind.second(text, ws_collapse), CQvInvalidValueException,
-                    "The value [" + std::string(text) + "] is to large to fit in a " + kind.first);
+  for (const auto& row : rows) {
+    const Kind& kind = row.first;
+    EXPECT_QV_THROW(
+        kind.second(row.second, ws_collapse), CQvInvalidValueException,
+        "The value [" + std::string(row.second) + "] is to large to fit in a " + kind.first);
   }
   EXPECT_QV_THROW(C::i4FromString("1", static_cast<Rule>(4)), CQvException,
                   "Unknown WhitespaceRule");

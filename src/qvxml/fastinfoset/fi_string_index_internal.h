@@ -76,7 +76,7 @@ class CFIStringIndex {
       last = static_cast<std::uint64_t>(static_cast<unsigned char>(bytes[length / 2])) << 8 |
              static_cast<unsigned char>(bytes[length - 1]);
     }
-    return static_cast<std::uint32_t>(Mix(first ^ m_seed, last ^ Mix(tag + length, kOdd)));
+    return static_cast<std::uint32_t>(Mix(first ^ m_seed, last ^ Mix(tag + length, m_seed)));
   }
 
  private:

@@ -196,10 +196,14 @@ void CFastInfosetWriter::WriteAttributeType(const std::string& typeNamespace,
   BeginItem();
   m_typeValue.clear();
   NamePrefix numbers;
-  if (!typeNamespace.empty() && !IsDeclared(std::string(), typeNamespace, numbers)) {
-    RequirePrefix(context, typeNamespace);
-    m_typeValue = context.GetNamespaceMapValue(typeNamespace);
-    m_typeValue += ':';
+  if (!typeNamespace.empty()) {
+    if (!IsDeclared(std::string(), typeNamespace, numbers)) {
+      numbers = RequirePrefix(context, typeNamespace);
+      m_typeValue = context.GetNamespaceMapValue(typeNamespace);
+      m_typeValue += ':';
+    }
+    // The value would change its meaning with the declaration.
+    m_usedPrefixes.push_back(numbers.prefix);
   }
   m_typeValue += typeName;
   m_isWhole = true;
