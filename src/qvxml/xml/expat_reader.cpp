@@ -67,7 +67,7 @@ void CExpatReader::CreateParser() {
 }
 
 void CExpatReader::Parse(bool isFinal) {
-  m_repetitionLimit = detail::RepetitionLimit(m_document.m_input.GetLength());
+  m_repetitionLimit = detail::RepetitionLimit(m_document.m_inputLength);
   const bool isParsed = Feed(isFinal);
   if (!isParsed) {
     FlushOpenText();
@@ -78,8 +78,8 @@ void CExpatReader::Parse(bool isFinal) {
 }
 
 bool CExpatReader::Feed(bool isFinal) {
-  const char* const data = reinterpret_cast<const char*>(m_document.m_input.GetData());
-  const size_t length = m_document.m_input.GetLength();
+  const char* const data = reinterpret_cast<const char*>(m_document.m_input);
+  const size_t length = m_document.m_inputLength;
   const size_t firstPiece = length <= kLargeInput ? kLargeInput : kFirstPiece;
   size_t piece = firstPiece;
   for (size_t position = 0;;) {

@@ -7,6 +7,9 @@
 //   +---|----+-------+------+-------+      [64] -> element -> element
 //       +--> arena                         ...
 //
+// The chunks of a large document are cut from regions, which are large enough for the huge pages of
+// the system: touching memory for the first time costs more than all else otherwise.
+//
 // A node finds its arena, and through it its document, by rounding its own address down to the
 // chunk. So `delete element` needs no pointer in the element, and an element that was removed from
 // the tree may outlive the document: the arena goes with the last of them.
@@ -23,6 +26,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define QVXML_POISONS_FREE_NODES 1
@@ -121,6 +125,9 @@ class CNodeArena {
   // What malloc keeps beside a block, so that aligned chunks lie next to each other.
   static constexpr size_t kHeapOverhead = 16;
   static constexpr size_t kUsableChunkSize = kChunkSize - kHeapOverhead;
+  // Documents below 1 MB have none, as the end of a region stays unused.
+  static constexpr size_t kChunksBeforeRegions = 32;
+  static constexpr size_t kRegionSize = size_t{2} << 20;
   static constexpr size_t kGranularity = 16;
   static constexpr size_t kMaxPooledSize = 1024;
   static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
@@ -131,7 +138,8 @@ class CNodeArena {
     CNodeArena* arena;
     CChunk* next;
     // How many strings it begins with; 0 for a chunk of nodes.
-    size_t sharedTexts;
+    size_t sharedTexts : 63;
+    size_t isInRegion : 1;
 
     std::string* Texts() noexcept { return reinterpret_cast<std::string*>(this + 1); }
   };
@@ -169,14 +177,21 @@ class CNodeArena {
     const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
     return reinterpret_cast<const CChunk*>(address);
   }
-  static void* AllocateChunk();
+  CChunk* MakeChunk(CChunk* next);
+  void* TakeFromRegion();
   void AddChunk();
+  // Returns the chunk after it.
+  static CChunk* FreeChunk(CChunk* chunk) noexcept;
 
   const CXmlDocument* m_document;
   size_t m_liveElements = 0;
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
   CChunk* m_chunks = nullptr;
+  size_t m_heapChunks = 0;
+  char* m_regionNext = nullptr;
+  char* m_regionEnd = nullptr;
+  std::vector<char*> m_regions;
   CChunk* m_textChunks = nullptr;
   std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
   std::set<CXmlName, CNameOrder> m_names;

@@ -28,8 +28,14 @@ void CXmlDocument::Release() noexcept {
   if (m_arena != nullptr) std::exchange(m_arena, nullptr)->Abandon();
   m_namespaceByPrefix.clear();
   m_prefixesByNamespace.clear();
-  m_input.Clear();
+  ClearInput();
   m_inputEncoding = nullptr;
+}
+
+void CXmlDocument::ClearInput() noexcept {
+  m_input = nullptr;
+  m_inputLength = 0;
+  m_ownInput.Clear();
 }
 
 const std::string& CXmlDocument::LookupNamespaceFromAlias(const char* prefix) const {

@@ -54,7 +54,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   virtual void Cleanup();
 
   // Loading. Throws CQvException "%s at line %d", the parser's text and the line counted from 1,
-  // for malformed XML. The input's own byte-order mark or declaration tells its encoding.
+  // for malformed XML. The input's own byte-order mark or declaration tells its encoding. It may be
+  // text of the tree that is replaced, and must not change until the call returns.
 
   /// Parses XML text. Throws CQvException "XML String is empty!" for null and "".
   void LoadXml(const char* text);
@@ -121,6 +122,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   void Init(ElementCompleteCallback callback, const CSerializationContext& context);
   bool StripsCDATA() const;
   void SetInput(CBinaryData&& input);
+  void TakeInput(CBinaryData&& input);
+  void BorrowInput(const void* source, size_t length);
   void Parse();
   class CEndOfParse;
   bool ParseFastInfoset();
@@ -137,13 +140,17 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   void OfferElement(CXmlElement* element);
   [[noreturn]] static void ThrowNoOpenElement();
   void Release() noexcept;
+  void ClearInput() noexcept;
   void UnbindPrefix(const std::string& prefix, const std::string& namespaceUri);
 
   CXmlElement* m_documentElement = nullptr;
   std::vector<CXmlElement*> m_openElements;
   std::map<std::string, std::string, std::less<>> m_namespaceByPrefix;
   std::map<std::string, std::set<std::string>, std::less<>> m_prefixesByNamespace;
-  CBinaryData m_input;
+  // What is being parsed: the caller's bytes, or those of m_ownInput.
+  const unsigned char* m_input = nullptr;
+  size_t m_inputLength = 0;
+  CBinaryData m_ownInput;
   // Null when the input tells its encoding itself.
   const char* m_inputEncoding = nullptr;
   ElementCompleteCallback m_callback = nullptr;
