@@ -19,6 +19,19 @@ namespace detail {
 
 namespace {
 
+constexpr std::string_view kSchemaInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr std::string_view kXmlnsNamespace = "http://www.w3.org/2000/xmlns/";
+
+void NoteReadingAttribute(CXmlName& name) {
+  if (*name.namespaceUri != kSchemaInstanceNamespace && *name.namespaceUri != kXmlnsNamespace) {
+    return;
+  }
+  name.isNilAttribute = name.localName == "nil";
+  name.isNamespaceAttribute = name.localName == "xmlns" || name.localName == "type" ||
+                              name.localName == "schemaLocation" ||
+                              name.localName == "noNamespaceSchemaLocation";
+}
+
 char* Map(size_t size) noexcept {
   void* const memory =
       mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
@@ -131,10 +144,10 @@ const CXmlName* CNodeArena::Intern(std::string_view key, size_t namespaceLength)
   }
   const std::string* namespaceUri = &*m_namespaces.emplace(key.substr(0, namespaceLength)).first;
   const size_t localStart = namespaceLength == 0 ? 0 : namespaceLength + 1;
-  return &*m_names
-               .insert(CXmlName{std::string(key), namespaceLength, namespaceUri,
-                                std::string(key.substr(localStart))})
-               .first;
+  CXmlName name{std::string(key), namespaceLength, namespaceUri,
+                std::string(key.substr(localStart))};
+  NoteReadingAttribute(name);
+  return &*m_names.insert(std::move(name)).first;
 }
 
 const CXmlName* CNodeArena::Intern(std::string_view namespaceUri, std::string_view localName) {

@@ -18,6 +18,7 @@
 #define QVXML_XML_NODE_ARENA_INTERNAL_H_
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -48,6 +49,22 @@ namespace detail {
 /// Separates namespace URI and local name in what expat reports, and in the keys of names.
 inline constexpr char kNameSeparator = '|';
 
+/// The number of the class metadata that a name was last found to be that of, 0 for none: spares
+/// comparing the texts again. Threads may read one document, and so race for it; each finds a
+/// number that is right.
+class CNameMatch {
+ public:
+  CNameMatch() = default;
+  CNameMatch(const CNameMatch& other) : m_number(other.Get()) {}
+  CNameMatch& operator=(const CNameMatch&) = delete;
+
+  uint64_t Get() const { return m_number.load(std::memory_order_relaxed); }
+  void Set(uint64_t number) const { m_number.store(number, std::memory_order_relaxed); }
+
+ private:
+  mutable std::atomic<uint64_t> m_number{0};
+};
+
 /// One pair of namespace URI and local name; every node of that name points to it.
 struct CXmlName {
   /// URI, separator and local name; the local name alone without a namespace.
@@ -60,6 +77,11 @@ struct CXmlName {
   mutable std::array<const CXmlName*, 2> followers{};
   /// For readers: the element that last had an attribute of this name, in their own count.
   mutable size_t lastElement = 0;
+  CNameMatch elementMatch{};
+  CNameMatch attributeMatch{};
+  /// As CXmlAttribute::IsNamespaceAttribute and IsNilAttribute say of an attribute of this name.
+  bool isNamespaceAttribute = false;
+  bool isNilAttribute = false;
 };
 
 class CNodeArena {

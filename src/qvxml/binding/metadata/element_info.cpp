@@ -2,6 +2,8 @@
 
 #include "qvxml/binding/metadata/element_info.h"
 
+#include <atomic>
+
 #include <strings.h>
 
 #include "qvxml/binding/facet_checks.h"
@@ -59,10 +61,22 @@ bool ReadNil(const CXmlAttribute& attribute, const CXmlElement& element, bool is
       attribute.GetXPath());
 }
 
+class CElementSetFailure final : public QvXmlLib16::detail::CSetFailure {
+ public:
+  explicit CElementSetFailure(const CXmlElement& element) : m_element(element) {}
+
+  CQvValidationException Make() const override {
+    return CQvValidationException("Failed to set the property value.", m_element.GetXPath());
+  }
+
+ private:
+  const CXmlElement& m_element;
+};
+
 // Whether the element of a primitive or enumerated member is nil; it may have no other attribute.
 bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element, bool isNillable) {
   bool isNil = false;
-  for (const CXmlAttribute* attribute : element.GetAttributes()) {
+  for (const CXmlAttribute* attribute : QvXmlLib16::detail::CNodeAccess::AttributesOf(element)) {
     if (attribute->IsNilAttribute()) {
       isNil = ReadNil(*attribute, element, isNillable);
     } else if (!ctx.GetIgnoreUnknownAttributes()) {
@@ -73,6 +87,11 @@ bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element
 }
 
 }  // namespace
+
+std::uint64_t detail::NextMetaDataNumber() noexcept {
+  static constinit std::atomic<std::uint64_t> last{0};
+  return last.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex)
     : m_name(TextOrEmpty(name)),
@@ -126,7 +145,7 @@ void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext&,
 
 bool CElementInfo::IsThisElement(const CSerializationContext& ctx,
                                  const CXmlElement* element) const {
-  return QvXmlLib16::detail::DoesNameMatch(ctx, element, m_name, m_namespace);
+  return QvXmlLib16::detail::DoesNameMatch(ctx, element, m_number, m_name, m_namespace);
 }
 
 void CElementInfo::CheckRestriction(const QvVariant& value) const {
@@ -148,11 +167,7 @@ void CElementInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& valu
 
 void CElementInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
                                      const CXmlElement* element) const {
-  QvXmlLib16::detail::WrapFailure([&] { object->AccessProperty(m_propertyIndex, false, value); },
-                                  [&] {
-                                    return CQvValidationException(
-                                        "Failed to set the property value.", element->GetXPath());
-                                  });
+  QvXmlLib16::detail::StoreValue(object, m_propertyIndex, value, CElementSetFailure(*element));
 }
 
 void CElementInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
@@ -248,9 +263,8 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
   const CXmlElement* const element = *cursor;
   // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
   if (!ReadAttributes(ctx, *element, m_isNillable)) {
-    QvVariant value;
-    value.FromString(TextOrDefault(element->GetText()), m_itemType, m_whitespaceRule);
-    InvokePropertySet(object, value, element);
+    QvXmlLib16::detail::StoreText(object, m_propertyIndex, TextOrDefault(element->GetText()),
+                                  m_itemType, m_whitespaceRule, CElementSetFailure(*element));
   }
   *cursor = element->GetNextSiblingElement();
 }

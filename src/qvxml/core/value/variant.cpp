@@ -93,6 +93,7 @@ void QvVariant::MoveValue(QvVariant& other) noexcept {
   }
   m_ownership = std::exchange(other.m_ownership, Ownership::None);
   m_isNil = std::exchange(other.m_isNil, false);
+  m_isOffered = std::exchange(other.m_isOffered, false);
   m_type = std::exchange(other.m_type, ItemType_none);
 }
 
@@ -109,6 +110,7 @@ void QvVariant::Clear() {
   if (m_ownership != Ownership::None) ReleaseValue();
   m_slot = 0;
   m_isNil = false;
+  m_isOffered = false;
   m_type = ItemType_none;
 }
 
@@ -234,7 +236,7 @@ TObject QvVariant::GetOwned() const {
 template <class TObject>
 TObject QvVariant::TakeOwned() {
   const TObject* const value = PeekOwned<TObject>();
-  if (value == nullptr || m_ownership == Ownership::None) return GetOwned<TObject>();
+  if (value == nullptr || !MayTake()) return GetOwned<TObject>();
   return std::move(*const_cast<TObject*>(value));
 }
 
