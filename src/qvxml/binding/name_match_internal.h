@@ -3,6 +3,7 @@
 #ifndef QVXML_BINDING_NAME_MATCH_INTERNAL_H_
 #define QVXML_BINDING_NAME_MATCH_INTERNAL_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -40,6 +41,20 @@ inline bool DoesNameMatch(const CSerializationContext& ctx, const CXmlElement* e
   const CXmlName& name = CNodeAccess::NameOf(*element);
   return DoesNameMatch(name, name.elementMatch, number, localName, namespaceUri,
                        ctx.GetIgnoreNamespaces());
+}
+
+/// How many elements from this one on have its name, up to a number from which on counting does not
+/// save more than it costs.
+inline std::size_t CountAlike(const CXmlElement& first) {
+  constexpr std::size_t kEnough = 64;
+  std::size_t count = 1;
+  const CXmlElement* next = first.GetNextSiblingElement();
+  while (count < kEnough && next != nullptr &&
+         &CNodeAccess::NameOf(*next) == &CNodeAccess::NameOf(first)) {
+    ++count;
+    next = next->GetNextSiblingElement();
+  }
+  return count;
 }
 
 }  // namespace QvXmlLib16::detail

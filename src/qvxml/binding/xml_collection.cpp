@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "qvxml/binding/depth_guard_internal.h"
+#include "qvxml/binding/name_match_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/xml/xml_element.h"
@@ -106,6 +107,7 @@ void CXmlCollection::ToXml_Int(CXmlWriter* writer, bool, const char*,
 CXmlElement* CXmlCollection::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                          const CSerializationContext& ctx, bool) {
   CXmlElement* cursor = firstChild;
+  if (m_items.empty() && MayTake(ctx, cursor)) m_items.reserve(detail::CountAlike(*cursor));
   while (MayTake(ctx, cursor)) {
     CXmlElement* const next = ReadItem(element, cursor, ctx);
     // An item that takes nothing would do so for ever.

@@ -14,6 +14,7 @@
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/repetition_limit_internal.h"
+#include "qvxml/xml/short_copy.h"
 #include "qvxml/xml/xml_building_internal.h"
 #include "qvxml/xml/xml_document.h"
 
@@ -36,6 +37,8 @@ constexpr size_t kMaxPiece = size_t{1} << 30;
 
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
+
+constexpr size_t kFirstOpenText = 1024;
 
 }  // namespace
 
@@ -107,7 +110,7 @@ inline void CExpatReader::StartElement(const char* name, const char** atts) {
   CXmlElement* element = m_document.m_documentElement == nullptr
                              ? m_document.AddDocElement(elementName)
                              : m_document.AddChildElement(elementName);
-  m_openTextStarts.push_back(m_openText.size());
+  m_openTextStarts.push_back(m_openTextSize);
   if (*atts != nullptr) AddAttributes(element, atts);
 }
 
@@ -129,15 +132,16 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
 
 // Gives an element the text from `start` on.
 inline void CExpatReader::TakeOpenText(CXmlElement& element, size_t start) {
-  const std::string_view text = std::string_view(m_openText).substr(start);
-  if (text.find('\r') == std::string_view::npos) {
+  const std::string_view text(m_openText.data() + start, m_openTextSize - start);
+  if (!m_hasReturn) {
     element.AppendWholeText(*m_arena, text);
   } else {
     std::string kept;
     detail::AppendExcludingCR(kept, text.data(), text.size());
     element.AppendWholeText(*m_arena, kept);
   }
-  m_openText.resize(start);
+  m_openTextSize = start;
+  if (start == 0) m_hasReturn = false;
 }
 
 inline void CExpatReader::EndElement() {
@@ -150,11 +154,24 @@ inline void CExpatReader::EndElement() {
 }
 
 inline void CExpatReader::AppendText(const char* text, size_t length) {
+  // The parser turns line ends into line feeds; only a character reference, which it reports by
+  // itself, makes a carriage return.
+  if (length == 1 && *text == '\r') m_hasReturn = true;
   if (m_convertsText) {
-    m_openText += Utf8ToLocalCodePage(text, length);
+    AppendOpenText(Utf8ToLocalCodePage(text, length));
   } else {
-    m_openText.append(text, length);
+    AppendOpenText({text, length});
   }
+}
+
+inline void CExpatReader::AppendOpenText(std::string_view text) {
+  if (m_openText.size() - m_openTextSize < text.size()) WidenOpenText(text.size());
+  detail::CopyShort(m_openText.data() + m_openTextSize, text.data(), text.size());
+  m_openTextSize += text.size();
+}
+
+void CExpatReader::WidenOpenText(size_t length) {
+  m_openText.resize(std::max(2 * m_openText.size(), m_openTextSize + length + kFirstOpenText));
 }
 
 void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
@@ -166,7 +183,7 @@ void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
 
 // Gives the open elements their text so far, innermost first.
 void CExpatReader::FlushOpenText() {
-  for (size_t i = m_openTextStarts.size(); i-- > 0 && !m_openText.empty();) {
+  for (size_t i = m_openTextStarts.size(); i-- > 0 && m_openTextSize != 0;) {
     TakeOpenText(*m_document.m_openElements[i], std::exchange(m_openTextStarts[i], 0));
   }
 }
@@ -230,16 +247,24 @@ void CExpatReader::FnEndElement(void* userData, const char*) {
 }
 
 void CExpatReader::FnText(void* userData, const char* text, int length) {
-  Guard(userData,
-        [&](CExpatReader& reader) { reader.AppendText(text, static_cast<size_t>(length)); });
+  CExpatReader& reader = *static_cast<CExpatReader*>(userData);
+  // Called several times for an element: with nothing to save and restore where there is room.
+  if (!reader.m_convertsText && reader.m_failure == nullptr &&
+      reader.m_openText.size() - reader.m_openTextSize >= static_cast<size_t>(length)) {
+    return reader.AppendText(text, static_cast<size_t>(length));
+  }
+  const auto append = [](void* data, const char* bytes, int count) __attribute__((noinline)) {
+    Guard(data, [&](CExpatReader& self) { self.AppendText(bytes, static_cast<size_t>(count)); });
+  };
+  append(userData, text, length);
 }
 
 void CExpatReader::FnStartCDATA(void* userData) {
-  Guard(userData, [](CExpatReader& reader) { reader.m_openText += "<![CDATA["; });
+  Guard(userData, [](CExpatReader& reader) { reader.AppendOpenText("<![CDATA["); });
 }
 
 void CExpatReader::FnEndCDATA(void* userData) {
-  Guard(userData, [](CExpatReader& reader) { reader.m_openText += "]]>"; });
+  Guard(userData, [](CExpatReader& reader) { reader.AppendOpenText("]]>"); });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri) {

@@ -74,6 +74,8 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   const detail::CXmlName* FindName(const char* name);
   std::string ToInternalText(std::string_view text) const;
   void TakeOpenText(CXmlElement& element, size_t start);
+  void AppendOpenText(std::string_view text);
+  void WidenOpenText(size_t length);
   void FlushOpenText();
   void ChargeRepetition(size_t bytes);
 
@@ -83,8 +85,12 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   // Whether text has to leave UTF-8 for the encoding of the process' locale.
   bool m_convertsText;
   // Text of the open elements, outermost first, and where that of each begins: it is complete, and
-  // at the end, when its element ends.
-  std::string m_openText;
+  // at the end, when its element ends. The vector is as long as its memory, of which m_openTextSize
+  // bytes are in use.
+  std::vector<char> m_openText;
+  size_t m_openTextSize = 0;
+  // Whether there may be a carriage return in it.
+  bool m_hasReturn = false;
   std::vector<size_t> m_openTextStarts;
   const detail::CXmlName* m_lastName = nullptr;
   size_t m_repeatedBytes = 0;

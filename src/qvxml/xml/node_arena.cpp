@@ -87,6 +87,11 @@ void CNodeArena::Abandon() noexcept {
   if (m_liveElements == 0) delete this;
 }
 
+void CNodeArena::DestroyAll() noexcept {
+  for (std::string* const text : m_longTexts) std::destroy_at(text);
+  delete this;
+}
+
 void CNodeArena::FreeElement(void* memory, size_t size) noexcept {
   Free(memory, size);
   if (--m_liveElements == 0 && m_document == nullptr) delete this;

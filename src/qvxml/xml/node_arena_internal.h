@@ -106,10 +106,30 @@ class CNodeArena {
   /// May destroy the arena.
   void FreeElement(void* memory, size_t size) noexcept;
 
+  // A document that is only read and then goes is regular: its nodes were never destroyed one by
+  // one or taken from the tree, and texts that were noted are all that they own outside the arena.
+  // So its nodes need not be visited when it goes.
+
+  bool IsRegular() const noexcept { return m_isRegular; }
+  void SetIrregular() noexcept { m_isRegular = false; }
+  /// For a text of a node that has just been made.
+  void NoteText(std::string* text) {
+    if (text->size() > kMaxTextInPlace) m_longTexts.push_back(text);
+  }
+  void NoteAttribute() noexcept { ++m_attributes; }
+  size_t GetLiveElements() const noexcept { return m_liveElements; }
+  /// Counts while the arena is regular.
+  size_t GetAttributes() const noexcept { return m_attributes; }
+  /// Destroys all nodes of a regular document, and the arena.
+  void DestroyAll() noexcept;
+
   /// Memory aligned to 16 bytes; larger blocks than kMaxPooledSize come from the heap.
   void* Allocate(size_t size) {
     const size_t sizeClass = SizeClass(size);
-    if (sizeClass >= kSizeClasses) return ::operator new(size);
+    if (sizeClass >= kSizeClasses) {
+      SetIrregular();
+      return ::operator new(size);
+    }
     if (void* memory = m_freeLists[sizeClass]; memory != nullptr) {
       Unpoison(memory, size);
       m_freeLists[sizeClass] = static_cast<CFreeBlock*>(memory)->next;
@@ -155,6 +175,8 @@ class CNodeArena {
   static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
   static constexpr size_t kSharedTexts = 128;
   static constexpr size_t kMaxSharedText = 512;
+  // What a string holds within itself.
+  static constexpr size_t kMaxTextInPlace = 15;
 
   struct alignas(kGranularity) CChunk {
     CNodeArena* arena;
@@ -207,6 +229,9 @@ class CNodeArena {
 
   const CXmlDocument* m_document;
   size_t m_liveElements = 0;
+  size_t m_attributes = 0;
+  bool m_isRegular = true;
+  std::vector<std::string*> m_longTexts;
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
   CChunk* m_chunks = nullptr;

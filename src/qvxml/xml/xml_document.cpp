@@ -24,6 +24,10 @@ void CXmlDocument::Cleanup() { Release(); }
 
 void CXmlDocument::Release() noexcept {
   m_openElements.clear();
+  if (m_arena != nullptr && m_arena->IsRegular()) {
+    m_documentElement = nullptr;
+    CXmlElement::DestroyRegularTree(*std::exchange(m_arena, nullptr));
+  }
   delete std::exchange(m_documentElement, nullptr);
   if (m_arena != nullptr) std::exchange(m_arena, nullptr)->Abandon();
   m_namespaceByPrefix.clear();

@@ -21,8 +21,9 @@ using detail::ViewOf;
 constinit CInstanceCounter CXmlElement::s_instances("CXmlElement");
 
 CXmlElement::~CXmlElement() {
-  DeleteChildren();
   CNodeArena& arena = CNodeArena::Of(this);
+  arena.SetIrregular();
+  DeleteChildren();
   DeleteAttributes(arena);
   if (!arena.IsSharedText(m_text)) {
     std::destroy_at(m_text);
@@ -175,7 +176,14 @@ void CXmlElement::AddAttribute(const char* localName, const char* namespaceUri, 
   AppendAttribute(arena, name, ViewOf(value));
 }
 
+void CXmlElement::DestroyRegularTree(CNodeArena& arena) noexcept {
+  s_instances.Remove(static_cast<long>(arena.GetLiveElements()));
+  CXmlAttribute::s_instances.Remove(static_cast<long>(arena.GetAttributes()));
+  arena.DestroyAll();
+}
+
 void CXmlElement::Unlink() noexcept {
+  CNodeArena::Of(this).SetIrregular();
   (m_previousSibling != nullptr ? m_previousSibling->m_nextSibling : m_parent->m_firstChild) =
       m_nextSibling;
   (m_nextSibling != nullptr ? m_nextSibling->m_previousSibling : m_parent->m_lastChild) =

@@ -94,6 +94,7 @@ class QVXML_API CXmlElement : private TInstanceCounted<CXmlElement> {
   static CXmlElement* Create(detail::CNodeArena& arena, CXmlElement* parent,
                              const detail::CXmlName* name);
   CXmlElement* AppendChild(detail::CNodeArena& arena, const detail::CXmlName* name);
+  static void DestroyRegularTree(detail::CNodeArena& arena) noexcept;
   void Unlink() noexcept;
   void DeleteChildren() noexcept;
   void DeleteAttributes(detail::CNodeArena& arena) noexcept;

@@ -73,7 +73,6 @@ class CElementSetFailure final : public QvXmlLib16::detail::CSetFailure {
   const CXmlElement& m_element;
 };
 
-// Whether the element of a primitive or enumerated member is nil; it may have no other attribute.
 bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element, bool isNillable) {
   bool isNil = false;
   for (const CXmlAttribute* attribute : QvXmlLib16::detail::CNodeAccess::AttributesOf(element)) {
@@ -84,6 +83,12 @@ bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element
     }
   }
   return isNil;
+}
+
+// Whether the element of a primitive or enumerated member is nil; it may have no other attribute.
+inline bool HasNil(const CSerializationContext& ctx, const CXmlElement& element, bool isNillable) {
+  return !QvXmlLib16::detail::CNodeAccess::AttributesOf(element).empty() &&
+         ReadAttributes(ctx, element, isNillable);
 }
 
 }  // namespace
@@ -262,7 +267,7 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
                                       CXmlElement** cursor) const {
   const CXmlElement* const element = *cursor;
   // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
-  if (!ReadAttributes(ctx, *element, m_isNillable)) {
+  if (!HasNil(ctx, *element, m_isNillable)) {
     QvXmlLib16::detail::StoreText(object, m_propertyIndex, TextOrDefault(element->GetText()),
                                   m_itemType, m_whitespaceRule, CElementSetFailure(*element));
   }
@@ -272,7 +277,7 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
 void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGeneratedClass* object,
                                       CXmlElement** cursor) const {
   const CXmlElement* const element = *cursor;
-  if (!ReadAttributes(ctx, *element, m_isNillable)) {
+  if (!HasNil(ctx, *element, m_isNillable)) {
     QvVariant value;
     QvXmlLib16::detail::SetEnum(value, TextOrDefault(element->GetText()), m_textToEnum, m_name);
     InvokePropertySet(object, value, element);

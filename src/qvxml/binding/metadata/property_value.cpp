@@ -62,13 +62,22 @@ const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
   return text;
 }
 
-void StoreValue(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
-                const CSetFailure& failure) {
+namespace {
+
+inline void Store(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
+                  const CSetFailure& failure) {
   try {
     object->AccessProperty(propertyIndex, false, value);
   } catch (CQvException& caught) {
     ThrowWrapping(failure.Make(), caught);
   }
+}
+
+}  // namespace
+
+void StoreValue(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
+                const CSetFailure& failure) {
+  Store(object, propertyIndex, value, failure);
 }
 
 void StoreText(CXmlGeneratedClass* object, int propertyIndex, const std::string& text,
@@ -81,13 +90,13 @@ void StoreText(CXmlGeneratedClass* object, int propertyIndex, const std::string&
         if constexpr (Traits::kType == ItemType_string) {
           if (IsUnchanged(text, rule)) {
             Traits::Lend(variant, text);
-            return StoreValue(object, propertyIndex, variant, failure);
+            return Store(object, propertyIndex, variant, failure);
           }
         }
         typename Traits::Carrier value{};
         ParseInto<Traits::kType>(text, rule, value);
         Traits::Offer(variant, value);
-        StoreValue(object, propertyIndex, variant, failure);
+        Store(object, propertyIndex, variant, failure);
       },
       [&] {
         throw CQvException(
