@@ -3,10 +3,11 @@
 #include <memory>
 #include <vector>
 
-#include "qvxml/support/instance_monitor.h"
 #include "tests/support/qv_gtest.h"
 #include "tests/support/slot_of.h"
 #include "tests/support/xml_dump.h"
+
+#include "qvxml/support/instance_monitor.h"
 
 using namespace QvXmlLib16;
 using qv_test::Dump;
