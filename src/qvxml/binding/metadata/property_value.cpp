@@ -1,4 +1,5 @@
 #include "qvxml/binding/metadata/property_value_internal.h"
+#include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions.h"
@@ -16,6 +17,13 @@ namespace {
 
 }  // namespace
 
+void ThrowPropertyGetFailed(const std::string& name, CQvException& caught) {
+  ThrowWrapping(
+      CQvValidationException(
+          FormatString("Failed to get the property value for [%s].", name.c_str()), std::string()),
+      caught);
+}
+
 CXmlObjectBase* ObjectIn(const QvVariant& value) {
   if (value.GetItemType() == ItemType_xmlObject) return value.PeekXmlObject();
   if (value.GetItemType() == ItemType_xmlCollection) return value.PeekXmlCollection();
@@ -31,7 +39,7 @@ CXmlCollectionBase* CollectionIn(const QvVariant& value) {
   return collection;
 }
 
-const std::string& TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
+std::string_view TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
   if (const std::string* const text = value.PeekString()) return *text;
   std::string& room = writer.GetValueRoom();
   AppendText(value, format.c_str(), room);
