@@ -1,12 +1,15 @@
 // Writes the objects of a GPX document of 5 MB as JSON, in both forms, and reads them back, and
 // compares that with libexpat parsing the XML of the same objects and with what other libraries
-// need to write and to read a tree of the same JSON.
+// need to write and to read a tree of the same JSON. Then the same without other libraries for the
+// files on the command line, see binding_bench.cpp; there libexpat parses the file as it is.
 
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "bench/documents/bound_document.h"
 #include "bench/support/comparison.h"
 #include "bench/support/expat_reference.h"
 #include "examples/gpx/gpx11.h"
@@ -181,9 +184,27 @@ void AddReaders([[maybe_unused]] const std::string& json, std::vector<bench::CPr
 #endif
 }
 
-}  // namespace
+void Measure(const bench::CBoundDocument& document) {
+  const CSerializationContext own(document.ctx);
+  const CSerializationContext wellFormed(document.ctx);
+  wellFormed.GetJsonContext().SetWellFormed(true);
+  const CSmartPtr<CXmlObjectBase> object = document.Read();
+  std::vector<bench::CProgram> programs;
+  programs.push_back(bench::ExpatReference(document.xml));
+  for (const auto& [form, ctx] : {std::pair("", &own), std::pair(", well-formed", &wellFormed)}) {
+    const std::string json = object->ToJson(false, EOL_LF, *ctx);
+    const std::string name(form);
+    programs.push_back(bench::Timed(("ToJson" + name).c_str(),
+                                    [&object, ctx] { object->ToJson(false, EOL_LF, *ctx); }));
+    programs.push_back({"FromJson" + name, [&document, ctx, json] {
+                          const CSmartPtr<CXmlObjectBase> result = document.makeObject();
+                          return bench::TimeOf([&] { result->FromJson(json.c_str(), *ctx); });
+                        }});
+  }
+  bench::Compare(document.Description(), programs);
+}
 
-int main() {
+void MeasureGpx() {
   const std::string xml = MakeGpx();
   CSmartPtr<gpx11::CGpx> gpx(new gpx11::CGpx);
   gpx->FromXml(xml.c_str());
@@ -215,5 +236,17 @@ int main() {
   AddReading(", well-formed", json, wellFormed, programs);
   AddReaders(json, programs);
   bench::Compare({"gpx", xml.size(), bench::CountElements(xml)}, programs);
-  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    MeasureGpx();
+    for (int index = 1; index < argc; ++index) Measure(bench::ReadDocument(argv[index]));
+    return 0;
+  } catch (const CQvException& exception) {
+    std::fprintf(stderr, "%s\n", exception.GetFullMessage().c_str());
+    return 1;
+  }
 }
