@@ -35,7 +35,8 @@ class CDepthGuard {
         t_depth));
   }
 
-  static inline thread_local long t_depth = 0;
+  // Of a model that does not call the loader.
+  static inline constinit thread_local long t_depth __attribute__((tls_model("initial-exec"))) = 0;
 };
 
 }  // namespace QvXmlLib16::detail

@@ -61,6 +61,9 @@ std::enable_if_t<std::is_class_v<TMoment>, std::partial_ordering> Order(const TM
 template <class TTraits>
 bool BreaksBound(const typename TTraits::Carrier& value, const CPrimitiveRestrictions& facets) {
   const auto order = [&value](const detail::CFacetText& bound) {
+    if (const QvVariant* const kept = bound.FindKept(TTraits::kType)) {
+      return Order(value, TTraits::View(*kept));
+    }
     QvVariant room;
     return Order(value, TTraits::View(bound.As(TTraits::kType, room)));
   };
@@ -191,6 +194,13 @@ void CheckVariant(const char* name, const QvVariant& value, const CPrimitiveRest
 }
 
 }  // namespace
+
+bool CXmlObjectHelper::NeedsCheck(ItemType type, const CPrimitiveRestrictions& restrictions) {
+  return restrictions.HasFacets() ||
+         VisitItemType(
+             type, [](auto traits) { return decltype(traits)::kFacets == FacetFamily::None; },
+             [] { return true; });
+}
 
 void CXmlObjectHelper::CheckRestriction(const char* name, const QvVariant& value, ItemType type,
                                         const CPrimitiveRestrictions& restrictions) {

@@ -38,6 +38,8 @@ class QVXML_API CXmlObjectHelper {
   /// unknown one.
   static void CheckRestriction(const char* name, const QvVariant& value, ItemType type,
                                const CPrimitiveRestrictions& restrictions);
+  /// Whether CheckRestriction can throw for any value at all.
+  static bool NeedsCheck(ItemType type, const CPrimitiveRestrictions& restrictions);
 
   // Integers: minInclusive, maxInclusive, minExclusive, maxExclusive; totalDigits, which limits the
   // characters of the value's text, a minus sign and the dashes of month and day included;

@@ -27,6 +27,11 @@ class QVXML_API CFacetText {
   /// The text as a value of `type`, which stands in `room` when it is not kept. Throws the
   /// conversion's exception, each time.
   const QvVariant& As(ItemType type, QvVariant& room) const;
+  /// The value that As() would return, if it is kept, or null.
+  const QvVariant* FindKept(ItemType type) const {
+    const QvVariant* const held = m_value.load(std::memory_order_acquire);
+    return held != nullptr && held->GetItemType() == type ? held : nullptr;
+  }
 
  private:
   std::string m_text;

@@ -119,15 +119,17 @@ void TValueCollection<TDerived, TCarrier>::ToXml_Int(CXmlWriter* writer, bool, c
   this->ValidateCount(ctx);
   const auto* derived = static_cast<const TDerived*>(this);
   for (const TCarrier& value : m_items) {
-    writer->WriteStartElement(this->GetElementName(), this->GetItemNamespace());
+    const auto write = [&](const std::string& text) {
+      writer->WriteTextElement(this->GetElementName(), this->GetItemNamespace(), text,
+                               derived->GetItemType(), false);
+    };
     if constexpr (std::is_same_v<TCarrier, std::string>) {
-      writer->WriteString(value, derived->GetItemType(), false);
+      write(value);
     } else {
       std::string& room = writer->GetValueRoom();
       derived->AppendText(value, room);
-      writer->WriteString(room, derived->GetItemType(), false);
+      write(room);
     }
-    writer->WriteEndElement();
   }
 }
 

@@ -20,7 +20,7 @@ template <class TException>
 
 /// Runs `step` and replaces a CQvException from it by the exception that `makeOuter` makes.
 template <class TStep, class TMakeOuter>
-decltype(auto) WrapFailure(TStep&& step, TMakeOuter&& makeOuter) {
+[[gnu::always_inline]] inline decltype(auto) WrapFailure(TStep&& step, TMakeOuter&& makeOuter) {
   try {
     return step();
   } catch (CQvException& caught) {

@@ -78,8 +78,7 @@ std::string CXmlObjectBase::ToXml(bool includeDocHeader, bool format, EOLType eo
   CheckLicenceAndVersion();
   CTextStream stream;
   WriteXml(*this, stream, includeDocHeader, format, eol, ctx);
-  // With the length, as a NUL in a value must not end the document.
-  return std::string(stream.GetText(), stream.GetLength());
+  return stream.GetString();
 }
 
 CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool format, XmlEncoding encoding,

@@ -7,7 +7,7 @@
 #include <type_traits>
 
 #include "qvxml/core/exception.h"
-#include "qvxml/core/value/conversions.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/fastinfoset/fi_algorithms_internal.h"
 #include "qvxml/fastinfoset/fi_encoding_internal.h"
 #include "qvxml/fastinfoset/fi_output_internal.h"
@@ -121,8 +121,8 @@ struct RealTraits<float> {
   static constexpr Bits kNaN = kFloatNaN;
   // What a reader that writes that many digits brings back.
   static constexpr size_t kMostDigits = 7;
-  static float FromText(const std::string& text) {
-    return CConversions::r4FromString(text, CWhitespaceUtils::ws_none);
+  static float FromText(std::string_view text) {
+    return detail::FromText<ItemType_r4>(text, CWhitespaceUtils::ws_none);
   }
 };
 
@@ -131,13 +131,13 @@ struct RealTraits<double> {
   using Bits = std::uint64_t;
   static constexpr Bits kNaN = kDoubleNaN;
   static constexpr size_t kMostDigits = 16;
-  static double FromText(const std::string& text) {
-    return CConversions::r8FromString(text, CWhitespaceUtils::ws_none);
+  static double FromText(std::string_view text) {
+    return detail::FromText<ItemType_r8>(text, CWhitespaceUtils::ws_none);
   }
 };
 
 template <class TReal>
-bool WriteReal(const std::string& text, unsigned char* to) {
+bool WriteReal(std::string_view text, unsigned char* to) {
   using Traits = RealTraits<TReal>;
   typename Traits::Bits bits = Traits::kNaN;
   TReal value = std::numeric_limits<TReal>::infinity();
@@ -162,14 +162,14 @@ bool WriteBoolean(std::string_view text, unsigned char* to) noexcept {
   return text == "true" || text == "false";
 }
 
-size_t CountPadding(const std::string& text) noexcept {
+size_t CountPadding(std::string_view text) noexcept {
   const size_t length = text.size();
   if (text[length - 1] != '=') return 0;
   return text[length - 2] == '=' ? 2 : 1;
 }
 
 // Only what an encoder writes: in particular the bits that the padding leaves over are 0.
-bool WriteBase64(const std::string& text, unsigned char* to) {
+bool WriteBase64(std::string_view text, unsigned char* to) {
   const size_t padding = CountPadding(text);
   const size_t characters = text.size() - padding;
   unsigned seen = 0;
@@ -185,11 +185,11 @@ bool WriteBase64(const std::string& text, unsigned char* to) {
 
 }  // namespace
 
-size_t GetAlphabetLength(unsigned alphabet, const std::string& text) noexcept {
+size_t GetAlphabetLength(unsigned alphabet, std::string_view text) noexcept {
   return alphabet == kNumeric || alphabet == kDateAndTime ? (text.size() + 1) / 2 : 0;
 }
 
-bool WriteInAlphabet(unsigned alphabet, const std::string& text, unsigned char* to) noexcept {
+bool WriteInAlphabet(unsigned alphabet, std::string_view text, unsigned char* to) noexcept {
   const ByteTable& values = alphabet == kNumeric ? kNumericValues : kDateAndTimeValues;
   const size_t pairs = text.size() / 2;
   if (!PackPairs(values, text.data(), pairs, to)) return false;
@@ -199,7 +199,7 @@ bool WriteInAlphabet(unsigned alphabet, const std::string& text, unsigned char* 
   return last < 16;
 }
 
-size_t GetAlgorithmLength(unsigned algorithm, const std::string& text) noexcept {
+size_t GetAlgorithmLength(unsigned algorithm, std::string_view text) noexcept {
   switch (algorithm) {
     case kHexadecimal:
       return text.size() % 2 == 0 ? text.size() / 2 : 0;
@@ -220,7 +220,7 @@ size_t GetAlgorithmLength(unsigned algorithm, const std::string& text) noexcept 
   }
 }
 
-bool WriteByAlgorithm(unsigned algorithm, const std::string& text, unsigned char* to) {
+bool WriteByAlgorithm(unsigned algorithm, std::string_view text, unsigned char* to) {
   switch (algorithm) {
     case kHexadecimal:
       return PackPairs(kHexadecimalValues, text.data(), text.size() / 2, to);

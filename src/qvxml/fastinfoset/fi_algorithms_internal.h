@@ -4,7 +4,7 @@
 #define QVXML_FASTINFOSET_FI_ALGORITHMS_INTERNAL_H_
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 
 namespace QvXmlLib16::detail {
 
@@ -13,14 +13,14 @@ namespace QvXmlLib16::detail {
 // not stand for exactly: what was written is void then.
 
 /// For texts that are not empty. 0 for alphabets that do not exist.
-size_t GetAlphabetLength(unsigned alphabet, const std::string& text) noexcept;
+size_t GetAlphabetLength(unsigned alphabet, std::string_view text) noexcept;
 /// The letter e of the numeric alphabet is not used, as some decoders take it for E.
-bool WriteInAlphabet(unsigned alphabet, const std::string& text, unsigned char* to) noexcept;
+bool WriteInAlphabet(unsigned alphabet, std::string_view text, unsigned char* to) noexcept;
 
 /// For the algorithms 1 to 8 with a single value. Texts of numbers and booleans are to be in their
 /// canonical form; float and double only keep the value, of up to 7 and 16 digits.
-size_t GetAlgorithmLength(unsigned algorithm, const std::string& text) noexcept;
-bool WriteByAlgorithm(unsigned algorithm, const std::string& text, unsigned char* to);
+size_t GetAlgorithmLength(unsigned algorithm, std::string_view text) noexcept;
+bool WriteByAlgorithm(unsigned algorithm, std::string_view text, unsigned char* to);
 
 }  // namespace QvXmlLib16::detail
 

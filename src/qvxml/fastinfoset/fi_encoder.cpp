@@ -64,8 +64,8 @@ void CFIEncoder::TakeVocabulary(const CFIVocabulary& vocabulary) {
                 TagOf(name.prefixIndex, name.namespaceIndex));
     }
   };
-  takeNames(m_elementNames, vocabulary.GetElementNamesTable());
-  takeNames(m_attributeNames, vocabulary.GetAttributeNamesTable());
+  takeNames(m_elementNames.index, vocabulary.GetElementNamesTable());
+  takeNames(m_attributeNames.index, vocabulary.GetAttributeNamesTable());
 }
 
 void CFIEncoder::StartDocument(FInfoDecl declaration) {
@@ -135,10 +135,19 @@ void CFIEncoder::Declare(const std::string& prefix, const std::string& namespace
   if (isFirst && isNameThere) *m_output.At(m_declarationsEnd + 1) &= ~kElementAttributes & 0xFF;
 }
 
+unsigned CFIEncoder::FindOtherName(NameTable& names, const std::string& localName,
+                                   std::uint64_t tag, unsigned& recent) {
+  // Only what needs no conversion can be compared as it is.
+  if (!m_isTextUtf8) return FindConvertedName(names.index, localName, tag);
+  recent = names.index.Find(localName, tag);
+  if (recent == 0) recent = FindConvertedName(names.index, localName, tag);
+  return recent;
+}
+
 unsigned CFIEncoder::FindConvertedName(const CFIStringIndex& names, const std::string& localName,
                                        std::uint64_t tag) {
-  const std::string& utf8 = Utf8Of(localName);
-  return &utf8 != &localName || !m_isTextUtf8 ? names.Find(utf8, tag) : 0;
+  const std::string_view utf8 = Utf8Of(localName);
+  return utf8.data() != localName.data() || !m_isTextUtf8 ? names.Find(utf8, tag) : 0;
 }
 
 void CFIEncoder::PutLiteralName(CFIStringIndex& names, unsigned firstOctet,
@@ -149,12 +158,12 @@ void CFIEncoder::PutLiteralName(CFIStringIndex& names, unsigned firstOctet,
                (namespaceNumber != 0 ? kHasNamespace : 0u));
   if (prefix != 0) PutDeclared(m_prefixes, prefix);
   if (namespaceNumber != 0) PutDeclared(m_namespaces, namespaceNumber);
-  const std::string& utf8 = Utf8Of(localName);
+  const std::string_view utf8 = Utf8Of(localName);
   PutIdentifying(m_localNames, utf8);
   if (!IsFull(names)) names.Add(utf8, tag);
 }
 
-void CFIEncoder::PutIdentifying(CFIStringIndex& index, const std::string& utf8) {
+void CFIEncoder::PutIdentifying(CFIStringIndex& index, std::string_view utf8) {
   if (const unsigned number = index.Find(utf8)) {
     m_output.PutIndexOnSecondBit(kIndexFollows, number);
   } else {
@@ -172,13 +181,13 @@ void CFIEncoder::PutDeclared(const CFIStringIndex& index, unsigned number) {
   }
 }
 
-void CFIEncoder::PutDeclaration(CFIStringIndex& index, const std::string& utf8) {
+void CFIEncoder::PutDeclaration(CFIStringIndex& index, std::string_view utf8) {
   if (const unsigned number = index.Find(utf8)) return PutDeclared(index, number);
   m_output.PutOctetString(utf8);
   index.Add(utf8);
 }
 
-const std::string& CFIEncoder::ConvertedOf(const std::string& text) {
+std::string_view CFIEncoder::ConvertedOf(std::string_view text) {
   if (m_isTextUtf8 && IsXmlText(text)) return text;
   m_converted = LocalCodePageToUtf8(text.data(), text.size());
   if (!IsXmlText(m_converted)) {
@@ -187,9 +196,9 @@ const std::string& CFIEncoder::ConvertedOf(const std::string& text) {
   return m_converted;
 }
 
-void CFIEncoder::CheckName(const std::string& utf8) {
+void CFIEncoder::CheckName(std::string_view utf8) {
   if (IsNCName(utf8)) return;
-  throw CQvException(FormatString("The name [%s] can not be written.", utf8.c_str()));
+  throw CQvException(FormatString("The name [%s] can not be written.", std::string(utf8).c_str()));
 }
 
 }  // namespace QvXmlLib16::detail

@@ -71,12 +71,12 @@ class CFIEncoder {
     if (const unsigned index = FindName(m_elementNames, localName, tag)) {
       m_output.PutIndexOnThirdBit(0, index);
     } else {
-      PutLiteralName(m_elementNames, fi::kElementLiteralName, localName, tag);
+      PutLiteralName(m_elementNames.index, fi::kElementLiteralName, localName, tag);
     }
   }
   /// Declarations may stand between attributes too.
   void Attribute(const std::string& localName, unsigned prefix, unsigned namespaceNumber,
-                 const std::string& value, ItemType type) {
+                 std::string_view value, ItemType type) {
     if (!m_hasAttributes) {
       m_hasAttributes = true;
       *m_output.At(m_elementStart) |= fi::kElementAttributes;
@@ -85,7 +85,7 @@ class CFIEncoder {
     if (const unsigned index = FindName(m_attributeNames, localName, tag)) {
       m_output.PutIndexOnSecondBit(0, index);
     } else {
-      PutLiteralName(m_attributeNames, fi::kAttributeLiteralName, localName, tag);
+      PutLiteralName(m_attributeNames.index, fi::kAttributeLiteralName, localName, tag);
     }
     PutAttributeValue(value, type);
   }
@@ -94,7 +94,7 @@ class CFIEncoder {
     m_hasAttributes = false;
   }
   /// Text that is not empty.
-  void Characters(const std::string& text, ItemType type);
+  void Characters(std::string_view text, ItemType type);
   /// Ends the innermost element, and behind the last one the document.
   void Terminate() {
     if (m_isLastHalf) {
@@ -112,6 +112,18 @@ class CFIEncoder {
     CFIStringIndex index;
     const size_t limit;
   };
+  // A table of names, and the numbers of those met last, by the place of their strings: a name
+  // mostly comes as the same string again. What is found there is compared all the same.
+  struct NameTable {
+    explicit NameTable(CFIStringBytes& bytes) : index(bytes) {}
+    unsigned& RecentOf(const std::string& name) noexcept {
+      constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15u;
+      return recent[reinterpret_cast<std::uintptr_t>(&name) * kOdd >> (64 - kRecentBits)];
+    }
+    static constexpr unsigned kRecentBits = 7;
+    CFIStringIndex index;
+    unsigned recent[1u << kRecentBits] = {};
+  };
   struct Encoding {
     unsigned char kind = 0;
     unsigned char index = 0;
@@ -128,36 +140,39 @@ class CFIEncoder {
     return static_cast<std::uint64_t>(prefix) << 32 | namespaceNumber;
   }
   // The number of a name in its table, or 0.
-  unsigned FindName(const CFIStringIndex& names, const std::string& localName, std::uint64_t tag) {
+  unsigned FindName(NameTable& names, const std::string& localName, std::uint64_t tag) {
+    unsigned& recent = names.RecentOf(localName);
     // Names that a table has need no check, and most come from a table.
-    const unsigned number = m_isTextUtf8 ? names.Find(localName, tag) : 0;
-    return number != 0 ? number : FindConvertedName(names, localName, tag);
+    if (recent != 0 && names.index.IsNumberOf(recent, localName, tag)) return recent;
+    return FindOtherName(names, localName, tag, recent);
   }
+  unsigned FindOtherName(NameTable& names, const std::string& localName, std::uint64_t tag,
+                         unsigned& recent);
   unsigned FindConvertedName(const CFIStringIndex& names, const std::string& localName,
                              std::uint64_t tag);
   void PutLiteralName(CFIStringIndex& names, unsigned firstOctet, const std::string& localName,
                       std::uint64_t tag);
-  void PutIdentifying(CFIStringIndex& index, const std::string& utf8);
+  void PutIdentifying(CFIStringIndex& index, std::string_view utf8);
   void PutDeclared(const CFIStringIndex& index, unsigned number);
-  void PutDeclaration(CFIStringIndex& index, const std::string& utf8);
+  void PutDeclaration(CFIStringIndex& index, std::string_view utf8);
 
   Encoding EncodingOf(ItemType type) const noexcept {
     const auto number = static_cast<size_t>(type);
     return number < kItemTypes ? m_encodings[number] : Encoding();
   }
-  void PutAttributeValue(const std::string& value, ItemType type);
-  void PutOtherString(const std::string& text);
+  void PutAttributeValue(std::string_view value, ItemType type);
+  void PutOtherString(std::string_view text);
   template <class TPlace>
-  bool PutIndex(const StringTable& table, std::string_view utf8);
+  bool PutIndex(const StringTable& table, std::string_view utf8, std::uint32_t& hash);
   template <class TPlace>
-  void PutString(StringTable& table, const std::string& text, Encoding encoding);
+  void PutString(StringTable& table, std::string_view text, Encoding encoding);
   // An alphabet of 0 is none.
   template <class TPlace>
-  void PutShortString(StringTable& table, const std::string& text, unsigned alphabet);
+  void PutShortString(StringTable& table, std::string_view text, unsigned alphabet);
   template <class TPlace>
-  bool PutByAlgorithm(const std::string& text, unsigned algorithm);
+  bool PutByAlgorithm(std::string_view text, unsigned algorithm);
   template <class TPlace>
-  bool PutInAlphabet(const std::string& text, unsigned alphabet, bool isAdded);
+  bool PutInAlphabet(std::string_view text, unsigned alphabet, bool isAdded);
   template <class TPlace>
   void PutLiteral(std::string_view text, bool isAdded);
   template <class TPlace>
@@ -169,11 +184,11 @@ class CFIEncoder {
 
   // The text in UTF-8: itself, or a copy that serves until the next call. Throws for characters
   // that no document may hold.
-  const std::string& Utf8Of(const std::string& text) {
+  std::string_view Utf8Of(std::string_view text) {
     return fi::IsPlain(text) ? text : ConvertedOf(text);
   }
-  const std::string& ConvertedOf(const std::string& text);
-  static void CheckName(const std::string& utf8);
+  std::string_view ConvertedOf(std::string_view text);
+  static void CheckName(std::string_view utf8);
 
   CBinaryStream& m_stream;
   CFIOutput m_output;
@@ -196,8 +211,8 @@ class CFIEncoder {
   CFIStringIndex m_namespaces;
   CFIStringIndex m_localNames;
   // Local names, with the numbers of prefix and namespace for a tag.
-  CFIStringIndex m_elementNames;
-  CFIStringIndex m_attributeNames;
+  NameTable m_elementNames;
+  NameTable m_attributeNames;
   StringTable m_attributeValues;
   StringTable m_chunks;
   CFIStringIndex m_targets;

@@ -6,6 +6,7 @@
 #include "qvxml/core/unicode_internal.h"
 #include "qvxml/fastinfoset/fi_algorithms_internal.h"
 #include "qvxml/fastinfoset/fi_encoder_internal.h"
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16::detail {
 
@@ -65,23 +66,23 @@ bool IsWithin(std::string_view utf8, size_t limit) {
 
 }  // namespace
 
-void CFIEncoder::PutAttributeValue(const std::string& value, ItemType type) {
+void CFIEncoder::PutAttributeValue(std::string_view value, ItemType type) {
   if (value.empty()) return m_output.Put(kEmptyString);
   PutString<InValue>(m_attributeValues, value, EncodingOf(type));
 }
 
-void CFIEncoder::PutOtherString(const std::string& text) {
+void CFIEncoder::PutOtherString(std::string_view text) {
   if (text.empty()) return m_output.Put(kEmptyString);
   PutString<InValue>(m_otherStrings, text, Encoding());
 }
 
-void CFIEncoder::Characters(const std::string& text, ItemType type) {
+void CFIEncoder::Characters(std::string_view text, ItemType type) {
   m_isLastHalf = false;
   PutString<InChunk>(m_chunks, text, EncodingOf(type));
 }
 
 template <class TPlace>
-void CFIEncoder::PutString(StringTable& table, const std::string& text, Encoding encoding) {
+void CFIEncoder::PutString(StringTable& table, std::string_view text, Encoding encoding) {
   // What an algorithm carries is in no table: a reader may spell it otherwise.
   if (encoding.kind == CFastInfosetContext::EncodingKind_Algorithm &&
       PutByAlgorithm<TPlace>(text, encoding.index)) {
@@ -100,29 +101,31 @@ void CFIEncoder::PutString(StringTable& table, const std::string& text, Encoding
 }
 
 template <class TPlace>
-void CFIEncoder::PutShortString(StringTable& table, const std::string& text, unsigned alphabet) {
-  if (m_isTextUtf8 && PutIndex<TPlace>(table, text)) return;
-  const std::string& utf8 = Utf8Of(text);
-  if ((&utf8 != &text || !m_isTextUtf8) && PutIndex<TPlace>(table, utf8)) return;
+void CFIEncoder::PutShortString(StringTable& table, std::string_view text, unsigned alphabet) {
+  std::uint32_t hash = 0;
+  // What a table has needs no check.
+  if (m_isTextUtf8 && PutIndex<TPlace>(table, text, hash)) return;
+  const std::string_view utf8 = Utf8Of(text);
+  if ((utf8.data() != text.data() || !m_isTextUtf8) && PutIndex<TPlace>(table, utf8, hash)) return;
   const bool isAdded = IsWithin(utf8, table.limit) && table.index.GetCount() < kMaxEntries;
   if (alphabet == 0 || !PutInAlphabet<TPlace>(utf8, alphabet, isAdded)) {
     PutLiteral<TPlace>(utf8, isAdded);
   }
-  if (isAdded) table.index.Add(utf8);
+  if (isAdded) table.index.AddNew(utf8, 0, hash);
 }
 
 template <class TPlace>
-bool CFIEncoder::PutIndex(const StringTable& table, std::string_view utf8) {
-  // No longer string can be there.
-  if (utf8.size() > table.index.GetLongest()) return false;
-  const unsigned index = table.index.Find(utf8);
-  if (index == 0) return false;
-  TPlace::PutIndex(m_output, index);
-  return true;
+bool CFIEncoder::PutIndex(const StringTable& table, std::string_view utf8, std::uint32_t& hash) {
+  // No longer string is there, or comes to be there.
+  if (utf8.size() / 4 > table.limit && utf8.size() > table.index.GetLongest()) return false;
+  hash = table.index.Hash(utf8, 0);
+  const unsigned index = table.index.Find(utf8, 0, hash);
+  if (index != 0) TPlace::PutIndex(m_output, index);
+  return index != 0;
 }
 
 template <class TPlace>
-bool CFIEncoder::PutByAlgorithm(const std::string& text, unsigned algorithm) {
+bool CFIEncoder::PutByAlgorithm(std::string_view text, unsigned algorithm) {
   const size_t length = GetAlgorithmLength(algorithm, text);
   if (length == 0 || length > kMaxLength) return false;
   unsigned char* const start = m_output.Reserve(kMostHeader + length);
@@ -134,7 +137,7 @@ bool CFIEncoder::PutByAlgorithm(const std::string& text, unsigned algorithm) {
 }
 
 template <class TPlace>
-bool CFIEncoder::PutInAlphabet(const std::string& text, unsigned alphabet, bool isAdded) {
+bool CFIEncoder::PutInAlphabet(std::string_view text, unsigned alphabet, bool isAdded) {
   const size_t length = GetAlphabetLength(alphabet, text);
   if (length == 0 || length > kMaxLength) return false;
   unsigned char* const start = m_output.Reserve(kMostHeader + length);
@@ -156,7 +159,7 @@ void CFIEncoder::PutLiteral(std::string_view text, bool isAdded) {
     } else {
       unsigned char* const start = m_output.Reserve(kMostHeader + part.size());
       unsigned char* const payload = PutStringHeader<TPlace>(start, kUtf8, 0, isAdded, part.size());
-      if (!part.empty()) std::memcpy(payload, part.data(), part.size());
+      CopyShort(reinterpret_cast<char*>(payload), part.data(), part.size());
       m_output.AdvanceTo(payload + part.size());
     }
     text.remove_prefix(part.size());

@@ -1,17 +1,38 @@
 #include <algorithm>
+#include <utility>
 
 #include "qvxml/fastinfoset/fi_string_index_internal.h"
 
 namespace QvXmlLib16::detail {
 
-unsigned CFIStringIndex::Add(std::string_view text, std::uint64_t tag, std::uint32_t hash) {
-  const unsigned number = GetCount() + 1;
-  const bool isNew = Find(text, tag, hash) == 0;
-  if (isNew && m_used * 2 >= m_slots.size()) Grow();
+void CFIStringBytes::Grow(size_t count) {
+  constexpr size_t kFirstCapacity = 1024;
+  const size_t capacity = std::max({kFirstCapacity, 2 * m_capacity, m_length + count});
+  // Not value-initialised: all of it is written before it is read.
+  std::unique_ptr<char[]> bytes(new char[capacity]);
+  if (m_length != 0) std::memcpy(bytes.get(), m_bytes.get(), m_length);
+  m_bytes = std::move(bytes);
+  m_capacity = capacity;
+}
+
+void CFIStringIndex::AddNew(std::string_view text, std::uint64_t tag, std::uint32_t hash) {
+  if (m_used * 2 >= m_slots.size()) Grow();
+  Append(text, tag);
+  Insert(hash, GetCount());
+}
+
+void CFIStringIndex::Add(std::string_view text, std::uint64_t tag) {
+  const std::uint32_t hash = Hash(text, tag);
+  if (Find(text, tag, hash) != 0) {
+    Append(text, tag);
+  } else {
+    AddNew(text, tag, hash);
+  }
+}
+
+void CFIStringIndex::Append(std::string_view text, std::uint64_t tag) {
   m_entries.push_back({m_bytes.Add(text), text.size(), tag});
   m_longest = std::max(m_longest, text.size());
-  if (isNew) Insert(hash, number);
-  return number;
 }
 
 void CFIStringIndex::Insert(std::uint32_t hash, unsigned number) noexcept {

@@ -6,8 +6,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string_view>
 #include <vector>
+
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16::detail {
 
@@ -15,14 +18,20 @@ namespace QvXmlLib16::detail {
 class CFIStringBytes {
  public:
   size_t Add(std::string_view text) {
-    const size_t offset = m_bytes.size();
-    m_bytes.insert(m_bytes.end(), text.begin(), text.end());
+    const size_t offset = m_length;
+    if (m_capacity - m_length < text.size()) Grow(text.size());
+    CopyShort(m_bytes.get() + offset, text.data(), text.size());
+    m_length += text.size();
     return offset;
   }
-  const char* At(size_t offset) const noexcept { return m_bytes.data() + offset; }
+  const char* At(size_t offset) const noexcept { return m_bytes.get() + offset; }
 
  private:
-  std::vector<char> m_bytes;
+  void Grow(size_t count);
+
+  std::unique_ptr<char[]> m_bytes;
+  size_t m_length = 0;
+  size_t m_capacity = 0;
 };
 
 /// A hash table from strings to their numbers, which begin at 1 and follow the order of addition.
@@ -53,12 +62,15 @@ class CFIStringIndex {
     return Find(text, tag, Hash(text, tag));
   }
 
-  /// Adds a string, with the hash that Hash() gives, and returns its number. One that is there
-  /// already takes a number too, but is found by its first one.
-  unsigned Add(std::string_view text, std::uint64_t tag, std::uint32_t hash);
-  unsigned Add(std::string_view text, std::uint64_t tag = 0) {
-    return Add(text, tag, Hash(text, tag));
+  /// Whether the string has that number, which is taken.
+  bool IsNumberOf(unsigned number, std::string_view text, std::uint64_t tag) const noexcept {
+    return IsEntry(m_entries[number - 1], text, tag);
   }
+
+  /// Adds a string that is not there, with the hash that Hash() gives; it takes the next number.
+  void AddNew(std::string_view text, std::uint64_t tag, std::uint32_t hash);
+  /// Adds a string. One that is there already takes a number too, but is found by its first one.
+  void Add(std::string_view text, std::uint64_t tag = 0);
 
   std::uint32_t Hash(std::string_view text, std::uint64_t tag) const noexcept {
     const char* const bytes = text.data();
@@ -112,23 +124,12 @@ class CFIStringIndex {
     return hash;
   }
   bool IsEntry(const Entry& entry, std::string_view text, std::uint64_t tag) const noexcept {
-    return entry.length == text.size() && entry.tag == tag &&
-           IsSame(m_bytes.At(entry.offset), text);
-  }
-  static bool IsSame(const char* bytes, std::string_view text) noexcept {
-    const size_t length = text.size();
-    if (length < 4 || length > 16) return std::memcmp(bytes, text.data(), length) == 0;
-    const char* const other = text.data();
-    if (length < 8) {
-      return Load<std::uint32_t>(bytes) == Load<std::uint32_t>(other) &&
-             Load<std::uint32_t>(bytes + length - 4) == Load<std::uint32_t>(other + length - 4);
-    }
-    return Load<std::uint64_t>(bytes) == Load<std::uint64_t>(other) &&
-           Load<std::uint64_t>(bytes + length - 8) == Load<std::uint64_t>(other + length - 8);
+    return entry.tag == tag && IsSameText(TextOf(entry), text);
   }
   std::string_view TextOf(const Entry& entry) const noexcept {
     return std::string_view(m_bytes.At(entry.offset), entry.length);
   }
+  void Append(std::string_view text, std::uint64_t tag);
   void Grow();
   void Insert(std::uint32_t hash, unsigned number) noexcept;
 

@@ -2,6 +2,8 @@
 
 #include "qvxml/fastinfoset/fi_writer.h"
 
+#include <typeinfo>
+
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/fastinfoset/fi_context.h"
@@ -140,6 +142,7 @@ void CFastInfosetWriter::WriteStartElement(const std::string& localName,
   m_encoder->StartElement();
   if (m_place == Place::BeforeRoot) {
     m_place = Place::InRoot;
+    m_isPlain = typeid(*this) == typeid(CFastInfosetWriter);
     DeclareRootNamespaces(namespaceUri);
   }
   const NamePrefix name = ResolveElement(context, namespaceUri);
@@ -168,6 +171,25 @@ void CFastInfosetWriter::WriteEndElement() {
   m_isWhole = true;
 }
 
+void CFastInfosetWriter::WriteTextElement(const std::string& localName,
+                                          const std::string& namespaceUri, std::string_view text,
+                                          ItemType type, bool isDefaultValue) {
+  const NamePrefix* const name =
+      GetContext() != nullptr && m_isPlain ? FindElementPrefix(namespaceUri) : nullptr;
+  if (name == nullptr) {
+    return CXmlWriter::WriteTextElement(localName, namespaceUri, text, type, isDefaultValue);
+  }
+  BeginItem();
+  EndStartTag();
+  m_encoder->StartElement();
+  m_encoder->ElementName(localName, name->prefix, name->namespaceNumber);
+  if (!text.empty() && (!isDefaultValue || m_writesDefaultElementValues)) {
+    m_encoder->Characters(text, type);
+  }
+  m_encoder->Terminate();
+  m_isWhole = true;
+}
+
 CXmlWriter::CXmlWriterContext& CFastInfosetWriter::GetOpenStartTag() const {
   CXmlWriterContext* const context = GetContext();
   if (context == nullptr || !context->IsStartTagOpen()) {
@@ -187,6 +209,18 @@ void CFastInfosetWriter::WriteAttributeString(const std::string& localName,
     const NamePrefix name = ResolveAttribute(context, namespaceUri);
     m_encoder->Attribute(localName, name.prefix, name.namespaceNumber, value, type);
   }
+  m_isWhole = true;
+}
+
+void CFastInfosetWriter::WriteTextAttribute(const std::string& localName,
+                                            const std::string& namespaceUri, std::string_view value,
+                                            ItemType type) {
+  const CXmlWriterContext* const context = GetContext();
+  const bool isQuick = namespaceUri.empty() && context != nullptr && context->IsStartTagOpen() &&
+                       m_isPlain && !IsDeclarationName(localName, namespaceUri);
+  if (!isQuick) return CXmlWriter::WriteTextAttribute(localName, namespaceUri, value, type);
+  BeginItem();
+  m_encoder->Attribute(localName, 0, 0, value, type);
   m_isWhole = true;
 }
 

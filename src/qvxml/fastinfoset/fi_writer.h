@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "qvxml/fastinfoset/fi_declaration.h"
@@ -78,6 +79,9 @@ class QVXML_API CFastInfosetWriter : public CXmlWriter {
   /// value unless they are to be written.
   void WriteString(const std::string& text, ItemType type, bool isDefaultValue) override;
   void WriteEndElement() override;
+  /// In a class derived from this one, the three calls of CXmlWriter.
+  void WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                        std::string_view text, ItemType type, bool isDefaultValue) override;
 
   // Attributes. These throw CQvException "Attributes must be added before elements" unless the
   // start tag of the innermost element is open.
@@ -85,6 +89,9 @@ class QVXML_API CFastInfosetWriter : public CXmlWriter {
   /// An attribute in a namespace always has a prefix, even for the default namespace.
   void WriteAttributeString(const std::string& localName, const std::string& namespaceUri,
                             const std::string& value, ItemType type) override;
+  /// In a class derived from this one, the call of CXmlWriter.
+  void WriteTextAttribute(const std::string& localName, const std::string& namespaceUri,
+                          std::string_view value, ItemType type) override;
   void WriteAttributeType(const std::string& typeNamespace, const std::string& typeName,
                           ItemType type) override;
   void WriteAttributeNil() override;
@@ -129,6 +136,8 @@ class QVXML_API CFastInfosetWriter : public CXmlWriter {
   void EndStartTag();
 
   void DeclareRootNamespaces(const std::string& namespaceUri);
+  // What ResolveElement gives where it need not declare anything, or null.
+  const NamePrefix* FindElementPrefix(const std::string& namespaceUri) const noexcept;
   NamePrefix ResolveElement(CXmlWriterContext& context, const std::string& namespaceUri);
   NamePrefix ResolveAttribute(CXmlWriterContext& context, const std::string& namespaceUri);
   // A prefix for a namespace that is not "", declared here or around.
@@ -151,6 +160,8 @@ class QVXML_API CFastInfosetWriter : public CXmlWriter {
   const std::unique_ptr<detail::CFIEncoder> m_encoder;
   bool m_writesDefaultElementValues = false;
   bool m_isVocabularyNameless;
+  // Whether no derived class hears of the operations; known from the root on.
+  bool m_isPlain = false;
   Place m_place = Place::BeforeDocument;
   // Cleared while an item is written, and so after a failure.
   bool m_isWhole = true;

@@ -10,6 +10,7 @@
 
 #include "qvxml/fastinfoset/fi_encoder_internal.h"
 #include "qvxml/fastinfoset/fi_writer.h"
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16 {
 
@@ -32,7 +33,7 @@ bool IsFixed(const std::string& namespaceUri) {
 const CFastInfosetWriter::NamePrefix* CFastInfosetWriter::KnownPrefixes::Find(
     const std::string& namespaceUri) const noexcept {
   for (const Entry& entry : entries) {
-    if (entry.namespaceUri == namespaceUri) return &entry.numbers;
+    if (detail::IsSameText(entry.namespaceUri, namespaceUri)) return &entry.numbers;
   }
   return nullptr;
 }
@@ -70,6 +71,13 @@ void CFastInfosetWriter::DeclareRootNamespaces(const std::string& namespaceUri) 
                             IsFree(binding.second);
     if (isDeclared) Declare(binding.second, binding.first);
   }
+}
+
+const CFastInfosetWriter::NamePrefix* CFastInfosetWriter::FindElementPrefix(
+    const std::string& namespaceUri) const noexcept {
+  static constexpr NamePrefix kNone;
+  if (!namespaceUri.empty()) return m_elementPrefixes.Find(namespaceUri);
+  return m_bindings[0].namespaceNumber == 0 ? &kNone : nullptr;
 }
 
 CFastInfosetWriter::NamePrefix CFastInfosetWriter::ResolveElement(CXmlWriterContext& context,

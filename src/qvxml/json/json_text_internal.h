@@ -4,8 +4,11 @@
 #define QVXML_JSON_JSON_TEXT_INTERNAL_H_
 
 #include <cstddef>
+#include <cstring>
+#include <string_view>
 
 #include "qvxml/xml/escape_scan_internal.h"
+#include "qvxml/xml/short_copy.h"
 #include "qvxml/xml/text_stream.h"
 
 namespace QvXmlLib16::detail {
@@ -29,6 +32,44 @@ struct TJsonEscapes {
   }
 #endif
 };
+
+template <class TEscapes>
+bool HasEscaped(std::string_view text) noexcept {
+  const char* const end = text.data() + text.size();
+  return FindEscaped<TEscapes>(text.data(), end) != end;
+}
+
+/// Appends the text between quotation marks, if there is room for it at once and none of its
+/// characters is one that `TEscapes` has; false otherwise.
+template <class TEscapes>
+bool AppendQuoted(CTextStream& stream, std::string_view text) {
+  char* to = stream.FindRoom(text.size() + 2);
+  if (to == nullptr || HasEscaped<TEscapes>(text)) return false;
+  *to++ = '"';
+  to = PutShort(to, text);
+  *to++ = '"';
+  stream.AdvanceTo(to);
+  return true;
+}
+
+/// Appends a name between quotation marks, the colon and the blank, if there is room at once. The
+/// prefix may be "".
+inline bool AppendName(CTextStream& stream, std::string_view mark, std::string_view prefix,
+                       std::string_view localName) {
+  constexpr size_t kMarks = std::string_view("\":\": ").size();
+  char* to = stream.FindRoom(mark.size() + prefix.size() + localName.size() + kMarks);
+  if (to == nullptr) return false;
+  *to++ = '"';
+  to = PutShort(to, mark);
+  if (!prefix.empty()) {
+    to = PutShort(to, prefix);
+    *to++ = ':';
+  }
+  to = PutShort(to, localName);
+  std::memcpy(to, "\": ", 3);
+  stream.AdvanceTo(to + 3);
+  return true;
+}
 
 /// Appends a literal without measuring it.
 template <size_t kSize>

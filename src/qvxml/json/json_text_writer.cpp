@@ -41,7 +41,11 @@ void CJsonTextWriter::WriteStartElement(const std::string& localName,
                                         const std::string& namespaceUri) {
   CXmlWriterContext* const parent = GetContext();
   const bool hasName = parent == nullptr || parent->GetState() != ContextState_ArrayOpen;
-  if (parent != nullptr) WriteOpenBrackets(*parent);
+  if (parent != nullptr) {
+    WriteOpenBrackets(*parent);
+  } else {
+    NoteRoot(typeid(CJsonTextWriter));
+  }
   CXmlWriterContext& context = PushContext(localName, namespaceUri, 1);
   try {
     WriteIndent(context.GetDepth());
@@ -153,9 +157,40 @@ void CJsonTextWriter::WriteEndElement() {
   m_isValuePending = false;
 }
 
+void CJsonTextWriter::WriteTextElement(const std::string& localName,
+                                       const std::string& namespaceUri, std::string_view text,
+                                       ItemType type, bool isDefaultValue) {
+  CXmlWriterContext* const parent = GetContext();
+  const std::string* prefix = nullptr;
+  if (parent != nullptr && IsPlain()) {
+    prefix = FindElementPrefix(*parent, namespaceUri);
+  }
+  if (prefix == nullptr) {
+    return CXmlWriter::WriteTextElement(localName, namespaceUri, text, type, isDefaultValue);
+  }
+  const bool hasName = parent->GetState() != ContextState_ArrayOpen;
+  WriteOpenBrackets(*parent);
+  WriteIndent(parent->GetDepth() + 1);
+  if (hasName) WriteName({}, *prefix, localName);
+  WriteValue(text, type);
+  m_isValuePending = false;
+}
+
 void CJsonTextWriter::WriteAttributeString(const std::string& localName,
                                            const std::string& namespaceUri,
                                            const std::string& value, ItemType type) {
+  AppendAttribute(localName, namespaceUri, value, type);
+}
+
+void CJsonTextWriter::WriteTextAttribute(const std::string& localName,
+                                         const std::string& namespaceUri, std::string_view value,
+                                         ItemType type) {
+  if (!IsPlain()) return CXmlWriter::WriteTextAttribute(localName, namespaceUri, value, type);
+  AppendAttribute(localName, namespaceUri, value, type);
+}
+
+void CJsonTextWriter::AppendAttribute(const std::string& localName, const std::string& namespaceUri,
+                                      std::string_view value, ItemType type) {
   CXmlWriterContext& context = GetOpenContext();
   WriteOpenBrackets(context);
   WriteIndent(context.GetDepth() + 1);
@@ -188,6 +223,7 @@ void CJsonTextWriter::WriteAttributeNil() { GetOpenContext(); }
 void CJsonTextWriter::WriteName(std::string_view mark, std::string_view prefix,
                                 std::string_view localName) {
   CTextStream& stream = GetStream();
+  if (detail::AppendName(stream, mark, prefix, localName)) return;
   stream.Append('"');
   stream.Append(mark.data(), mark.size());
   if (!prefix.empty()) {
@@ -198,14 +234,15 @@ void CJsonTextWriter::WriteName(std::string_view mark, std::string_view prefix,
   detail::AppendLiteral(stream, "\": ");
 }
 
-void CJsonTextWriter::WriteValue(const std::string& text, ItemType type) {
-  if (IsBare(type)) return GetStream().Append(text);
+void CJsonTextWriter::WriteValue(std::string_view text, ItemType type) {
+  if (IsBare(type)) return GetStream().Append(text.data(), text.size());
+  if (detail::AppendQuoted<detail::TJsonEscapes<false>>(GetStream(), text)) return;
   GetStream().Append('"');
   PadAndAppend(text);
   GetStream().Append('"');
 }
 
-void CJsonTextWriter::PadAndAppend(const std::string& text) {
+void CJsonTextWriter::PadAndAppend(std::string_view text) {
   CTextStream& stream = GetStream();
   const char* run = text.data();
   const char* const end = run + text.size();

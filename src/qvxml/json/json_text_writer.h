@@ -51,11 +51,17 @@ class QVXML_API CJsonTextWriter : public CJsonWriter {
   void WriteStartElement(const std::string& localName, const std::string& namespaceUri) override;
   void WriteString(const std::string& text, ItemType type, bool isDefaultValue) override;
   void WriteEndElement() override;
+  /// In a class derived from this one, the three calls of CXmlWriter.
+  void WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                        std::string_view text, ItemType type, bool isDefaultValue) override;
 
   // Attributes, before content and text.
 
   void WriteAttributeString(const std::string& localName, const std::string& namespaceUri,
                             const std::string& value, ItemType type) override;
+  /// In a class derived from this one, the call of CXmlWriter.
+  void WriteTextAttribute(const std::string& localName, const std::string& namespaceUri,
+                          std::string_view value, ItemType type) override;
   /// Does nothing unless JsonRoundTrip_Full is set; then the namespace of xsi:type needs a prefix.
   void WriteAttributeType(const std::string& typeNamespace, const std::string& typeName,
                           ItemType type) override;
@@ -63,6 +69,8 @@ class QVXML_API CJsonTextWriter : public CJsonWriter {
   void WriteAttributeNil() override;
 
  private:
+  void AppendAttribute(const std::string& localName, const std::string& namespaceUri,
+                       std::string_view value, ItemType type);
   void WriteElementName(CXmlWriterContext& context);
   void WriteRootNamespaces(CXmlWriterContext& root);
   // Writes a namespace declaration as the next member; the prefix is "" for the default namespace.
@@ -73,8 +81,8 @@ class QVXML_API CJsonTextWriter : public CJsonWriter {
   static void IncrementIndents(CXmlWriterContext* context);
   static void DecrementIndents(CXmlWriterContext* context);
   void WriteName(std::string_view mark, std::string_view prefix, std::string_view localName);
-  void WriteValue(const std::string& text, ItemType type);
-  void PadAndAppend(const std::string& text);
+  void WriteValue(std::string_view text, ItemType type);
+  void PadAndAppend(std::string_view text);
 
   // Whether the last name has no value yet.
   bool m_isValuePending = false;

@@ -7,6 +7,17 @@ CJsonWriter::CJsonWriter(CTextStream& stream, const char* instanceName)
 
 CJsonWriter::~CJsonWriter() = default;
 
+void CJsonWriter::NoteRoot(const std::type_info& type) noexcept {
+  m_isPlain = typeid(*this) == type && typeid(m_stream) == typeid(CTextStream);
+}
+
+const std::string* CJsonWriter::FindElementPrefix(const CXmlWriterContext& parent,
+                                                  const std::string& namespaceUri) const {
+  static const std::string& s_none = *new std::string();
+  if (!IsFull()) return &s_none;
+  return parent.FindPrefixWithin(namespaceUri);
+}
+
 void CJsonWriter::SetEOLType(EOLType type) {
   m_eol = GetEOLText(type);
   m_eolType = type;

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 #include "qvxml/json/json_context.h"
 #include "qvxml/support/export.h"
@@ -51,6 +52,11 @@ class QVXML_API CJsonWriter : public CXmlWriter {
   CJsonWriter(CTextStream& stream, const char* instanceName);
 
   CTextStream& GetStream() const noexcept { return m_stream; }
+  /// Whether nobody can tell several operations from one: no derived class hears of them, and the
+  /// stream keeps what it gets. False until the root is known.
+  bool IsPlain() const noexcept { return m_isPlain; }
+  /// To be called for each root, with the class of the writer.
+  void NoteRoot(const std::type_info& type) noexcept;
   const std::string& GetEOL() const noexcept { return m_eol; }
   /// Whether namespaces and types are written.
   bool IsFull() const noexcept { return m_supportRoundtrip == JsonRoundTrip_Full; }
@@ -68,6 +74,11 @@ class QVXML_API CJsonWriter : public CXmlWriter {
            (type >= ItemType_boolean && type <= ItemType_integer);
   }
 
+  /// The prefix of an element in the innermost one, "" for none, or null when it has none but needs
+  /// one.
+  const std::string* FindElementPrefix(const CXmlWriterContext& parent,
+                                       const std::string& namespaceUri) const;
+
   /// Ends the line, if formatting.
   void WriteEOL() {
     if (m_isFormatted) m_stream.Append(m_eol);
@@ -77,7 +88,7 @@ class QVXML_API CJsonWriter : public CXmlWriter {
     if (m_isFormatted) m_stream.AppendTimes(m_indentChars, depth);
   }
   void FlushIfFull() {
-    if (m_stream.GetLength() > kMaxWaiting) m_stream.Flush();
+    if (!m_isPlain && m_stream.GetLength() > kMaxWaiting) m_stream.Flush();
   }
 
  private:
@@ -88,6 +99,7 @@ class QVXML_API CJsonWriter : public CXmlWriter {
   EOLType m_eolType = EOL_LF;
   JsonRoundTrip m_supportRoundtrip = JsonRoundTrip_Full;
   bool m_isFormatted = true;
+  bool m_isPlain = false;
   CTextStream& m_stream;
 };
 

@@ -6,6 +6,9 @@ namespace QvXmlLib16 {
 
 namespace {
 
+using detail::HasEscaped;
+using Escapes = detail::TJsonEscapes<true>;
+
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 // Moves behind the digits, of which there must be one.
@@ -63,8 +66,8 @@ void CWellFormedJsonWriter::WriteComment(const std::string&) {}
 void CWellFormedJsonWriter::WriteStartElement(const std::string& localName,
                                               const std::string& namespaceUri) {
   const CXmlWriterContext* const owner = GetContext();
-  const bool isItem = owner != nullptr && (owner->GetState() == ContextState_CollectionBegin ||
-                                           owner->GetState() == ContextState_ArrayOpen);
+  const bool isItem = owner != nullptr && IsCollection(*owner);
+  if (owner == nullptr) NoteRoot(typeid(CWellFormedJsonWriter));
   const size_t ownerDepth = m_depth;
   CXmlWriterContext& context = PushContext(localName, namespaceUri, 0);
   try {
@@ -149,6 +152,37 @@ void CWellFormedJsonWriter::WriteEndElement() {
   FlushIfFull();
 }
 
+void CWellFormedJsonWriter::WriteTextElement(const std::string& localName,
+                                             const std::string& namespaceUri, std::string_view text,
+                                             ItemType type, bool isDefaultValue) {
+  const CXmlWriterContext* const owner = GetContext();
+  const std::string* prefix = nullptr;
+  if (owner != nullptr && IsPlain()) {
+    // One that takes back the default namespace has a declaration, and so is an object.
+    const bool isDeclaring =
+        IsFull() && namespaceUri.empty() && !owner->GetDefaultNamespace().empty();
+    if (!isDeclaring) prefix = FindElementPrefix(*owner, namespaceUri);
+  }
+  if (prefix == nullptr) {
+    return CXmlWriter::WriteTextElement(localName, namespaceUri, text, type, isDefaultValue);
+  }
+  StartMember(*prefix, localName, IsCollection(*owner));
+  WriteTextValue(text, type);
+}
+
+void CWellFormedJsonWriter::WriteTextValue(std::string_view text, ItemType type) {
+  if (text.empty() && IsBare(type)) {
+    detail::AppendLiteral(GetStream(), "null");
+  } else {
+    WriteValue(text, type);
+  }
+}
+
+bool CWellFormedJsonWriter::IsCollection(const CXmlWriterContext& owner) noexcept {
+  return owner.GetState() == ContextState_CollectionBegin ||
+         owner.GetState() == ContextState_ArrayOpen;
+}
+
 void CWellFormedJsonWriter::WriteText() {
   const CLevel& level = GetLevel();
   const std::string_view text = std::string_view(m_text).substr(level.textBegin);
@@ -157,11 +191,7 @@ void CWellFormedJsonWriter::WriteText() {
   if (!level.isObjectOpen && !hasText && !level.isNil) OpenObject();
   if (level.isObjectOpen && (hasText || level.isNil)) BeginMember(GetTextName(), {}, {});
   if (hasText) {
-    if (text.empty() && IsBare(level.textType)) {
-      detail::AppendLiteral(GetStream(), "null");
-    } else {
-      WriteValue(text, level.textType);
-    }
+    WriteTextValue(text, level.textType);
   } else if (level.isNil) {
     detail::AppendLiteral(GetStream(), "null");
   }
@@ -172,6 +202,19 @@ void CWellFormedJsonWriter::WriteText() {
 void CWellFormedJsonWriter::WriteAttributeString(const std::string& localName,
                                                  const std::string& namespaceUri,
                                                  const std::string& value, ItemType type) {
+  AppendAttribute(localName, namespaceUri, value, type);
+}
+
+void CWellFormedJsonWriter::WriteTextAttribute(const std::string& localName,
+                                               const std::string& namespaceUri,
+                                               std::string_view value, ItemType type) {
+  if (!IsPlain()) return CXmlWriter::WriteTextAttribute(localName, namespaceUri, value, type);
+  AppendAttribute(localName, namespaceUri, value, type);
+}
+
+void CWellFormedJsonWriter::AppendAttribute(const std::string& localName,
+                                            const std::string& namespaceUri, std::string_view value,
+                                            ItemType type) {
   CXmlWriterContext& context = GetOpenContext();
   std::string_view prefix;
   if (IsFull() && !namespaceUri.empty()) {
@@ -263,6 +306,10 @@ void CWellFormedJsonWriter::BeginMember(std::string_view mark, std::string_view 
   if (level.hasMember) stream.Append(',');
   level.hasMember = true;
   BeginLine();
+  if ((prefix.empty() || !HasEscaped<Escapes>(prefix)) && !HasEscaped<Escapes>(localName) &&
+      detail::AppendName(stream, mark, prefix, localName)) {
+    return;
+  }
   stream.Append('"');
   stream.Append(mark.data(), mark.size());
   if (!prefix.empty()) {
@@ -289,6 +336,7 @@ void CWellFormedJsonWriter::WriteValue(std::string_view text, ItemType type) {
 }
 
 void CWellFormedJsonWriter::WriteQuoted(std::string_view text) {
+  if (detail::AppendQuoted<Escapes>(GetStream(), text)) return;
   GetStream().Append('"');
   AppendEscaped(text);
   GetStream().Append('"');
@@ -299,7 +347,7 @@ void CWellFormedJsonWriter::AppendEscaped(std::string_view text) {
   const char* run = text.data();
   const char* const end = run + text.size();
   for (;;) {
-    const char* const found = detail::FindEscaped<detail::TJsonEscapes<true>>(run, end);
+    const char* const found = detail::FindEscaped<Escapes>(run, end);
     stream.Append(run, static_cast<size_t>(found - run));
     if (found == end) return;
     detail::AppendEscape(stream, *found);

@@ -53,11 +53,17 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
   /// Text that comes in several parts is one text; it is written when the element ends.
   void WriteString(const std::string& text, ItemType type, bool isDefaultValue) override;
   void WriteEndElement() override;
+  /// In a class derived from this one, the three calls of CXmlWriter.
+  void WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                        std::string_view text, ItemType type, bool isDefaultValue) override;
 
   // Attributes.
 
   void WriteAttributeString(const std::string& localName, const std::string& namespaceUri,
                             const std::string& value, ItemType type) override;
+  /// In a class derived from this one, the call of CXmlWriter.
+  void WriteTextAttribute(const std::string& localName, const std::string& namespaceUri,
+                          std::string_view value, ItemType type) override;
   /// Does nothing unless JsonRoundTrip_Full is set.
   void WriteAttributeType(const std::string& typeNamespace, const std::string& typeName,
                           ItemType type) override;
@@ -93,6 +99,8 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
   // The prefix is "" for the default namespace.
   void WriteDeclaration(std::string_view prefix, const std::string& namespaceUri);
 
+  void AppendAttribute(const std::string& localName, const std::string& namespaceUri,
+                       std::string_view value, ItemType type);
   void OpenObject();
   void CloseObject();
   void OpenArray(std::string_view prefix, const std::string& localName);
@@ -100,6 +108,9 @@ class QVXML_API CWellFormedJsonWriter : public CJsonWriter {
   void BeginMember(std::string_view mark, std::string_view prefix, std::string_view localName);
   void BeginLine();
   void WriteText();
+  void WriteTextValue(std::string_view text, ItemType type);
+  // Whether what is written next into the element is an item of a collection.
+  static bool IsCollection(const CXmlWriterContext& owner) noexcept;
   void WriteValue(std::string_view text, ItemType type);
   void WriteQuoted(std::string_view text);
   void AppendEscaped(std::string_view text);

@@ -47,6 +47,13 @@ class QVXML_API CStringBuffer : private TInstanceCounted<CStringBuffer> {
     m_cursor += length;
   }
 
+  /// Room for that many characters one behind the other, or null when there is none at once;
+  /// AdvanceTo() the end of what was written there.
+  char* FindRoom(size_t length) noexcept {
+    return length <= static_cast<size_t>(m_end - m_cursor) ? m_cursor : nullptr;
+  }
+  void AdvanceTo(char* end) noexcept { m_cursor = end; }
+
   /// Appends the text that number of times.
   void AppendTimes(const std::string& text, unsigned long times) {
     if (text.size() == 1 && times <= static_cast<size_t>(m_end - m_cursor)) {

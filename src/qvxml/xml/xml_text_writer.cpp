@@ -1,9 +1,11 @@
 #include "qvxml/xml/xml_text_writer.h"
 
 #include <string_view>
+#include <typeinfo>
 
 #include "qvxml/core/exception.h"
 #include "qvxml/xml/escape_scan_internal.h"
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16 {
 
@@ -15,9 +17,24 @@ void Append(CTextStream& stream, const char (&literal)[kSize]) {
   stream.Append(literal, kSize - 1);
 }
 
-bool IsRawText(const std::string& text) {
+bool IsRawText(std::string_view text) {
   constexpr std::string_view kMarker = "<![CDATA[";
-  return text.compare(0, kMarker.size(), kMarker) == 0;
+  return text.substr(0, kMarker.size()) == kMarker;
+}
+
+template <bool kInAttribute>
+bool HasEscaped(std::string_view text) {
+  const char* const end = text.data() + text.size();
+  return detail::FindEscaped<detail::TXmlEscapes<kInAttribute>>(text.data(), end) != end;
+}
+
+// "prefix:localName", or the local name alone.
+char* PutName(char* to, std::string_view prefix, std::string_view localName) {
+  if (!prefix.empty()) {
+    to = detail::PutShort(to, prefix);
+    *to++ = ':';
+  }
+  return detail::PutShort(to, localName);
 }
 
 }  // namespace
@@ -117,17 +134,33 @@ void CXmlTextWriter::WriteStartTag(CXmlWriterContext& context) {
       context.GetPrefix().empty() && !context.IsUnprefixed(context.GetNamespaceUri());
   if (isNewPrefix) BindUniquePrefix(context, context.GetNamespaceUri());
   const std::string& prefix = context.GetPrefix();
-  m_stream.Append('<');
-  if (!prefix.empty()) {
-    m_stream.Append(prefix);
-    m_stream.Append(':');
-  }
-  m_stream.Append(context.GetLocalName());
+  AppendTag("<", prefix.empty() ? nullptr : &prefix, context.GetLocalName());
   if (isNewPrefix) {
     m_stream.Append(' ');
     WriteDeclaration(prefix, context.GetNamespaceUri());
   }
-  if (context.GetParent() == nullptr) WriteRootNamespaces();
+  if (context.GetParent() == nullptr) {
+    WriteRootNamespaces();
+    m_isPlain = typeid(*this) == typeid(CXmlTextWriter) && typeid(m_stream) == typeid(CTextStream);
+  }
+}
+
+void CXmlTextWriter::AppendTag(std::string_view mark, const std::string* prefix,
+                               const std::string& localName) {
+  const std::string_view prefixText = prefix != nullptr ? std::string_view(*prefix) : "";
+  if (char* to = m_stream.FindRoom(mark.size() + prefixText.size() + 1 + localName.size())) {
+    to = detail::PutShort(to, mark);
+    to = detail::PutShort(to, prefixText);
+    if (prefix != nullptr) *to++ = ':';
+    m_stream.AdvanceTo(detail::PutShort(to, localName));
+    return;
+  }
+  m_stream.Append(mark.data(), mark.size());
+  if (prefix != nullptr) {
+    m_stream.Append(*prefix);
+    m_stream.Append(':');
+  }
+  m_stream.Append(localName);
 }
 
 const std::string& CXmlTextWriter::BindUniquePrefix(CXmlWriterContext& context,
@@ -172,6 +205,63 @@ void CXmlTextWriter::WriteString(const std::string& text, ItemType, bool isDefau
   FlushIfFull();
 }
 
+void CXmlTextWriter::WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                                      std::string_view text, ItemType type, bool isDefaultValue) {
+  CXmlWriterContext* const parent = GetContext();
+  const std::string* const prefix =
+      parent != nullptr && m_isPlain ? parent->FindPrefixWithin(namespaceUri) : nullptr;
+  if (prefix == nullptr) {
+    return CXmlWriter::WriteTextElement(localName, namespaceUri, text, type, isDefaultValue);
+  }
+  CloseParentElm();
+  if (isDefaultValue && !m_writesDefaultElementValues) text = std::string_view();
+  if (m_isFormatted) WriteIndent(parent->GetDepth() + 1);
+  AppendTextElement(*prefix, localName, text);
+  if (m_isFormatted) WriteEOL();
+}
+
+void CXmlTextWriter::AppendTextElement(const std::string& prefix, const std::string& localName,
+                                       std::string_view text) {
+  constexpr size_t kMarks = std::string_view("<:></:>").size();
+  const size_t nameLength = prefix.size() + localName.size();
+  char* to = m_stream.FindRoom(2 * nameLength + text.size() + kMarks);
+  if (to == nullptr || HasEscaped<false>(text)) {
+    return AppendLongTextElement(prefix.empty() ? nullptr : &prefix, localName, text);
+  }
+  *to++ = '<';
+  const char* const name = to;
+  to = PutName(to, prefix, localName);
+  if (text.empty()) {
+    *to++ = '/';
+  } else {
+    const std::string_view endName(name, static_cast<size_t>(to - name));
+    *to++ = '>';
+    to = detail::PutShort(to, text);
+    *to++ = '<';
+    *to++ = '/';
+    to = detail::PutShort(to, endName);
+  }
+  *to++ = '>';
+  m_stream.AdvanceTo(to);
+}
+
+void CXmlTextWriter::AppendLongTextElement(const std::string* prefix, const std::string& localName,
+                                           std::string_view text) {
+  AppendTag("<", prefix, localName);
+  if (text.empty()) {
+    m_stream.Append('/');
+  } else {
+    m_stream.Append('>');
+    if (IsRawText(text)) {
+      m_stream.Append(text.data(), text.size());
+    } else {
+      PadAndAppend<false>(text);
+    }
+    AppendTag("</", prefix, localName);
+  }
+  m_stream.Append('>');
+}
+
 void CXmlTextWriter::WriteEndElement() {
   const CXmlWriterContext& context = GetOpenContext();
   const bool isEmpty = context.IsStartTagOpen();
@@ -188,12 +278,7 @@ void CXmlTextWriter::WriteEndTag(const CXmlWriterContext& context, bool isEmpty)
   if (isEmpty) {
     Append(m_stream, "/>");
   } else {
-    Append(m_stream, "</");
-    if (isPrefixed) {
-      m_stream.Append(prefix);
-      m_stream.Append(':');
-    }
-    m_stream.Append(context.GetLocalName());
+    AppendTag("</", isPrefixed ? &prefix : nullptr, context.GetLocalName());
     m_stream.Append('>');
   }
   if (m_isFormatted) WriteEOL();
@@ -218,6 +303,35 @@ void CXmlTextWriter::WriteAttributeString(const std::string& localName,
       WriteDeclaration(*prefix, namespaceUri);
     }
   }
+  AppendAttribute(prefix, localName, value);
+  FlushIfFull();
+}
+
+void CXmlTextWriter::WriteTextAttribute(const std::string& localName,
+                                        const std::string& namespaceUri, std::string_view value,
+                                        ItemType type) {
+  const CXmlWriterContext* const context = GetContext();
+  if (!namespaceUri.empty() || context == nullptr || !context->IsStartTagOpen() || !m_isPlain) {
+    return CXmlWriter::WriteTextAttribute(localName, namespaceUri, value, type);
+  }
+  AppendAttribute(nullptr, localName, value);
+}
+
+void CXmlTextWriter::AppendAttribute(const std::string* prefix, const std::string& localName,
+                                     std::string_view value) {
+  constexpr size_t kMarks = std::string_view(" :=\"\"").size();
+  const size_t prefixLength = prefix != nullptr ? prefix->size() : 0;
+  char* to = m_stream.FindRoom(prefixLength + localName.size() + value.size() + kMarks);
+  if (to != nullptr && !HasEscaped<true>(value)) {
+    *to++ = ' ';
+    to = PutName(to, prefix != nullptr ? std::string_view(*prefix) : "", localName);
+    *to++ = '=';
+    *to++ = '"';
+    to = detail::PutShort(to, value);
+    *to++ = '"';
+    m_stream.AdvanceTo(to);
+    return;
+  }
   m_stream.Append(' ');
   if (prefix != nullptr) {
     m_stream.Append(*prefix);
@@ -227,7 +341,6 @@ void CXmlTextWriter::WriteAttributeString(const std::string& localName,
   Append(m_stream, "=\"");
   PadAndAppend<true>(value);
   m_stream.Append('"');
-  FlushIfFull();
 }
 
 void CXmlTextWriter::WriteAttributeType(const std::string& typeNamespace,
@@ -263,7 +376,7 @@ CXmlWriter::CXmlWriterContext& CXmlTextWriter::GetOpenStartTag() const {
 }
 
 template <bool kInAttribute>
-void CXmlTextWriter::PadAndAppend(const std::string& text) {
+void CXmlTextWriter::PadAndAppend(std::string_view text) {
   const char* run = text.data();
   const char* const end = run + text.size();
   for (;;) {

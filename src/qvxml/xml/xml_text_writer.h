@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "qvxml/support/export.h"
 #include "qvxml/xml/encoding.h"
@@ -78,6 +79,9 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// a source that is not trusted to be free of that beginning: it can hold any markup.
   void WriteString(const std::string& text, ItemType type, bool isDefaultValue) override;
   void WriteEndElement() override;
+  /// In a class derived from this one, the three calls of CXmlWriter.
+  void WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                        std::string_view text, ItemType type, bool isDefaultValue) override;
   /// Writes text as it is, with an end of line when formatting. It must be well-formed content; an
   /// open start tag is not closed.
   void WriteRawElement(const std::string& text);
@@ -93,12 +97,24 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// An attribute in a namespace always has a prefix, even for the default namespace.
   void WriteAttributeString(const std::string& localName, const std::string& namespaceUri,
                             const std::string& value, ItemType type) override;
+  /// In a class derived from this one, the call of CXmlWriter.
+  void WriteTextAttribute(const std::string& localName, const std::string& namespaceUri,
+                          std::string_view value, ItemType type) override;
   void WriteAttributeType(const std::string& typeNamespace, const std::string& typeName,
                           ItemType type) override;
   void WriteAttributeNil() override;
 
  private:
+  void AppendTextElement(const std::string& prefix, const std::string& localName,
+                         std::string_view text);
+  // The same where it takes more than one step; a prefix of null is none.
+  void AppendLongTextElement(const std::string* prefix, const std::string& localName,
+                             std::string_view text);
+  void AppendAttribute(const std::string* prefix, const std::string& localName,
+                       std::string_view value);
   void WriteStartTag(CXmlWriterContext& context);
+  // The mark, and the name with its prefix, null for none.
+  void AppendTag(std::string_view mark, const std::string* prefix, const std::string& localName);
   void WriteEndTag(const CXmlWriterContext& context, bool isEmpty);
   // Binds a generated prefix, which the caller declares.
   static const std::string& BindUniquePrefix(CXmlWriterContext& context,
@@ -110,9 +126,9 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   // The innermost element, whose start tag is open.
   CXmlWriterContext& GetOpenStartTag() const;
   template <bool kInAttribute>
-  void PadAndAppend(const std::string& text);
+  void PadAndAppend(std::string_view text);
   void FlushIfFull() {
-    if (m_stream.GetLength() > kMaxWaiting) m_stream.Flush();
+    if (!m_isPlain && m_stream.GetLength() > kMaxWaiting) m_stream.Flush();
   }
 
   static constexpr unsigned long kMaxWaiting = 4095;
@@ -123,6 +139,9 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   EOLType m_eolType = EOL_LF;
   bool m_isFormatted = true;
   CTextStream& m_stream;
+  // Whether nobody can tell several operations from one: no derived class hears of them, and the
+  // stream keeps what it gets. Known from the root on.
+  bool m_isPlain = false;
   // The value of an xsi:type attribute.
   std::string m_typeValue;
 };

@@ -6,6 +6,7 @@
 
 #include "qvxml/core/exception.h"
 #include "qvxml/xml/namespace_scopes_internal.h"
+#include "qvxml/xml/short_copy.h"
 
 namespace QvXmlLib16 {
 
@@ -13,10 +14,17 @@ constinit CInstanceCounter CXmlWriter::CXmlWriterContext::s_instances("CXmlWrite
 
 namespace {
 
-const std::string& NoPrefix() {
-  static const std::string& s_none = *new std::string();
-  return s_none;
+// What stands for no prefix: because none is needed, and because none is bound.
+struct EmptyPrefixes {
+  std::string notNeeded;
+  std::string unknown;
+};
+const EmptyPrefixes& GetEmptyPrefixes() {
+  static const EmptyPrefixes& s_prefixes = *new EmptyPrefixes();
+  return s_prefixes;
 }
+const std::string& NoPrefix() { return GetEmptyPrefixes().notNeeded; }
+const std::string& UnknownPrefix() { return GetEmptyPrefixes().unknown; }
 
 }  // namespace
 
@@ -56,6 +64,25 @@ void CXmlWriter::SetContextState(ContextState state) {
   if (m_context != nullptr) m_context->SetState(state);
 }
 
+void CXmlWriter::WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                                  std::string_view text, ItemType type, bool isDefaultValue) {
+  // Taken while it is in use, as a format's operations may come back here.
+  std::string room = std::move(m_textRoom);
+  room.assign(text);
+  WriteStartElement(localName, namespaceUri);
+  WriteString(room, type, isDefaultValue);
+  WriteEndElement();
+  m_textRoom = std::move(room);
+}
+
+void CXmlWriter::WriteTextAttribute(const std::string& localName, const std::string& namespaceUri,
+                                    std::string_view value, ItemType type) {
+  std::string room = std::move(m_textRoom);
+  room.assign(value);
+  WriteAttributeString(localName, namespaceUri, room, type);
+  m_textRoom = std::move(room);
+}
+
 std::string CXmlWriter::GetUniquePrefix(const NamespaceMap& namespaces) {
   std::set<std::string_view> used;
   for (const auto& binding : namespaces) used.insert(binding.second);
@@ -79,20 +106,28 @@ CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(const std::string& localN
                                                        unsigned long rootDepth) {
   if (m_spareContexts == nullptr) m_spareContexts = new CXmlWriterContext(*m_scopes);
   CXmlWriterContext& spare = *m_spareContexts;
-  spare.m_localName = localName;
-  spare.m_namespaceUri = namespaceUri;
-  CXmlWriterContext& context = OpenSpareContext(rootDepth);
-  // Most often the namespace is the one around it, and with it the prefix, once that was looked up.
-  if (context.m_parent != nullptr && context.m_parent->m_namespaceUri == namespaceUri) {
-    context.m_prefix = context.m_parent->m_prefix;
+  // Elements at the same depth often have the same name.
+  if (!detail::IsSameText(spare.m_localName, localName)) spare.m_localName = localName;
+  if (m_context != nullptr && detail::IsSameText(*m_context->m_namespaceUri, namespaceUri)) {
+    spare.m_namespaceUri = m_context->m_namespaceUri;
+    // With the namespace the prefix is the same, once that was looked up.
+    const std::string* const prefix = m_context->m_prefix;
+    CXmlWriterContext& context = OpenSpareContext(rootDepth);
+    context.m_prefix = prefix;
+    return context;
   }
-  return context;
+  if (!detail::IsSameText(spare.m_ownNamespaceUri, namespaceUri)) {
+    spare.m_ownNamespaceUri = namespaceUri;
+  }
+  spare.m_namespaceUri = &spare.m_ownNamespaceUri;
+  return OpenSpareContext(rootDepth);
 }
 
 CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(unsigned long rootDepth) {
   if (m_spareContexts == nullptr) m_spareContexts = new CXmlWriterContext(*m_scopes);
   m_spareContexts->m_localName.clear();
-  m_spareContexts->m_namespaceUri.clear();
+  m_spareContexts->m_ownNamespaceUri.clear();
+  m_spareContexts->m_namespaceUri = &m_spareContexts->m_ownNamespaceUri;
   return OpenSpareContext(rootDepth);
 }
 
@@ -158,7 +193,7 @@ const CXmlWriter::NamespaceMap& CXmlWriter::CXmlWriterContext::GetNamespaceMap()
 const std::string& CXmlWriter::CXmlWriterContext::GetNamespaceMapValue(
     const std::string& namespaceUri) const {
   const std::string* const prefix = m_scopes.Find(namespaceUri);
-  return prefix != nullptr ? *prefix : NoPrefix();
+  return prefix != nullptr ? *prefix : UnknownPrefix();
 }
 
 void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::string& namespaceUri,
@@ -171,8 +206,18 @@ std::string CXmlWriter::CXmlWriterContext::GetUniquePrefix() const {
   return m_scopes.MakeUniquePrefix();
 }
 
+const std::string* CXmlWriter::CXmlWriterContext::FindPrefixWithin(
+    const std::string& namespaceUri) const {
+  // Most often the namespace is that of this element.
+  const std::string* const prefix = detail::IsSameText(namespaceUri, *m_namespaceUri) ? &GetPrefix()
+                                    : IsUnprefixed(namespaceUri)
+                                        ? &NoPrefix()
+                                        : &GetNamespaceMapValue(namespaceUri);
+  return prefix == &UnknownPrefix() ? nullptr : prefix;
+}
+
 const std::string* CXmlWriter::CXmlWriterContext::FindPrefix() const {
-  return IsUnprefixed(m_namespaceUri) ? &NoPrefix() : &GetNamespaceMapValue(m_namespaceUri);
+  return IsUnprefixed(*m_namespaceUri) ? &NoPrefix() : &GetNamespaceMapValue(*m_namespaceUri);
 }
 
 }  // namespace QvXmlLib16

@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "qvxml/core/item_type.h"
 #include "qvxml/support/export.h"
@@ -15,6 +16,8 @@
 #include "qvxml/xml/encoding.h"
 
 namespace QvXmlLib16 {
+
+class QvVariant;  // core/value/variant.h
 
 namespace detail {
 class CNamespaceScopes;  // xml/namespace_scopes_internal.h
@@ -77,6 +80,14 @@ class QVXML_API CXmlWriter {
                                   ItemType type) = 0;
   /// Writes xsi:nil with the value true, as an attribute.
   virtual void WriteAttributeNil() = 0;
+  /// Writes an element that holds nothing but text: WriteStartElement, WriteString and
+  /// WriteEndElement, which are called here one after the other. Formats that can do the same in
+  /// one step override it.
+  virtual void WriteTextElement(const std::string& localName, const std::string& namespaceUri,
+                                std::string_view text, ItemType type, bool isDefaultValue);
+  /// WriteAttributeString, which is called here, for text that is no string.
+  virtual void WriteTextAttribute(const std::string& localName, const std::string& namespaceUri,
+                                  std::string_view value, ItemType type);
 
   /// Sets the state of the innermost open element; does nothing when none is open.
   void SetContextState(ContextState state);
@@ -86,6 +97,11 @@ class QVXML_API CXmlWriter {
     m_valueRoom.clear();
     return m_valueRoom;
   }
+
+  /// A variant for the properties of the objects that are being written, or null; lent by the
+  /// driver of generated classes, for which alone it is.
+  QvVariant* GetPropertyRoom() const noexcept { return m_propertyRoom; }
+  void SetPropertyRoom(QvVariant* room) noexcept { m_propertyRoom = room; }
 
   // Prefixes.
 
@@ -139,6 +155,9 @@ class QVXML_API CXmlWriter {
   CXmlWriterContext* m_spareContexts = nullptr;
   std::unique_ptr<detail::CNamespaceScopes> m_scopes;
   std::string m_valueRoom;
+  // Likewise, for WriteTextElement and WriteTextAttribute.
+  std::string m_textRoom;
+  QvVariant* m_propertyRoom = nullptr;
   CNamedInstance m_instance;
 };
 
@@ -151,7 +170,7 @@ class QVXML_API CXmlWriter::CXmlWriterContext : private TInstanceCounted<CXmlWri
   // The element.
 
   const std::string& GetLocalName() const noexcept { return m_localName; }
-  const std::string& GetNamespaceUri() const noexcept { return m_namespaceUri; }
+  const std::string& GetNamespaceUri() const noexcept { return *m_namespaceUri; }
   /// The element around it; null for the root.
   CXmlWriterContext* GetParent() const noexcept { return m_parent; }
   unsigned long GetDepth() const noexcept { return m_depth; }
@@ -182,6 +201,9 @@ class QVXML_API CXmlWriter::CXmlWriterContext : private TInstanceCounted<CXmlWri
   bool IsUnprefixed(const std::string& namespaceUri) const noexcept {
     return namespaceUri.empty() || namespaceUri == *m_defaultNamespace;
   }
+  /// The prefix of an element within this one, which is the innermost: "" when its namespace needs
+  /// none, null when it needs one and has none.
+  const std::string* FindPrefixWithin(const std::string& namespaceUri) const;
   /// The bindings in force.
   const NamespaceMap& GetNamespaceMap() const noexcept;
   /// The prefix of a namespace, or "" when it has none. The XML namespace has xml unless another is
@@ -204,7 +226,9 @@ class QVXML_API CXmlWriter::CXmlWriterContext : private TInstanceCounted<CXmlWri
   unsigned long m_childCount = 0;
   bool m_isStartTagOpen = false;
   unsigned long m_depth = 0;
-  std::string m_namespaceUri;
+  // Its own one, or that of the element around it, which is mostly the same.
+  const std::string* m_namespaceUri = nullptr;
+  std::string m_ownNamespaceUri;
   std::string m_localName;
   CXmlWriterContext* m_parent = nullptr;
   // Its own one, or the one of the nearest element around that has its own: the root always has.

@@ -26,6 +26,7 @@ using QvXmlLib16::CXmlObjectBase;
 using QvXmlLib16::CXmlWriter;
 using QvXmlLib16::FormatString;
 using QvXmlLib16::QvVariant;
+using QvXmlLib16::detail::WithProperty;
 
 namespace {
 
@@ -94,13 +95,7 @@ bool CAttributeInfo::IsThisAttribute(const CSerializationContext& ctx,
 }
 
 void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& value) const {
-  QvXmlLib16::detail::WrapFailure(
-      [&] { object->AccessProperty(m_propertyIndex, true, value); },
-      [this] {
-        return CQvValidationException(
-            FormatString("Failed to get the property value for [%s].", m_name.c_str()),
-            std::string());
-      });
+  QvXmlLib16::detail::GetProperty(object, m_propertyIndex, m_name, value);
 }
 
 void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
@@ -130,7 +125,7 @@ bool CAttributeInfo::IsNamespaceValid(const char* namespaceUri, const char* allo
 }
 
 bool CAttributeInfo::IsDefaultLeftOut(const CSerializationContext& ctx,
-                                      const std::string& text) const {
+                                      std::string_view text) const {
   return m_isOptional && !m_defaultValue.empty() && ctx.GetNoOptionalAttributeDefaultOutput() &&
          text == m_defaultValue;
 }
@@ -146,18 +141,23 @@ CAttributeInfoPrimitive::CAttributeInfoPrimitive(
       m_whitespaceRule(whitespaceRule),
       m_restrictions(restrictions) {
   m_restrictions.ConvertBounds(itemType);
+  m_isChecked = QvXmlLib16::CXmlObjectHelper::NeedsCheck(itemType, m_restrictions);
 }
 
 void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& ctx,
                                              const CXmlGeneratedClass* object,
                                              CXmlWriter* writer) const {
-  QvVariant value;
-  ReadProperty(object, value);
-  if (m_isOptional && !value.IsValid()) return;
-  const std::string& text = QvXmlLib16::detail::TextOf(value, m_format, *writer);
-  if (IsDefaultLeftOut(ctx, text)) return;
-  QvXmlLib16::CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType, m_restrictions);
-  writer->WriteAttributeString(m_name, m_namespace, text, m_itemType);
+  WithProperty(*writer, object, m_propertyIndex, m_name, [&](const QvVariant& value) {
+    if (m_isOptional && !value.IsValid()) return false;
+    const std::string_view text = QvXmlLib16::detail::TextOf(value, m_format, *writer);
+    if (IsDefaultLeftOut(ctx, text)) return false;
+    if (m_isChecked) {
+      QvXmlLib16::CXmlObjectHelper::CheckRestriction(m_name.c_str(), value, m_itemType,
+                                                     m_restrictions);
+    }
+    writer->WriteTextAttribute(m_name, m_namespace, text, m_itemType);
+    return true;
+  });
 }
 
 bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext&,
@@ -186,13 +186,13 @@ CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUr
 void CAttributeInfoEnum::AttributeToXml(const CSerializationContext& ctx,
                                         const CXmlGeneratedClass* object,
                                         CXmlWriter* writer) const {
-  QvVariant value;
-  ReadProperty(object, value);
-  if (m_isOptional && !value.IsValid()) return;
-  const std::string& text = writer->GetValueRoom() =
-      QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
-  if (IsDefaultLeftOut(ctx, text)) return;
-  writer->WriteAttributeString(m_name, m_namespace, text, QvXmlLib16::ItemType_string);
+  WithProperty(*writer, object, m_propertyIndex, m_name, [&](const QvVariant& value) {
+    if (m_isOptional && !value.IsValid()) return false;
+    const std::string_view text = QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
+    if (IsDefaultLeftOut(ctx, text)) return false;
+    writer->WriteTextAttribute(m_name, m_namespace, text, QvXmlLib16::ItemType_string);
+    return true;
+  });
 }
 
 bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& ctx,

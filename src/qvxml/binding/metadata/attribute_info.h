@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "qvxml/binding/primitive_restrictions.h"
 #include "qvxml/binding/serialization_context.h"
@@ -63,8 +64,7 @@ class QVXML_API CAttributeInfo : private QvXmlLib16::TInstanceCounted<CAttribute
   static bool IsNamespaceValid(const char* namespaceUri, const char* allowedList,
                                const char* targetNamespace);
   /// Whether `text` is left out because it is the optional attribute's default.
-  bool IsDefaultLeftOut(const QvXmlLib16::CSerializationContext& ctx,
-                        const std::string& text) const;
+  bool IsDefaultLeftOut(const QvXmlLib16::CSerializationContext& ctx, std::string_view text) const;
 
   std::string m_name;
   std::string m_namespace;
@@ -106,6 +106,8 @@ class QVXML_API CAttributeInfoPrimitive : public CAttributeInfo {
   std::string m_format;
   QvXmlLib16::CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
   QvXmlLib16::CPrimitiveRestrictions m_restrictions;
+  // Whether they can refuse a value.
+  bool m_isChecked;
 };
 
 /// An attribute whose property holds an enumeration as a number (ItemType_i4 in the variant).

@@ -3,6 +3,7 @@
 #include "qvxml/binding/metadata/element_info.h"
 
 #include <atomic>
+#include <string_view>
 
 #include <strings.h>
 
@@ -37,6 +38,7 @@ using QvXmlLib16::FormatString;
 using QvXmlLib16::ItemType;
 using QvXmlLib16::QvVariant;
 using QvXmlLib16::XmlElementType;
+using QvXmlLib16::detail::WithProperty;
 
 namespace {
 
@@ -118,6 +120,7 @@ CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int prope
       m_isNillable(nillable),
       m_hasPrimitiveType(true) {
   m_restrictions.ConvertBounds(itemType);
+  m_isChecked = QvXmlLib16::CXmlObjectHelper::NeedsCheck(itemType, m_restrictions);
 }
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
@@ -161,13 +164,7 @@ void CElementInfo::CheckRestriction(const QvVariant& value) const {
 }
 
 void CElementInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& value) const {
-  QvXmlLib16::detail::WrapFailure(
-      [&] { object->AccessProperty(m_propertyIndex, true, value); },
-      [this] {
-        return CQvValidationException(
-            FormatString("Failed to get the property value for [%s].", m_name.c_str()),
-            std::string());
-      });
+  QvXmlLib16::detail::GetProperty(object, m_propertyIndex, m_name, value);
 }
 
 void CElementInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
@@ -194,33 +191,34 @@ CXmlCollectionBase* CElementInfo::ReadCollection(const CXmlGeneratedClass* objec
 
 bool CElementInfo::ElementToXmlPrim(const CSerializationContext&, const CXmlGeneratedClass* object,
                                     CXmlWriter* writer) const {
-  QvVariant value;
-  ReadProperty(object, value);
-  if (value.IsNil()) return WriteNil(writer);
-  if (!value.IsValid()) return false;
-  return WritePrim(writer, value, QvXmlLib16::detail::TextOf(value, m_format, *writer));
-}
-
-bool CElementInfo::WritePrim(CXmlWriter* writer, const QvVariant& value,
-                             const std::string& text) const {
-  const bool isDefault = IsDefault(text);
-  if (!isDefault) CheckRestriction(value);
-  return WriteText(writer, text, m_itemType, isDefault);
+  // Apart, so that passing over a member that is not set costs next to nothing.
+  const auto write = [ this, writer ](const QvVariant& value) __attribute__((noinline)) {
+    if (value.IsNil()) return WriteNil(writer);
+    const std::string_view text = QvXmlLib16::detail::TextOf(value, m_format, *writer);
+    const bool isDefault = !m_defaultValue.empty() && IsDefault(text);
+    if (m_isChecked && !isDefault) CheckRestriction(value);
+    writer->WriteTextElement(m_name, m_namespace, text, m_itemType, isDefault);
+    return true;
+  };
+  return WithProperty(*writer, object, m_propertyIndex, m_name,
+                      [&](const QvVariant& value) { return value.IsValid() && write(value); });
 }
 
 bool CElementInfo::ElementToXmlEnum(const CSerializationContext&, const CXmlGeneratedClass* object,
                                     CXmlWriter* writer) const {
-  QvVariant value;
-  ReadProperty(object, value);
-  if (value.IsNil()) return WriteNil(writer);
-  if (!value.IsValid()) return false;
-  const std::string& text = writer->GetValueRoom() =
-      QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
-  return WriteText(writer, text, QvXmlLib16::ItemType_string, IsDefault(text));
+  const auto write = [ this, writer ](const QvVariant& value) __attribute__((noinline)) {
+    if (value.IsNil()) return WriteNil(writer);
+    const std::string_view text = QvXmlLib16::detail::EnumTextIn(value, m_enumToText, m_name);
+    writer->WriteTextElement(m_name, m_namespace, text, QvXmlLib16::ItemType_string,
+                             IsDefault(text));
+    return true;
+  };
+  return WithProperty(*writer, object, m_propertyIndex, m_name,
+                      [&](const QvVariant& value) { return value.IsValid() && write(value); });
 }
 
 // A default of "" is none, so an empty text is never one.
-bool CElementInfo::IsDefault(const std::string& text) const {
+bool CElementInfo::IsDefault(std::string_view text) const {
   return !m_defaultValue.empty() && text == m_defaultValue;
 }
 
@@ -231,18 +229,14 @@ bool CElementInfo::WriteNil(CXmlWriter* writer) const {
   return true;
 }
 
-bool CElementInfo::WriteText(CXmlWriter* writer, const std::string& text, ItemType itemType,
-                             bool isDefault) const {
-  writer->WriteStartElement(m_name, m_namespace);
-  writer->WriteString(text, itemType, isDefault);
-  writer->WriteEndElement();
-  return true;
-}
-
 bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx,
                                    const CXmlGeneratedClass* object, CXmlWriter* writer,
                                    bool optional) const {
-  const CXmlObjectBase* const child = ReadObject(object);
+  const CXmlObjectBase* child = nullptr;
+  WithProperty(*writer, object, m_propertyIndex, m_name, [&](const QvVariant& value) {
+    child = QvXmlLib16::detail::ObjectIn(value);
+    return true;
+  });
   if (child == nullptr) return false;
   child->ToXml_Int(writer, false, m_namespace.c_str(), ctx, optional);
   return true;
@@ -251,7 +245,11 @@ bool CElementInfo::ElementToXmlCls(const CSerializationContext& ctx,
 bool CElementInfo::ElementToXmlCol(const CSerializationContext& ctx,
                                    const CXmlGeneratedClass* object, CXmlWriter* writer,
                                    bool checkEmpty) const {
-  CXmlCollectionBase* const collection = ReadCollection(object);
+  CXmlCollectionBase* collection = nullptr;
+  WithProperty(*writer, object, m_propertyIndex, m_name, [&](const QvVariant& value) {
+    collection = QvXmlLib16::detail::CollectionIn(value);
+    return true;
+  });
   if (collection == nullptr) return false;
   if (collection->GetCount() == 0) {
     if (checkEmpty) collection->ValidateCount(ctx);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "qvxml/binding/element_types.h"
 #include "qvxml/binding/primitive_restrictions.h"
@@ -224,18 +225,16 @@ class QVXML_API CElementInfo {
   template <QvXmlLib16::XmlElementGroupType, ElementKind, ElementOccurrence>
   friend class detail::TElementMark;
 
-  bool WritePrim(QvXmlLib16::CXmlWriter* writer, const QvXmlLib16::QvVariant& value,
-                 const std::string& text) const;
   bool WriteNil(QvXmlLib16::CXmlWriter* writer) const;
-  bool WriteText(QvXmlLib16::CXmlWriter* writer, const std::string& text,
-                 QvXmlLib16::ItemType itemType, bool isDefault) const;
-  bool IsDefault(const std::string& text) const;
+  bool IsDefault(std::string_view text) const;
   const std::string& TextOrDefault(const std::string& text) const;
 
   // Set by the concrete class, so that what depends on its axes needs no further virtual operation.
   CElementDescriptor m_descriptor;
   detail::ClaimTest m_claims = nullptr;
   bool m_isNamedOption = false;
+  // Whether the restrictions can refuse a value.
+  bool m_isChecked = false;
 };
 
 }  // namespace QvXmlLib16Data

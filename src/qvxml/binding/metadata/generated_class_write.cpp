@@ -12,6 +12,7 @@
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/xml/untyped/attribute_col.h"
 #include "qvxml/xml/xml_writer.h"
 
@@ -38,6 +39,7 @@ void StartElement(CXmlWriter* writer, const std::string& localName, const char* 
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                                    const CSerializationContext& ctx, bool optional) const {
+  const detail::CPropertyRoomLoan loan(*writer);
   detail::WrapFailure(
       [&] { WriteElement(writer, isRoot, targetNamespace, ctx, optional); },
       [this] {
@@ -69,8 +71,8 @@ void CXmlGeneratedClass::WriteElement(CXmlWriter* writer, bool isRoot, const cha
   if (nillable != nullptr && nillable->IsNil()) {
     writer->WriteAttributeNil();
   } else {
-    WriteMembers(writer, ctx, optional);
-    if (classInfo.HasValue()) WriteValue(writer);
+    WriteMembers(classInfo, writer, ctx, optional);
+    if (classInfo.HasValue()) WriteValue(classInfo, writer);
   }
   if (hasElement) writer->WriteEndElement();
 }
@@ -101,29 +103,32 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
           writer->WriteAttributeType(classInfo.GetNamespace(), classInfo.GetName(),
                                      ItemType_string);
         }
-        ProcessAttributesToXml(ctx, writer);
+        ProcessAttributesToXml(classInfo, ctx, writer);
       },
       [] { return CQvException("Failed to convert attributes to XML"); });
 }
 
-void CXmlGeneratedClass::ProcessAttributesToXml(const CSerializationContext& ctx,
+void CXmlGeneratedClass::ProcessAttributesToXml(const CParentElementInfo& classInfo,
+                                                const CSerializationContext& ctx,
                                                 CXmlWriter* writer) const {
   if (CAttributeInfo** info = GetClassAttributeInfo()) {
     for (; *info != nullptr; ++info) (*info)->AttributeToXml(ctx, this, writer);
   }
-  if (CElementInfo** info = GetClassElementInfo()) {
-    for (; *info != nullptr; ++info) {
-      // Only model groups have any.
-      if ((*info)->GetElementType() == XmlElementType_Group) {
-        (*info)->PseudoChildAttributeToXml(ctx, this, writer);
-      }
-    }
+  CElementInfo** const members = GetClassElementInfo();
+  if (members == nullptr || classInfo.IsKnownWithoutGroups(members)) return;
+  bool hasGroups = false;
+  for (CElementInfo** info = members; *info != nullptr; ++info) {
+    // Only model groups have any.
+    if ((*info)->GetElementType() != XmlElementType_Group) continue;
+    hasGroups = true;
+    (*info)->PseudoChildAttributeToXml(ctx, this, writer);
   }
+  if (!hasGroups) classInfo.RememberWithoutGroups(members);
 }
 
-void CXmlGeneratedClass::WriteMembers(CXmlWriter* writer, const CSerializationContext& ctx,
-                                      bool optional) const {
-  switch (GetClassInfo()->GetGroupType()) {
+void CXmlGeneratedClass::WriteMembers(const CParentElementInfo& classInfo, CXmlWriter* writer,
+                                      const CSerializationContext& ctx, bool optional) const {
+  switch (classInfo.GetGroupType()) {
     case XmlElementGroupType_Sequence:
       return ProcessElementSeqToXml(ctx, writer);
     case XmlElementGroupType_Choice:
@@ -160,16 +165,20 @@ void CXmlGeneratedClass::ProcessElementChoiceToXml(const CSerializationContext& 
       std::string());
 }
 
-void CXmlGeneratedClass::WriteValue(CXmlWriter* writer) const {
-  const CParentElementInfo& classInfo = *GetClassInfo();
+void CXmlGeneratedClass::WriteValue(const CParentElementInfo& classInfo, CXmlWriter* writer) const {
   QvVariant value;
   ReadProperty(classInfo.GetValuePropertyIndex(), value);
   if (value.IsNil()) {
     writer->WriteAttributeNil();
     return;
   }
-  writer->WriteString(detail::TextOf(value, classInfo.GetValueFormat(), *writer),
-                      classInfo.GetValueItemType(), false);
+  const std::string* text = value.PeekString();
+  if (text == nullptr) {
+    std::string& room = writer->GetValueRoom();
+    detail::AppendText(value, classInfo.GetValueFormat().c_str(), room);
+    text = &room;
+  }
+  writer->WriteString(*text, classInfo.GetValueItemType(), false);
 }
 
 }  // namespace QvXmlLib16

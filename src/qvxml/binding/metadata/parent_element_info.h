@@ -14,6 +14,8 @@
 
 namespace QvXmlLib16Data {
 
+class CElementInfo;  // binding/metadata/element_info.h
+
 /// The class's compositor, element name, and simple content. One for each generated class, made
 /// once, never changed, and released by CXmlGeneratedClass::CleanMetaData.
 class QVXML_API CParentElementInfo : private QvXmlLib16::TInstanceCounted<CParentElementInfo> {
@@ -57,6 +59,14 @@ class QVXML_API CParentElementInfo : private QvXmlLib16::TInstanceCounted<CParen
     m_notNillable.store(&type, std::memory_order_relaxed);
   }
 
+  // Whether that array of members is known to hold no model group; kept for the last such array.
+  bool IsKnownWithoutGroups(const CElementInfo* const* members) const {
+    return m_withoutGroups.load(std::memory_order_relaxed) == members;
+  }
+  void RememberWithoutGroups(const CElementInfo* const* members) const {
+    m_withoutGroups.store(members, std::memory_order_relaxed);
+  }
+
  private:
   friend class QvXmlLib16::TInstanceCounted<CParentElementInfo>;
   static QvXmlLib16::CInstanceCounter s_instances;
@@ -72,6 +82,7 @@ class QVXML_API CParentElementInfo : private QvXmlLib16::TInstanceCounted<CParen
   std::string m_valueFormat;
   bool m_isRawText;
   mutable std::atomic<const std::type_info*> m_notNillable{nullptr};
+  mutable std::atomic<const CElementInfo* const*> m_withoutGroups{nullptr};
 };
 
 }  // namespace QvXmlLib16Data

@@ -25,6 +25,13 @@ bool IsUnchanged(const std::string& text, CWhitespaceUtils::WhitespaceRule rule)
 
 }  // namespace
 
+void ThrowPropertyGetFailed(const std::string& name, CQvException& caught) {
+  ThrowWrapping(
+      CQvValidationException(
+          FormatString("Failed to get the property value for [%s].", name.c_str()), std::string()),
+      caught);
+}
+
 CXmlObjectBase* ObjectIn(const QvVariant& value) {
   if (value.GetItemType() == ItemType_xmlObject) return value.PeekXmlObject();
   if (value.GetItemType() == ItemType_xmlCollection) return value.PeekXmlCollection();
@@ -40,7 +47,7 @@ CXmlCollectionBase* CollectionIn(const QvVariant& value) {
   return collection;
 }
 
-const std::string& TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
+std::string_view TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
   if (const std::string* const text = value.PeekString()) return *text;
   std::string& room = writer.GetValueRoom();
   AppendText(value, format.c_str(), room);

@@ -80,9 +80,11 @@ class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
   void WriteElement(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                     const CSerializationContext& ctx, bool optional) const;
   void WriteRootDeclarations(CXmlWriter* writer, const CSerializationContext& ctx) const;
-  void WriteMembers(CXmlWriter* writer, const CSerializationContext& ctx, bool optional) const;
-  void WriteValue(CXmlWriter* writer) const;
-  void ProcessAttributesToXml(const CSerializationContext& ctx, CXmlWriter* writer) const;
+  void WriteMembers(const QvXmlLib16Data::CParentElementInfo& classInfo, CXmlWriter* writer,
+                    const CSerializationContext& ctx, bool optional) const;
+  void WriteValue(const QvXmlLib16Data::CParentElementInfo& classInfo, CXmlWriter* writer) const;
+  void ProcessAttributesToXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                              const CSerializationContext& ctx, CXmlWriter* writer) const;
   void ProcessElementSeqToXml(const CSerializationContext& ctx, CXmlWriter* writer) const;
   void ProcessElementChoiceToXml(const CSerializationContext& ctx, CXmlWriter* writer,
                                  bool optional) const;

@@ -109,21 +109,11 @@ void QvVariant::MoveValue(QvVariant& other) noexcept {
   m_type = std::exchange(other.m_type, ItemType_none);
 }
 
-void QvVariant::SetInvalid() { Clear(); }
-
 void QvVariant::SetNil() {
   const ItemType type = m_type;
   Clear();
   m_type = type;
   m_isNil = true;
-}
-
-void QvVariant::Clear() {
-  if (m_ownership != Ownership::None) ReleaseValue();
-  m_slot = 0;
-  m_isNil = false;
-  m_isOffered = false;
-  m_type = ItemType_none;
 }
 
 std::string QvVariant::GetType() const {

@@ -48,12 +48,18 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   /// True when there is a tag or the nil flag is set.
   bool IsValid() const { return m_type != ItemType_none || m_isNil; }
   /// Releases the value; neither tag nor nil flag remain.
-  void SetInvalid();
+  void SetInvalid() { Clear(); }
   bool IsNil() const { return m_isNil; }
   /// Releases the value and sets the nil flag; the tag stays, so a nil value still knows its type.
   void SetNil();
   /// Releases the value and resets the nil flag and the tag.
-  void Clear();
+  void Clear() {
+    if (m_ownership != Ownership::None) ReleaseValue();
+    m_slot = 0;
+    m_isNil = false;
+    m_isOffered = false;
+    m_type = ItemType_none;
+  }
   /// The tag; ItemType_none when invalid.
   ItemType GetItemType() const { return m_type; }
   /// Name of the tag, for example "datetime"; throws CQvException "Invalid Type %d" for an invalid
