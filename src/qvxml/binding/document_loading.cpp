@@ -56,6 +56,12 @@ void CXmlDocument::Init(ElementCompleteCallback callback, const CSerializationCo
 
 bool CXmlDocument::StripsCDATA() const { return m_context->GetStripCDATA(); }
 
+bool CXmlDocument::RefusesDocumentType() const {
+  return m_refuseDocumentType || m_context->GetRefuseDocumentType();
+}
+
+unsigned CXmlDocument::GetMaxAmplification() const { return m_context->GetMaxAmplification(); }
+
 // The copy was made before: the source may be text of the tree that goes now.
 void CXmlDocument::SetInput(CBinaryData&& input) {
   Cleanup();
@@ -90,7 +96,9 @@ void CXmlDocument::Load(const char* path) {
 }
 
 void CXmlDocument::Parse() {
-  if (CQvZip::IsCompressed(m_input)) m_input = CQvZip::Decompress(m_input);
+  if (CQvZip::IsCompressed(m_input)) {
+    m_input = CQvZip::Decompress(m_input, m_context->GetMaxDecompressedSize());
+  }
   if (!ParseFastInfoset()) ParseText();
 }
 

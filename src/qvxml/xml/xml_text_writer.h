@@ -48,6 +48,10 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// Whether text is written that is the default value of its element; initially false.
   bool GetWriteDefaultElementValues() const noexcept { return m_writesDefaultElementValues; }
   void SetWriteDefaultElementValues(bool write) noexcept { m_writesDefaultElementValues = write; }
+  /// Whether text that begins with "<![CDATA[" is written as it is; initially true. Without it all
+  /// text is escaped, so that none can become markup.
+  bool GetWriteCDATA() const noexcept { return m_writesCDATA; }
+  void SetWriteCDATA(bool write) noexcept { m_writesCDATA = write; }
 
   // The document.
 
@@ -74,8 +78,8 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// Writes the text of the innermost element; "" writes nothing, and neither does a default value
   /// unless they are to be written.
   ///
-  /// Text that begins with "<![CDATA[" is written as it is, whatever follows. Never pass text from
-  /// a source that is not trusted to be free of that beginning: it can hold any markup.
+  /// Text that begins with "<![CDATA[" is written as it is, whatever follows, so it can hold any
+  /// markup: SetWriteCDATA(false) where text comes from a source that is not trusted.
   void WriteString(const std::string& text, ItemType type, bool isDefaultValue) override;
   void WriteEndElement() override;
   /// Writes text as it is, with an end of line when formatting. It must be well-formed content; an
@@ -122,6 +126,7 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   std::string m_eol = "\n";
   EOLType m_eolType = EOL_LF;
   bool m_isFormatted = true;
+  bool m_writesCDATA = true;
   CTextStream& m_stream;
   // The value of an xsi:type attribute.
   std::string m_typeValue;
