@@ -158,7 +158,7 @@ TEST_F(CDocumentLoadingTest, ReportsDamagedAndExcessiveCompression) {
   const unsigned long limit = CQvZip::GetMaxDecompressedSize();
   CQvZip::SetMaxDecompressedSize(50000);
   EXPECT_QV_THROW(document.LoadXmlStream(data.GetData(), data.GetLength()), CQvException,
-                  "Failed to decompress data. [Error Code: -5]");
+                  "Failed to decompress data. The limit of 50000 bytes was exceeded.");
   CQvZip::SetMaxDecompressedSize(limit);
   document.LoadXmlStream(data.GetData(), data.GetLength());
   EXPECT_EQ(document.GetDocumentElement()->GetText(), std::string(100000, ' '));

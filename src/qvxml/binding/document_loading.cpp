@@ -38,6 +38,12 @@ void CXmlDocument::Init(ElementCompleteCallback callback, const CSerializationCo
 
 bool CXmlDocument::StripsCDATA() const { return m_context->GetStripCDATA(); }
 
+bool CXmlDocument::RefusesDocumentType() const {
+  return m_refuseDocumentType || m_context->GetRefuseDocumentType();
+}
+
+unsigned CXmlDocument::GetMaxAmplification() const { return m_context->GetMaxAmplification(); }
+
 void CXmlDocument::SetInput(CBinaryData&& input) {
   Cleanup();
   TakeInput(std::move(input));
@@ -89,7 +95,7 @@ void CXmlDocument::Load(const char* path) {
 void CXmlDocument::Parse() {
   if (CQvZip::IsCompressed(m_input, m_inputLength)) {
     if (m_ownInput.GetLength() == 0) m_ownInput = CBinaryData(m_input, m_inputLength);
-    TakeInput(CQvZip::Decompress(m_ownInput));
+    TakeInput(CQvZip::Decompress(m_ownInput, m_context->GetMaxDecompressedSize()));
   }
   if (!ParseFastInfoset()) ParseText();
 }

@@ -82,6 +82,10 @@ void CXmlCollection::Clear() {
 void CXmlCollection::Remove(int index) {
   RaiseRemove(index);
   CheckIndex(index, GetCount());
+  TakeOut(index);
+}
+
+void CXmlCollection::TakeOut(int index) {
   const auto position = m_items.begin() + index;
   const CSmartPtr<CXmlObjectBase> removed = std::move(*position);
   m_items.erase(position);
@@ -89,9 +93,17 @@ void CXmlCollection::Remove(int index) {
 }
 
 void CXmlCollection::Remove(const CXmlObjectBase* item) {
+  const int index = RequireIndex(item);
+  // Looked for again, as a listener may change the collection; held, so that it is the same object.
+  const CSmartPtr<CXmlObjectBase> removed = m_items[static_cast<size_t>(index)];
+  RaiseRemove(index);
+  TakeOut(RequireIndex(item));
+}
+
+int CXmlCollection::RequireIndex(const CXmlObjectBase* item) const {
   const int index = Find(item);
   if (index < 0) throw CQvInvalidParamException("The object was not found in the collection");
-  Remove(index);
+  return index;
 }
 
 void CXmlCollection::ToXml_Int(CXmlWriter* writer, bool, const char*,

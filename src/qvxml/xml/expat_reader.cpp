@@ -2,10 +2,18 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <type_traits>
 #include <utility>
 
+// The header shows the limits on entities to those who say that the parser knows entities.
+#ifndef XML_DTD
+#define XML_DTD 1
+#endif
+#ifndef XML_GE
+#define XML_GE 1
+#endif
 #include <expat.h>
 
 #include "qvxml/core/exception.h"
@@ -67,10 +75,22 @@ void CExpatReader::CreateParser() {
   if (!m_document.StripsCDATA()) {
     XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
   }
+  if (m_document.RefusesDocumentType()) {
+    XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
+  }
+  SetEntityLimit();
+}
+
+// The parser's own limit, on what entities expand to, is past the same 8 MiB.
+void CExpatReader::SetEntityLimit() {
+  const unsigned ratio = m_document.GetMaxAmplification();
+  XML_SetBillionLaughsAttackProtectionMaximumAmplification(
+      m_parser, ratio != 0 ? static_cast<float>(ratio) : std::numeric_limits<float>::max());
 }
 
 void CExpatReader::Parse(bool isFinal) {
-  m_repetitionLimit = detail::RepetitionLimit(m_document.m_inputLength);
+  m_repetitionLimit =
+      detail::RepetitionLimit(m_document.m_inputLength, m_document.GetMaxAmplification());
   const bool isParsed = Feed(isFinal);
   if (!isParsed) {
     FlushOpenText();
@@ -102,6 +122,11 @@ bool CExpatReader::Feed(bool isFinal) {
 
 void CExpatReader::ThrowParseError(int code) const {
   throw CQvException(FormatString("%s at line %lu", XML_ErrorString(static_cast<XML_Error>(code)),
+                                  static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
+}
+
+void CExpatReader::ThrowDocumentTypeRefused() const {
+  throw CQvException(FormatString("The document type declaration is refused at line %lu",
                                   static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
 }
 
@@ -265,6 +290,10 @@ void CExpatReader::FnStartCDATA(void* userData) {
 
 void CExpatReader::FnEndCDATA(void* userData) {
   Guard(userData, [](CExpatReader& reader) { reader.AppendOpenText("]]>"); });
+}
+
+void CExpatReader::FnStartDocumentType(void* userData, const char*, const char*, const char*, int) {
+  Guard(userData, [](CExpatReader& reader) { reader.ThrowDocumentTypeRefused(); });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri) {

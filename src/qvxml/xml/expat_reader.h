@@ -28,8 +28,8 @@ struct CXmlName;   // xml/node_arena_internal.h
 /// length of a parse.
 ///
 /// Input that makes the parser repeat itself (nested entities, long attribute defaults, long
-/// namespace URIs) is refused once the result exceeds a hundred times the input and 8 MiB. External
-/// entities are never fetched.
+/// namespace URIs) is refused once the result exceeds 8 MiB and as many times the input as the
+/// context allows, a hundred at first. External entities are never fetched.
 class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
  public:
   explicit CExpatReader(CXmlDocument& document);
@@ -55,6 +55,8 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   static void FnText(void* userData, const char* text, int length);
   static void FnStartCDATA(void* userData);
   static void FnEndCDATA(void* userData);
+  static void FnStartDocumentType(void* userData, const char* name, const char* systemId,
+                                  const char* publicId, int hasInternalSubset);
   static void FnStartNamespace(void* userData, const char* prefix, const char* uri);
   static void FnEndNamespace(void* userData, const char* prefix);
   template <class TAction>
@@ -78,6 +80,8 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   void WidenOpenText(size_t length);
   void FlushOpenText();
   void ChargeRepetition(size_t bytes);
+  void SetEntityLimit();
+  [[noreturn]] void ThrowDocumentTypeRefused() const;
 
   CXmlDocument& m_document;
   detail::CNodeArena* m_arena = nullptr;

@@ -40,7 +40,7 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
 
   // Construction. The context must outlive the document; without one
   // CSerializationContext::m_defaultContext serves. The schema kind is taken from it at once,
-  // StripCDATA at each load. A null callback is none.
+  // StripCDATA and the limits at each load. A null callback is none.
 
   CXmlDocument();
   explicit CXmlDocument(const CSerializationContext& context);
@@ -52,6 +52,11 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
 
   /// Destroys the elements and forgets the prefixes; every load begins with it.
   virtual void Cleanup();
+
+  /// Whether loads of this document refuse a document type declaration, whatever its context says;
+  /// see CSerializationContext::SetRefuseDocumentType. False at first.
+  bool GetRefuseDocumentType() const noexcept { return m_refuseDocumentType; }
+  void SetRefuseDocumentType(bool value) noexcept { m_refuseDocumentType = value; }
 
   // Loading. Throws CQvException "%s at line %d", the parser's text and the line counted from 1,
   // for malformed XML. The input's own byte-order mark or declaration tells its encoding. It may be
@@ -121,6 +126,8 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   // Defined in binding/document_loading.cpp.
   void Init(ElementCompleteCallback callback, const CSerializationContext& context);
   bool StripsCDATA() const;
+  bool RefusesDocumentType() const;
+  unsigned GetMaxAmplification() const;
   void SetInput(CBinaryData&& input);
   void TakeInput(CBinaryData&& input);
   void BorrowInput(const void* source, size_t length);
@@ -156,6 +163,7 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   ElementCompleteCallback m_callback = nullptr;
   const CSerializationContext* m_context = nullptr;
   bool m_usesNamespaces = true;
+  bool m_refuseDocumentType = false;
   detail::CNodeArena* m_arena = nullptr;
 };
 
