@@ -20,6 +20,16 @@ namespace QvXmlLib16 {
 
 namespace {
 
+// Smaller files are parsed faster in one piece.
+constexpr size_t kLargeFile = size_t{32} << 20;
+// The longest of what may stand before a Fast Infoset document, and its first bytes.
+constexpr size_t kFormatBytes = 256;
+
+bool IsPlainText(const CBinaryData& start) {
+  return !CQvZip::IsCompressed(start) &&
+         !CFastInfosetReader::IsFastInfoset(start.GetData(), start.GetLength());
+}
+
 CBinaryData CopyOf(const void* source, size_t length) {
   if (source == nullptr || length == 0) return CBinaryData();
   std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
@@ -85,7 +95,9 @@ void CXmlDocument::LoadXmlStream(const unsigned char* data, unsigned long length
 void CXmlDocument::Load(const char* path) {
   const std::string ownPath = path != nullptr ? path : "";
   Cleanup();
-  m_input = detail::ReadFile(ownPath);
+  detail::CInputFile file(ownPath);
+  if (file.GetSize() > kLargeFile && IsPlainText(file.Peek(kFormatBytes))) return ParsePieces(file);
+  m_input = file.ReadAll();
   Parse();
 }
 
@@ -121,6 +133,13 @@ void CXmlDocument::ParseText() {
   CExpatReader reader(*this);
   reader.CreateParser();
   reader.Parse(true);
+}
+
+void CXmlDocument::ParsePieces(detail::CInputFile& file) {
+  const CEndOfParse endOfParse(*this);
+  CExpatReader reader(*this);
+  reader.CreateParser();
+  reader.Parse(file);
 }
 
 }  // namespace QvXmlLib16

@@ -11,6 +11,7 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
+#include "qvxml/xml/byte_source_internal.h"
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/repetition_limit_internal.h"
@@ -68,13 +69,19 @@ void CExpatReader::CreateParser() {
 
 void CExpatReader::Parse(bool isFinal) {
   m_repetitionLimit = detail::RepetitionLimit(m_document.m_input.GetLength());
-  const bool isParsed = Feed(isFinal);
-  if (!isParsed) {
-    FlushOpenText();
-    if (m_failure != nullptr) std::rethrow_exception(m_failure);
-    ThrowParseError(XML_GetErrorCode(m_parser));
-  }
+  if (!Feed(isFinal)) ThrowFailure();
   if (isFinal) Cleanup();
+}
+
+void CExpatReader::Parse(detail::IByteSource& input) {
+  if (!Feed(input)) ThrowFailure();
+  Cleanup();
+}
+
+void CExpatReader::ThrowFailure() {
+  FlushOpenText();
+  if (m_failure != nullptr) std::rethrow_exception(m_failure);
+  ThrowParseError(XML_GetErrorCode(m_parser));
 }
 
 bool CExpatReader::Feed(bool isFinal) {
@@ -90,11 +97,36 @@ bool CExpatReader::Feed(bool isFinal) {
     }
     position += count;
     if (position == length) return true;
-    // A token that did not fit is read again from its start, so pieces grow with it.
-    const size_t parsed = static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
-    const bool isStuck = position - parsed > piece / 2;
-    piece = isStuck ? std::min(2 * piece, kMaxPiece) : firstPiece;
+    piece = NextPiece(piece, firstPiece, position);
   }
+}
+
+bool CExpatReader::Feed(detail::IByteSource& input) {
+  size_t piece = kFirstPiece;
+  for (size_t position = 0;;) {
+    void* const room = XML_GetBuffer(m_parser, static_cast<int>(piece));
+    if (room == nullptr) return false;
+    size_t count = 0;
+    try {
+      count = input.Read(room, piece);
+    } catch (...) {
+      m_failure = std::current_exception();
+      return false;
+    }
+    position += count;
+    m_repetitionLimit = detail::RepetitionLimit(position);
+    const bool isLast = count < piece;
+    if (XML_ParseBuffer(m_parser, static_cast<int>(count), isLast) != XML_STATUS_OK) return false;
+    if (isLast) return true;
+    piece = NextPiece(piece, kFirstPiece, position);
+  }
+}
+
+// A token that did not fit is read again from its start, so pieces grow with it.
+size_t CExpatReader::NextPiece(size_t piece, size_t smallest, size_t fed) const {
+  const size_t parsed = static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
+  const bool isStuck = fed - parsed > piece / 2;
+  return isStuck ? std::min(2 * piece, kMaxPiece) : smallest;
 }
 
 void CExpatReader::ThrowParseError(int code) const {
