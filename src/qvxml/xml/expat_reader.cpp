@@ -32,8 +32,12 @@ namespace {
 // a tenth of the time: large inputs come in pieces.
 constexpr size_t kLargeInput = size_t{32} << 20;
 constexpr size_t kFirstPiece = size_t{1} << 20;
-// Its int lengths, doubled inside, can hold this.
-constexpr size_t kMaxPiece = size_t{1} << 30;
+// What the parser has not finished with is kept, with some context, in a buffer that it doubles up
+// to this.
+constexpr size_t kMaxBuffer = size_t{1} << 30;
+constexpr size_t kMaxContext = 4096;
+// So much of that must be free for going on.
+constexpr size_t kMaxToken = kMaxBuffer - (size_t{64} << 20);
 
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
@@ -123,10 +127,19 @@ bool CExpatReader::Feed(detail::IByteSource& input) {
 }
 
 // A token that did not fit is read again from its start, so pieces grow with it.
-size_t CExpatReader::NextPiece(size_t piece, size_t smallest, size_t fed) const {
-  const size_t parsed = static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
-  const bool isStuck = fed - parsed > piece / 2;
-  return isStuck ? std::min(2 * piece, kMaxPiece) : smallest;
+size_t CExpatReader::NextPiece(size_t piece, size_t smallest, size_t fed) {
+  const size_t unparsed = fed - static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
+  if (unparsed <= piece / 2) return smallest;
+  if (unparsed > kMaxToken) ThrowTokenTooLong();
+  return std::min(2 * piece, kMaxBuffer - kMaxContext - unparsed);
+}
+
+void CExpatReader::ThrowTokenTooLong() {
+  FlushOpenText();
+  throw CQvException(
+      FormatString("A tag, a comment or the like is longer than %lu bytes at line %lu",
+                   static_cast<unsigned long>(kMaxToken),
+                   static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
 }
 
 void CExpatReader::ThrowParseError(int code) const {

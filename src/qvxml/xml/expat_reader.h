@@ -31,6 +31,9 @@ struct CXmlName;    // xml/node_arena_internal.h
 /// Input that makes the parser repeat itself (nested entities, long attribute defaults, long
 /// namespace URIs) is refused once the result exceeds a hundred times the input and 8 MiB. External
 /// entities are never fetched.
+///
+/// Documents and texts may be of any length. Tags, comments, processing instructions and literals
+/// of a document type declaration may be 960 MiB long.
 class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
  public:
   explicit CExpatReader(CXmlDocument& document);
@@ -66,8 +69,9 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
 
   bool Feed(bool isFinal);
   bool Feed(detail::IByteSource& input);
-  size_t NextPiece(size_t piece, size_t smallest, size_t fed) const;
+  size_t NextPiece(size_t piece, size_t smallest, size_t fed);
   [[noreturn]] void ThrowFailure();
+  [[noreturn]] void ThrowTokenTooLong();
   [[noreturn]] void ThrowParseError(int code) const;
   void Cleanup() noexcept;
 
