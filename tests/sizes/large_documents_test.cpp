@@ -256,6 +256,8 @@ TEST(LargeDocuments, CollectionsCountBeyondInt) {
                 CWhitespaceUtils::ws_collapse);
   for (size_t i = 0; i < count; ++i) items.Add(7);
   EXPECT_EQ(items.GetCount(), static_cast<long>(count));
+  EXPECT_QV_THROW(items.Item(-1), CQvInvalidParamException,
+                  "Index -1 is out of range, use 0 - " + std::to_string(count));
 }
 
 }  // namespace
