@@ -17,6 +17,20 @@
 
 namespace QvXmlLib16 {
 
+namespace {
+
+// Smaller files are parsed faster in one piece.
+constexpr size_t kLargeFile = size_t{32} << 20;
+// The longest of what may stand before a Fast Infoset document, and its first bytes.
+constexpr size_t kFormatBytes = 256;
+
+bool IsPlainText(const CBinaryData& start) {
+  return !CQvZip::IsCompressed(start) &&
+         !CFastInfosetReader::IsFastInfoset(start.GetData(), start.GetLength());
+}
+
+}  // namespace
+
 CXmlDocument::CXmlDocument() { Init(nullptr, CSerializationContext::m_defaultContext); }
 
 CXmlDocument::CXmlDocument(const CSerializationContext& context) { Init(nullptr, context); }
@@ -88,7 +102,9 @@ void CXmlDocument::LoadXmlStream(const unsigned char* data, unsigned long length
 void CXmlDocument::Load(const char* path) {
   const std::string ownPath = path != nullptr ? path : "";
   Cleanup();
-  TakeInput(detail::ReadFile(ownPath));
+  detail::CInputFile file(ownPath);
+  if (file.GetSize() > kLargeFile && IsPlainText(file.Peek(kFormatBytes))) return ParsePieces(file);
+  TakeInput(file.ReadAll());
   Parse();
 }
 
@@ -127,6 +143,13 @@ void CXmlDocument::ParseText() {
   CExpatReader reader(*this);
   reader.CreateParser();
   reader.Parse(true);
+}
+
+void CXmlDocument::ParsePieces(detail::CInputFile& file) {
+  const CEndOfParse endOfParse(*this);
+  CExpatReader reader(*this);
+  reader.CreateParser();
+  reader.Parse(file);
 }
 
 }  // namespace QvXmlLib16

@@ -117,7 +117,7 @@ void CXmlCollectionBase::CheckIndex(int index, long limit) const {
   if (index >= 0 && index < limit) return;
   // Kept: the upper figure is the number of items, also where the last index is one less.
   throw CQvInvalidParamException(
-      FormatString("Index %d is out of range, use 0 - %d", index, static_cast<int>(GetCount())));
+      FormatString("Index %d is out of range, use 0 - %ld", index, GetCount()));
 }
 
 bool CXmlCollectionBase::IsItemElement(const CSerializationContext& ctx,

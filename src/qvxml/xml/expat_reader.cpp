@@ -19,6 +19,7 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
+#include "qvxml/xml/byte_source_internal.h"
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/repetition_limit_internal.h"
@@ -40,8 +41,12 @@ namespace {
 // a tenth of the time: large inputs come in pieces.
 constexpr size_t kLargeInput = size_t{32} << 20;
 constexpr size_t kFirstPiece = size_t{1} << 20;
-// Its int lengths, doubled inside, can hold this.
-constexpr size_t kMaxPiece = size_t{1} << 30;
+// What the parser has not finished with is kept, with some context, in a buffer that it doubles up
+// to this.
+constexpr size_t kMaxBuffer = size_t{1} << 30;
+constexpr size_t kMaxContext = 4096;
+// So much of that must be free for going on.
+constexpr size_t kMaxToken = kMaxBuffer - (size_t{64} << 20);
 
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
@@ -91,13 +96,19 @@ void CExpatReader::SetEntityLimit() {
 void CExpatReader::Parse(bool isFinal) {
   m_repetitionLimit =
       detail::RepetitionLimit(m_document.m_inputLength, m_document.GetMaxAmplification());
-  const bool isParsed = Feed(isFinal);
-  if (!isParsed) {
-    FlushOpenText();
-    if (m_failure != nullptr) std::rethrow_exception(m_failure);
-    ThrowParseError(XML_GetErrorCode(m_parser));
-  }
+  if (!Feed(isFinal)) ThrowFailure();
   if (isFinal) Cleanup();
+}
+
+void CExpatReader::Parse(detail::IByteSource& input) {
+  if (!Feed(input)) ThrowFailure();
+  Cleanup();
+}
+
+void CExpatReader::ThrowFailure() {
+  FlushOpenText();
+  if (m_failure != nullptr) std::rethrow_exception(m_failure);
+  ThrowParseError(XML_GetErrorCode(m_parser));
 }
 
 bool CExpatReader::Feed(bool isFinal) {
@@ -113,11 +124,45 @@ bool CExpatReader::Feed(bool isFinal) {
     }
     position += count;
     if (position == length) return true;
-    // A token that did not fit is read again from its start, so pieces grow with it.
-    const size_t parsed = static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
-    const bool isStuck = position - parsed > piece / 2;
-    piece = isStuck ? std::min(2 * piece, kMaxPiece) : firstPiece;
+    piece = NextPiece(piece, firstPiece, position);
   }
+}
+
+bool CExpatReader::Feed(detail::IByteSource& input) {
+  size_t piece = kFirstPiece;
+  for (size_t position = 0;;) {
+    void* const room = XML_GetBuffer(m_parser, static_cast<int>(piece));
+    if (room == nullptr) return false;
+    size_t count = 0;
+    try {
+      count = input.Read(room, piece);
+    } catch (...) {
+      m_failure = std::current_exception();
+      return false;
+    }
+    position += count;
+    m_repetitionLimit = detail::RepetitionLimit(position, m_document.GetMaxAmplification());
+    const bool isLast = count < piece;
+    if (XML_ParseBuffer(m_parser, static_cast<int>(count), isLast) != XML_STATUS_OK) return false;
+    if (isLast) return true;
+    piece = NextPiece(piece, kFirstPiece, position);
+  }
+}
+
+// A token that did not fit is read again from its start, so pieces grow with it.
+size_t CExpatReader::NextPiece(size_t piece, size_t smallest, size_t fed) {
+  const size_t unparsed = fed - static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
+  if (unparsed <= piece / 2) return smallest;
+  if (unparsed > kMaxToken) ThrowTokenTooLong();
+  return std::min(2 * piece, kMaxBuffer - kMaxContext - unparsed);
+}
+
+void CExpatReader::ThrowTokenTooLong() {
+  FlushOpenText();
+  throw CQvException(
+      FormatString("A tag, a comment or the like is longer than %lu bytes at line %lu",
+                   static_cast<unsigned long>(kMaxToken),
+                   static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
 }
 
 void CExpatReader::ThrowParseError(int code) const {

@@ -20,8 +20,9 @@ class CXmlDocument;  // xml/xml_document.h
 class CXmlElement;   // xml/xml_element.h
 
 namespace detail {
-class CNodeArena;  // xml/node_arena_internal.h
-struct CXmlName;   // xml/node_arena_internal.h
+class IByteSource;  // xml/byte_source_internal.h
+class CNodeArena;   // xml/node_arena_internal.h
+struct CXmlName;    // xml/node_arena_internal.h
 }  // namespace detail
 
 /// Reads the input of one document, once. Documents make their own; it lives on the stack for the
@@ -30,6 +31,9 @@ struct CXmlName;   // xml/node_arena_internal.h
 /// Input that makes the parser repeat itself (nested entities, long attribute defaults, long
 /// namespace URIs) is refused once the result exceeds 8 MiB and as many times the input as the
 /// context allows, a hundred at first. External entities are never fetched.
+///
+/// Documents and texts may be of any length. Tags, comments, processing instructions and literals
+/// of a document type declaration may be 960 MiB long.
 class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
  public:
   explicit CExpatReader(CXmlDocument& document);
@@ -45,6 +49,9 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   /// Throws CQvException "%s at line %d", the parser's text and the line counted from 1, and what
   /// the document's callback threw. The document then keeps what was read before.
   void Parse(bool isFinal);
+  /// The same for input that is not the document's: parses it to its end, piece by piece. Throws
+  /// what reading it throws, too.
+  void Parse(detail::IByteSource& input);
 
  private:
   friend class TInstanceCounted<CExpatReader>;
@@ -63,6 +70,10 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   static void Guard(void* userData, const TAction& action) noexcept;
 
   bool Feed(bool isFinal);
+  bool Feed(detail::IByteSource& input);
+  size_t NextPiece(size_t piece, size_t smallest, size_t fed);
+  [[noreturn]] void ThrowFailure();
+  [[noreturn]] void ThrowTokenTooLong();
   [[noreturn]] void ThrowParseError(int code) const;
   void Cleanup() noexcept;
 

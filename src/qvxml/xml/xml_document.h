@@ -18,6 +18,10 @@ namespace QvXmlLib16 {
 
 class CSerializationContext;  // binding/serialization_context.h
 
+namespace detail {
+class CInputFile;  // binding/file_input_internal.h
+}
+
 namespace detail::fi {
 class CDecoder;  // fastinfoset/fi_decoder_internal.h
 }
@@ -73,6 +77,9 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   /// [%s].", "Failed to get the size of the file [%s] Error [%n]" when it is no regular file, or
   /// "Failed to read the contents of the file [%s] Error [%n]"; the error stands for the stream's
   /// error indicator.
+  ///
+  /// Large files of plain XML are read as they are parsed, so that with the callback a file of any
+  /// size needs little memory. The text between elements that it removes stays with their parent.
   void Load(const char* path);
 
   // Loading JSON, which is turned into XML text as the context's JSON options tell: the tree is the
@@ -135,6 +142,7 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   class CEndOfParse;
   bool ParseFastInfoset();
   void ParseText();
+  void ParsePieces(detail::CInputFile& file);
   // Defined in binding/json_loading.cpp.
   template <class TConvert>
   CBinaryData ParseJson(const TConvert& convert);

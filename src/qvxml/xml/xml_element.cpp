@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <new>
 #include <utility>
 #include <vector>
 
+#include "qvxml/core/exception.h"
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/xml_building_internal.h"
@@ -156,6 +158,9 @@ void CXmlElement::AppendText(const char* text) {
 
 void CXmlElement::ReserveAttributes(CNodeArena& arena, size_t count) {
   if (m_attributes != nullptr && count <= m_attributes->capacity) return;
+  if (count > std::numeric_limits<uint32_t>::max()) {
+    throw CQvException("An element has too many attributes.");
+  }
   auto* block = ::new (arena.Allocate(CAttributeBlock::Bytes(count)))
       CAttributeBlock{0, static_cast<uint32_t>(count)};
   if (m_attributes != nullptr) {
