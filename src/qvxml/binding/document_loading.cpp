@@ -24,9 +24,7 @@ CBinaryData CopyOf(const void* source, size_t length) {
   if (source == nullptr || length == 0) return CBinaryData();
   std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
   std::memcpy(bytes.get(), source, length);
-  CBinaryData data(bytes.get(), length, true);
-  bytes.release();
-  return data;
+  return CBinaryData(bytes.release(), length, true);
 }
 
 CBinaryData CopyOf(const char* text) {

@@ -52,9 +52,7 @@ CBinaryData ReadFile(const std::string& path) {
     throw CQvException(FormatString("Failed to read the contents of the file [%s] Error [%d]",
                                     path.c_str(), std::ferror(file.get())));
   }
-  CBinaryData data(bytes.get(), size, true);
-  bytes.release();
-  return data;
+  return CBinaryData(bytes.release(), size, true);
 }
 
 }  // namespace QvXmlLib16::detail
