@@ -1,6 +1,7 @@
 #include "qvxml/xml/expat_reader.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <type_traits>
@@ -37,6 +38,20 @@ constexpr size_t kMaxPiece = size_t{1} << 30;
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
 
+// The parser does not report every allocation that fails: it may say that a prefix is unbound, or
+// nothing. So it allocates through functions that take note, each thread for itself.
+constinit thread_local bool t_isMemoryShort = false;
+
+void* TakeNote(void* block) noexcept {
+  if (block == nullptr) t_isMemoryShort = true;
+  return block;
+}
+
+constexpr XML_Memory_Handling_Suite kMemory = {
+    [](size_t size) { return TakeNote(std::malloc(size)); },
+    [](void* block, size_t size) { return TakeNote(std::realloc(block, size)); },
+    [](void* block) { std::free(block); }};
+
 }  // namespace
 
 constinit CInstanceCounter CExpatReader::s_instances("CExpatReader");
@@ -53,8 +68,9 @@ void CExpatReader::Cleanup() noexcept {
 void CExpatReader::CreateParser() {
   Cleanup();
   const char* encoding = m_document.m_inputEncoding;
-  m_parser = m_document.m_usesNamespaces ? XML_ParserCreateNS(encoding, detail::kNameSeparator)
-                                         : XML_ParserCreate(encoding);
+  const char separator[] = {detail::kNameSeparator, '\0'};
+  m_parser =
+      XML_ParserCreate_MM(encoding, &kMemory, m_document.m_usesNamespaces ? separator : nullptr);
   if (m_parser == nullptr) throw std::bad_alloc();
   m_arena = &m_document.Arena();
   XML_SetUserData(m_parser, this);
@@ -68,11 +84,16 @@ void CExpatReader::CreateParser() {
 
 void CExpatReader::Parse(bool isFinal) {
   m_repetitionLimit = detail::RepetitionLimit(m_document.m_input.GetLength());
+  // A callback may parse another document meanwhile.
+  const bool wasMemoryShort = std::exchange(t_isMemoryShort, false);
   const bool isParsed = Feed(isFinal);
-  if (!isParsed) {
+  const bool isMemoryShort = std::exchange(t_isMemoryShort, wasMemoryShort);
+  if (!isParsed || isMemoryShort) {
     FlushOpenText();
     if (m_failure != nullptr) std::rethrow_exception(m_failure);
-    ThrowParseError(XML_GetErrorCode(m_parser));
+    const XML_Error code = XML_GetErrorCode(m_parser);
+    if (isMemoryShort && code != XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+    ThrowParseError(code);
   }
   if (isFinal) Cleanup();
 }
