@@ -1,8 +1,10 @@
 #include "qvxml/core/locale_text.h"
 
+#include <cerrno>
 #include <climits>
 #include <cstring>
 #include <cwchar>
+#include <new>
 #include <utility>
 
 #include <langinfo.h>
@@ -19,6 +21,8 @@ constexpr locale_t kNoLocale = static_cast<locale_t>(nullptr);
 locale_t InvariantLocale() {
   static const locale_t locale = [] {
     const locale_t utf8 = newlocale(LC_ALL_MASK, "C.UTF-8", kNoLocale);
+    // Tried again the next time: one moment without memory must not decide for good.
+    if (utf8 == kNoLocale && errno == ENOMEM) throw std::bad_alloc();
     return utf8 != kNoLocale ? utf8 : newlocale(LC_ALL_MASK, "C", kNoLocale);
   }();
   return locale;
