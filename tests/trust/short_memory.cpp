@@ -42,6 +42,8 @@ constexpr std::string_view kReportsOfShortMemory[] = {
 };
 
 bool ReportsShortMemory(const std::string& message) {
+  // Without machine code a pattern's limit is met earlier.
+  if (message.find("match limit of ") != message.npos) return true;
   return std::any_of(
       std::begin(kReportsOfShortMemory), std::end(kReportsOfShortMemory),
       [&](std::string_view text) { return message.compare(0, text.size(), text) == 0; });
@@ -87,6 +89,11 @@ long CountDescriptors() {
 
 long g_injections = 0;
 
+int CountFailures() {
+  const auto* const result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
+  return result->total_part_count();
+}
+
 enum class Shortage { Once, ForEver, UntilDestroyed };
 
 class Runner {
@@ -108,9 +115,10 @@ class Runner {
   void Run(long number, Shortage shortage) {
     const long liveBlocks = FailingAllocator::CountLiveBlocks();
     const long liveObjects = CInstanceMonitor::GetTotal();
+    const int failures = CountFailures();
     RunOnce(number, shortage);
     // A failure that is reported keeps memory itself.
-    if (::testing::Test::HasFailure()) return;
+    if (CountFailures() != failures) return;
     EXPECT_EQ(FailingAllocator::CountLiveBlocks(), liveBlocks) << "blocks";
     if (CInstanceMonitor::GetTotal() != liveObjects) {
       std::string dump;
@@ -174,7 +182,8 @@ void RunShortOfMemory(const Scenario& scenario, long defaultPoints) {
   // Each scenario begins elsewhere, so that many of a kind together try more.
   long number = 1 + static_cast<long>(std::hash<std::string>()(scenario.name) %
                                       static_cast<unsigned long>(step));
-  for (; number <= count && !::testing::Test::HasFailure(); number += step) {
+  const int failures = CountFailures();
+  for (; number <= count && CountFailures() == failures; number += step) {
     for (const Shortage shortage : {Shortage::Once, Shortage::ForEver, Shortage::UntilDestroyed}) {
       SCOPED_TRACE("allocation " + std::to_string(number) + " of " + std::to_string(count) +
                    ", shortage " + std::to_string(static_cast<int>(shortage)));
