@@ -562,4 +562,29 @@ TEST_F(ShortMemoryCalls, AdditionsHappenOrNot) {
   }
 }
 
+// An entry that is not added leaves no trace: those that follow have the indices that a reader
+// counts.
+TEST_F(ShortMemoryCalls, VocabulariesKeepCount) {
+  const std::string names[] = {"a first name that needs a block",
+                               "a second name that needs a block",
+                               "a third name that needs a block"};
+  for (long number = 1; number < 40; ++number) {
+    CFIVocabulary vocabulary;
+    FailingAllocator::Arm(number, false);
+    for (const std::string& name : names) {
+      try {
+        vocabulary.AddLocalName(name);
+      } catch (const std::bad_alloc&) {
+      }
+    }
+    FailingAllocator::Disarm();
+    unsigned expected = 0;
+    for (const std::string& added : vocabulary.GetLocalNamesTable()) {
+      unsigned index = 0;
+      EXPECT_TRUE(vocabulary.FindLocalNameIndex(added, index)) << "allocation " << number;
+      EXPECT_EQ(index, ++expected) << "allocation " << number;
+    }
+  }
+}
+
 }  // namespace
