@@ -84,6 +84,8 @@ std::string WriteFailureOf(const std::string& path) {
   return "Failed to write data to the file [" + path + "].";
 }
 
+constexpr char kNothing[] = "nothing was thrown";
+
 // The messages below the outermost one. In the middle of a document a stream fails inside of the
 // object that is written.
 std::string DescribeCausesOf(const std::function<void()>& act) {
@@ -97,7 +99,7 @@ std::string DescribeCausesOf(const std::function<void()>& act) {
     }
     return text;
   }
-  return "nothing was thrown";
+  return kNothing;
 }
 
 std::string CausesOfStreamFailure(const std::string& path) {
@@ -318,6 +320,7 @@ TEST_F(Files, SignalsDoNotBreakADocumentInAPipe) {
     const std::string copy = folder.PathOf("copy");
     Write(format, copy);
     std::string received;
+    std::atomic<bool> isOpen{false};
     sigset_t alarm;
     sigset_t before;
     sigemptyset(&alarm);
@@ -326,6 +329,7 @@ TEST_F(Files, SignalsDoNotBreakADocumentInAPipe) {
     std::thread reader([&] {
       usleep(2000);
       const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+      isOpen = true;
       char bytes[30000];
       for (ssize_t count = 1; count > 0; usleep(1000)) {
         count = read(descriptor, bytes, sizeof bytes);
@@ -336,8 +340,12 @@ TEST_F(Files, SignalsDoNotBreakADocumentInAPipe) {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     {
       const SignalStorm storm;
-      Write(format, path);
+      EXPECT_EQ(DescribeCausesOf([&] { Write(format, path); }), kNothing);
     }
+    // A reader must not wait for a writer that has failed.
+    const int writer = open(path.c_str(), O_RDWR | O_CLOEXEC);
+    while (!isOpen) usleep(100);
+    close(writer);
     reader.join();
     EXPECT_EQ(received, ReadFile(copy));
   }
