@@ -3,8 +3,6 @@
 #ifndef QVXML_BINDING_FILE_INPUT_INTERNAL_H_
 #define QVXML_BINDING_FILE_INPUT_INTERNAL_H_
 
-#include <cstdio>
-#include <memory>
 #include <string>
 
 #include "qvxml/types/binary_data.h"
@@ -25,15 +23,23 @@ class CInputFile final : public IByteSource {
   CBinaryData Peek(size_t size);
 
  private:
-  struct CCloser {
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+  class CDescriptor {
+   public:
+    explicit CDescriptor(int descriptor) : m_descriptor(descriptor) {}
+    ~CDescriptor();
+    CDescriptor(const CDescriptor&) = delete;
+    CDescriptor& operator=(const CDescriptor&) = delete;
+    operator int() const { return m_descriptor; }
+
+   private:
+    const int m_descriptor;
   };
 
-  [[noreturn]] void ThrowUnreadable() const;
+  [[noreturn]] void ThrowUnreadable(bool isError) const;
 
   const std::string m_path;
-  std::unique_ptr<std::FILE, CCloser> m_file;
-  size_t m_left = 0;
+  const CDescriptor m_descriptor;
+  size_t m_left;
 };
 
 /// The bytes of a regular file.

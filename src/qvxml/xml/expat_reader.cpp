@@ -1,6 +1,7 @@
 #include "qvxml/xml/expat_reader.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -53,6 +54,33 @@ constexpr size_t kRepeatedNameShare = 4;
 
 constexpr size_t kFirstOpenText = 1024;
 
+// The parser does not report every allocation that fails: it may say that a prefix is unbound, or
+// nothing. So it allocates through functions that take note, each thread for itself.
+constinit thread_local bool t_isMemoryShort = false;
+
+void* TakeNote(void* block) noexcept {
+  if (block == nullptr) t_isMemoryShort = true;
+  return block;
+}
+
+// The note of one parse, beside that of a parse around it.
+class CShortMemoryNote {
+ public:
+  CShortMemoryNote() : m_before(std::exchange(t_isMemoryShort, false)) {}
+  ~CShortMemoryNote() { t_isMemoryShort = m_before; }
+  CShortMemoryNote(const CShortMemoryNote&) = delete;
+  CShortMemoryNote& operator=(const CShortMemoryNote&) = delete;
+  bool IsTaken() const { return t_isMemoryShort; }
+
+ private:
+  const bool m_before;
+};
+
+constexpr XML_Memory_Handling_Suite kMemory = {
+    [](size_t size) { return TakeNote(std::malloc(size)); },
+    [](void* block, size_t size) { return TakeNote(std::realloc(block, size)); },
+    [](void* block) { std::free(block); }};
+
 }  // namespace
 
 constinit CInstanceCounter CExpatReader::s_instances("CExpatReader");
@@ -69,8 +97,9 @@ void CExpatReader::Cleanup() noexcept {
 void CExpatReader::CreateParser() {
   Cleanup();
   const char* encoding = m_document.m_inputEncoding;
-  m_parser = m_document.m_usesNamespaces ? XML_ParserCreateNS(encoding, detail::kNameSeparator)
-                                         : XML_ParserCreate(encoding);
+  const char separator[] = {detail::kNameSeparator, '\0'};
+  m_parser =
+      XML_ParserCreate_MM(encoding, &kMemory, m_document.m_usesNamespaces ? separator : nullptr);
   if (m_parser == nullptr) throw std::bad_alloc();
   m_arena = &m_document.Arena();
   XML_SetUserData(m_parser, this);
@@ -93,22 +122,29 @@ void CExpatReader::SetEntityLimit() {
       m_parser, ratio != 0 ? static_cast<float>(ratio) : std::numeric_limits<float>::max());
 }
 
+template <class TFeed>
+void CExpatReader::NoteShortMemory(TFeed feed) {
+  // A callback may parse another document meanwhile.
+  const CShortMemoryNote note;
+  const bool isParsed = feed();
+  if (isParsed && !note.IsTaken()) return;
+  FlushOpenText();
+  if (m_failure != nullptr) std::rethrow_exception(m_failure);
+  const XML_Error code = XML_GetErrorCode(m_parser);
+  if (note.IsTaken() && code != XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+  ThrowParseError(code);
+}
+
 void CExpatReader::Parse(bool isFinal) {
   m_repetitionLimit =
       detail::RepetitionLimit(m_document.m_inputLength, m_document.GetMaxAmplification());
-  if (!Feed(isFinal)) ThrowFailure();
+  NoteShortMemory([&] { return Feed(isFinal); });
   if (isFinal) Cleanup();
 }
 
 void CExpatReader::Parse(detail::IByteSource& input) {
-  if (!Feed(input)) ThrowFailure();
+  NoteShortMemory([&] { return Feed(input); });
   Cleanup();
-}
-
-void CExpatReader::ThrowFailure() {
-  FlushOpenText();
-  if (m_failure != nullptr) std::rethrow_exception(m_failure);
-  ThrowParseError(XML_GetErrorCode(m_parser));
 }
 
 bool CExpatReader::Feed(bool isFinal) {

@@ -72,7 +72,8 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   bool Feed(bool isFinal);
   bool Feed(detail::IByteSource& input);
   size_t NextPiece(size_t piece, size_t smallest, size_t fed);
-  [[noreturn]] void ThrowFailure();
+  template <class TFeed>
+  void NoteShortMemory(TFeed feed);
   [[noreturn]] void ThrowTokenTooLong();
   [[noreturn]] void ThrowParseError(int code) const;
   void Cleanup() noexcept;
