@@ -104,54 +104,72 @@ inline bool HasRawText(const std::string& xml) {
   return xml.find("<![CDATA[") != std::string::npos;
 }
 
-inline void ExpectSame(const char* what, const std::string& actual, const std::string& expected) {
-  if (actual != expected) FuzzFailure(std::string(what) + "\n" + actual + "\nnot\n" + expected);
+/// Whether an object that was read is written; only what reading tolerates may be in the way, and
+/// bounds, which are checked in writing alone.
+template <class TWrite>
+bool IsWritten(uint8_t options, const TWrite& write) {
+  const std::string failure = FailureOf(write);
+  if (failure.empty()) return true;
+  if ((options & kIgnoreMissing) == 0 &&
+      failure.find("Invalid Value for count") == std::string::npos) {
+    FuzzFailure("not written: " + failure);
+  }
+  return false;
 }
 
-/// Reads what was written; false for a year, which is written without padding and without the sign
-/// and so may be refused.
-template <class TCall>
-bool IsReread(const TCall& read, const std::string& written) {
-  const std::string failure = FailureOf(read);
-  if (failure.empty()) return true;
+/// Whether a carriage return may be lost in writing; in the name of a namespace that makes another
+/// namespace. A length that looks like one counts too.
+inline bool MayHoldCarriageReturn(const ObjectPtr& object) {
+  const CSerializationContext ctx;
+  return TextOf(object->ToFastInfosetStream(FInfoDecl_None, ctx)).find('\r') != std::string::npos;
+}
+
+/// Whether the failure is that of a year, which is written without padding and without the sign.
+inline bool IsRefusedYear(const std::string& failure) {
   constexpr char kDate[] = "Invalid XSD Date [";
   const size_t date = failure.find(kDate);
-  if (date != std::string::npos) {
-    const size_t year = date + sizeof kDate - 1;
-    if (failure.find_first_not_of("0123456789", year) == failure.find(']', year)) return false;
-  }
-  FuzzFailure(failure + " in " + written);
+  if (date == std::string::npos) return false;
+  const size_t year = date + sizeof kDate - 1;
+  return failure.find_first_not_of("0123456789", year) == failure.find(']', year);
 }
 
-/// The XML text of the object must be read as an object with that text.
+/// What `read` makes of an object of the class must have the XML text of `object`.
+template <class TRead>
+void ExpectReread(const char* format, const ObjectPtr& object, uint8_t choice,
+                  const CSerializationContext& ctx, const TRead& read) {
+  const std::string xml = Settled(ToXml(object, ctx));
+  const ObjectPtr copy = Make(choice);
+  std::string outcome = FailureOf([&] { read(*copy); });
+  if (outcome.empty()) outcome = Settled(ToXml(copy, ctx));
+  if (outcome == xml || IsRefusedYear(outcome) || MayHoldCarriageReturn(object)) return;
+  FuzzFailure(std::string(format) + " became\n" + outcome + "\nnot\n" + xml);
+}
+
 inline void ExpectXmlReread(const ObjectPtr& object, uint8_t choice,
                             const CSerializationContext& ctx) {
-  const std::string xml = ToXml(object, ctx);
-  const ObjectPtr copy = Make(choice);
-  const CBinaryData bytes(reinterpret_cast<const unsigned char*>(xml.data()), xml.size());
-  if (!IsReread([&] { copy->FromXmlStream(bytes, ctx); }, xml)) return;
-  ExpectSame("XML became", Settled(ToXml(copy, ctx)), Settled(xml));
+  const CBinaryData xml = object->ToXmlStream(false, false, Encoding_UTF8, EOL_LF, ctx);
+  ExpectReread("XML", object, choice, ctx,
+               [&](CXmlObjectBase& copy) { copy.FromXmlStream(xml, ctx); });
 }
 
-/// The same for Fast Infoset, to the last octet.
+/// Expects the same octets too.
 inline void ExpectFastInfosetReread(const ObjectPtr& object, uint8_t choice,
                                     const CSerializationContext& ctx) {
   const CBinaryData octets = object->ToFastInfosetStream(FInfoDecl_None, ctx);
-  const ObjectPtr copy = Make(choice);
-  if (!IsReread([&] { copy->FromXmlStream(octets, ctx); }, ToXml(object, ctx))) return;
-  ExpectSame("Fast Infoset became", ToXml(copy, ctx), ToXml(object, ctx));
-  if (copy->ToFastInfosetStream(FInfoDecl_None, ctx) != octets) {
-    FuzzFailure("other octets for " + ToXml(object, ctx));
-  }
+  ExpectReread("Fast Infoset", object, choice, ctx, [&](CXmlObjectBase& copy) {
+    copy.FromXmlStream(octets, ctx);
+    if (copy.ToFastInfosetStream(FInfoDecl_None, ctx) != octets) {
+      FuzzFailure("other octets for " + ToXml(object, ctx));
+    }
+  });
 }
 
-/// The same for JSON, as the context says.
+/// With the context's JSON options.
 inline void ExpectJsonReread(const ObjectPtr& object, uint8_t choice,
                              const CSerializationContext& ctx) {
   const CBinaryData json = object->ToJsonStream(false, Encoding_UTF8, EOL_LF, ctx);
-  const ObjectPtr copy = Make(choice);
-  if (!IsReread([&] { copy->FromJsonStream(json, ctx); }, TextOf(json))) return;
-  ExpectSame("JSON became", Settled(ToXml(copy, ctx)), Settled(ToXml(object, ctx)));
+  ExpectReread("JSON", object, choice, ctx,
+               [&](CXmlObjectBase& copy) { copy.FromJsonStream(json, ctx); });
 }
 
 /// Calls `run`, and then expects that no object is left.
