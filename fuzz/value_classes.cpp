@@ -1,6 +1,8 @@
 // Input: a letter that picks what is done with the value classes, and one or two texts with a line
 // feed between them. What CConversions makes of single texts is in values.cpp.
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -27,7 +29,38 @@ void Expect(bool condition, const char* what) {
   if (!condition) FuzzFailure(what);
 }
 
-void Base64(const std::string& text, const std::string&) {
+// A copy of exactly its size, without the NUL that a string has, so that a sanitizer sees reads
+// beyond the end.
+class ExactText {
+ public:
+  explicit ExactText(const std::string& text) : m_text(new char[text.size()]), m_size(text.size()) {
+    std::copy(text.begin(), text.end(), m_text.get());
+  }
+  const char* data() const { return m_text.get(); }
+  size_t size() const { return m_size; }
+
+ private:
+  const std::unique_ptr<char[]> m_text;
+  const size_t m_size;
+};
+
+template <class TNumber>
+TNumber Parsed(const std::string& string) {
+  const ExactText text(string);
+  TNumber number;
+  number.Parse(text.data(), text.size());
+  return number;
+}
+
+CDateTimeSpan SpanOf(const std::string& string) {
+  const ExactText text(string);
+  CDateTimeSpan span;
+  span.ParseXSDDuration(text.data(), text.size());
+  return span;
+}
+
+void Base64(const std::string& string, const std::string&) {
+  const ExactText text(string);
   const size_t capacity = CBase64::GetDecodedCapacity(text.size());
   // Of exactly that size, so that a sanitizer sees writes beyond the end.
   const std::unique_ptr<unsigned char[]> bytes(new unsigned char[capacity]);
@@ -38,7 +71,8 @@ void Base64(const std::string& text, const std::string&) {
   Expect(again == CBinaryData(bytes.get(), length), "base64 changed the bytes");
 }
 
-void Hexadecimal(const std::string& text, const std::string&) {
+void Hexadecimal(const std::string& string, const std::string&) {
+  const ExactText text(string);
   unsigned char* bytes = nullptr;
   const unsigned long length = CBinaryData::ConvertToHexData(text.data(), text.size(), &bytes);
   const CBinaryData data(bytes, length, true);
@@ -55,7 +89,7 @@ void RealFormat(const std::string& text, const std::string& format) {
 }
 
 void DecimalDigits(const std::string& text, const std::string& digits) {
-  const CDecimal value(text);
+  const CDecimal value = Parsed<CDecimal>(text);
   const int count = static_cast<int>(digits.size());
   const CDecimal rounded(value.ToString(count));
   Expect(rounded.GetFractionDigitCount() <= digits.size(), "more fraction digits than asked for");
@@ -70,7 +104,7 @@ void DecimalDigits(const std::string& text, const std::string& digits) {
 
 void Integers(const std::string& text, const std::string& other) {
   if (text.size() + other.size() > kMaxDigits) return;
-  const CBigInteger a(text), b(other);
+  const auto a = Parsed<CBigInteger>(text), b = Parsed<CBigInteger>(other);
   Expect((a + b) - b == a && (a - b) + b == a, "a sum");
   if (b.IsZero()) return;
   Expect((a * b) / b == a && (a * b) % b == CBigInteger(), "a product");
@@ -83,7 +117,7 @@ void Integers(const std::string& text, const std::string& other) {
 
 void Decimals(const std::string& text, const std::string& other) {
   if (text.size() + other.size() > kMaxDigits) return;
-  const CDecimal a(text), b(other);
+  const auto a = Parsed<CDecimal>(text), b = Parsed<CDecimal>(other);
   if (a.ToString().size() + b.ToString().size() > kMaxDigits) return;
   Expect((a + b) - b == a && (a - b) + b == a, "a sum");
   Expect(a * b == b * a, "a product");
@@ -96,11 +130,12 @@ void Decimals(const std::string& text, const std::string& other) {
   Expect(error <= bound * CDecimal("5E-35"), "a quotient");
 }
 
-CDateTime DateTimeOf(const std::string& text) {
+CDateTime DateTimeOf(const std::string& string) {
+  const ExactText text(string);
   CDateTime value;
-  if (text.find('T') != std::string::npos) {
+  if (string.find('T') != std::string::npos) {
     value.ParseXSDDateTime(text.data(), text.size());
-  } else if (text.size() > 2 && text[2] == ':') {
+  } else if (string.size() > 2 && string[2] == ':') {
     value.ParseXSDTime(text.data(), text.size());
   } else {
     value.ParseXSDDate(text.data(), text.size());
@@ -121,10 +156,7 @@ void DateTimes(const std::string& text, const std::string& other) {
 }
 
 void DateAndSpan(const std::string& text, const std::string& duration) {
-  CDateTimeSpan span;
-  span.ParseXSDDuration(duration.data(), duration.size());
-  CDateTimeSpan again;
-  again.ParseXSDDuration(span.ToString().c_str());
+  const CDateTimeSpan span = SpanOf(duration), again = SpanOf(span.ToString());
   Expect(again.ToString() == span.ToString() && again.CompareTo(span) != 1 &&
              again.CompareTo(span) != 2,
          "the text of a duration");
@@ -133,9 +165,7 @@ void DateAndSpan(const std::string& text, const std::string& duration) {
 }
 
 void Spans(const std::string& text, const std::string& other) {
-  CDateTimeSpan a, b;
-  a.ParseXSDDuration(text.data(), text.size());
-  b.ParseXSDDuration(other.data(), other.size());
+  const CDateTimeSpan a = SpanOf(text), b = SpanOf(other);
   const int order = a.CompareTo(b), reversed = b.CompareTo(a);
   Expect(order == (reversed == 1 || reversed == 2 ? 3 - reversed : reversed), "order of durations");
 }
