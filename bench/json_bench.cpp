@@ -192,15 +192,15 @@ void Measure(const bench::CBoundDocument& document) {
   std::vector<bench::CProgram> programs;
   programs.push_back(bench::ExpatReference(document.xml));
   for (const auto& [form, ctx] : {std::pair("", &own), std::pair(", well-formed", &wellFormed)}) {
-    const std::string json = object->ToJson(false, EOL_LF, *ctx);
-    const std::string name(form);
-    programs.push_back(bench::Timed(("ToJson" + name).c_str(),
-                                    [&object, ctx] { object->ToJson(false, EOL_LF, *ctx); }));
-    programs.push_back({"FromJson" + name, [&document, ctx, json] {
-                          const CSmartPtr<CXmlObjectBase> result = document.makeObject();
-                          return bench::TimeOf([&] { result->FromJson(json.c_str(), *ctx); });
-                        }});
+    programs.push_back(bench::Timed((std::string("ToJson") + form).c_str(),
+                                    [&object, ctx = ctx] { object->ToJson(false, EOL_LF, *ctx); }));
   }
+  // The other form is not made to be read back: it may leave an array of texts open.
+  const std::string json = object->ToJson(false, EOL_LF, wellFormed);
+  programs.push_back({"FromJson, well-formed", [&document, &wellFormed, &json] {
+                        const CSmartPtr<CXmlObjectBase> result = document.makeObject();
+                        return bench::TimeOf([&] { result->FromJson(json.c_str(), wellFormed); });
+                      }});
   bench::Compare(document.Description(), programs);
 }
 
