@@ -8,6 +8,7 @@
 #include "tests/fastinfoset/hex_octets.h"
 #include "tests/support/qv_gtest.h"
 #include "tests/support/test_locale.h"
+#include "tests/support/text_elements.h"
 #include <gtest/gtest.h>
 
 #include "qvxml/fastinfoset/fi_context.h"
@@ -424,6 +425,36 @@ TEST(CFastInfosetWriter, DeclaresWhatNamesNeed) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     EXPECT_EQ(Write(Default, row.calls), std::string("E0 00 00 01 00 ") + row.octets);
+  }
+}
+
+// Hears of each operation, so it gets them all.
+class CDerivedWriter : public CFastInfosetWriter {
+ public:
+  using CFastInfosetWriter::CFastInfosetWriter;
+};
+
+template <class TWriter>
+std::string WriteTexts(const Options& options, bool writesDefaults) {
+  CFastInfosetContext context;
+  options(context);
+  CBinaryStream stream;
+  TWriter writer(context, stream);
+  writer.Open();
+  writer.SetWriteDefaultElementValues(writesDefaults);
+  writer.WriteStartDocument();
+  qv_test::WriteTextElements(writer, true);
+  writer.WriteEndDocument();
+  writer.Close();
+  return Hex(stream.GetBinaryStream());
+}
+
+TEST(CFastInfosetWriter, WritesTextInOneStepAsInThree) {
+  for (const bool writesDefaults : {false, true}) {
+    for (const Options& options : {Options(Default), Options(Suggested)}) {
+      EXPECT_TRUE(WriteTexts<CFastInfosetWriter>(options, writesDefaults) ==
+                  WriteTexts<CDerivedWriter>(options, writesDefaults));
+    }
   }
 }
 

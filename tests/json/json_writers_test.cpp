@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/text_elements.h"
 
 #include "qvxml/json/json_text_writer.h"
 #include "qvxml/json/well_formed_json_writer.h"
@@ -449,6 +450,29 @@ TEST(JsonWriters, QuoteWhatIsNoNumber) {
     s_text = row.text;
     const std::string mark = row.isBare ? "" : "\"";
     EXPECT_EQ(WriteWellFormed(write), "{\"r\": " + mark + row.text + mark + "}");
+  }
+}
+
+// Hears of each operation, so it gets them all.
+template <class TWriter>
+class TDerivedWriter : public TWriter {
+ public:
+  using TWriter::TWriter;
+};
+
+TEST(JsonWriters, WriteTextInOneStepAsInThree) {
+  for (const JsonRoundTrip roundTrip :
+       {JsonRoundTrip_None, JsonRoundTrip_Standard, JsonRoundTrip_Full}) {
+    for (const bool isFormatted : {false, true}) {
+      const Options options{isFormatted, roundTrip, isFormatted ? EOL_CRLF : EOL_LF, "  "};
+      const auto write = [](Writer& writer) { qv_test::WriteTextElements(writer, false); };
+      const std::string own = WriteOwn(write, options);
+      EXPECT_TRUE(own == Write<TDerivedWriter<CJsonTextWriter>>(write, options));
+      EXPECT_NE(std::string::npos, own.find("aLongerName3\": \"a&b<c>"));
+      const std::string wellFormed = WriteWellFormed(write, options);
+      EXPECT_TRUE(wellFormed == Write<TDerivedWriter<CWellFormedJsonWriter>>(write, options));
+      EXPECT_NE(std::string::npos, wellFormed.find("\"one\\r\\ntwo\\tthree\""));
+    }
   }
 }
 

@@ -227,6 +227,31 @@ TEST(RealConversions, WriteAsPrintf) {
   }
 }
 
+TEST(RealConversions, RoundToEvenAndBesidePowersOfTen) {
+  const auto expectPrinted = [](double value) {
+    EXPECT_EQ(C::r8ToString(value), Printed("%.16g", value));
+    const auto narrow = static_cast<float>(value);
+    EXPECT_EQ(C::r4ToString(narrow), Printed("%.7g", double{narrow}));
+  };
+  for (int exponent = -5; exponent <= 15; ++exponent) {
+    double above = std::pow(10.0, exponent);
+    double below = above;
+    float narrow = static_cast<float>(above);
+    for (int step = 0; step < 6; ++step) {
+      above = std::nextafter(above, HUGE_VAL);
+      below = std::nextafter(below, 0);
+      narrow = std::nextafter(narrow, 0.0f);
+      expectPrinted(above);
+      expectPrinted(-below);
+      expectPrinted(double{narrow});
+    }
+  }
+  // Of 17 digits, the last of them a 5.
+  for (const double whole : {281474976710656.0, 562949953421311.0, 99999999999999.0}) {
+    for (int eighths = 1; eighths < 8; ++eighths) expectPrinted(whole + eighths / 8.0);
+  }
+}
+
 TEST(RealConversions, CutAt31Characters) {
   EXPECT_EQ(C::r8ToString(1.5, "%.40f"), "1.50000000000000000000000000000");
   EXPECT_EQ(C::r8ToString(DBL_MAX, "%f"), "1797693134862315708145274237317");

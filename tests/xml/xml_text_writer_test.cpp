@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tests/support/qv_gtest.h"
+#include "tests/support/text_elements.h"
 
 namespace {
 
@@ -296,6 +297,35 @@ TEST(CXmlTextWriter, StaysUsableAfterAFailedFlush) {
   stream.m_isBroken = false;
   End(writer);
   writer.Close();
+}
+
+// Hears of each operation, so it gets them all.
+class CDerivedWriter : public CXmlTextWriter {
+ public:
+  using CXmlTextWriter::CXmlTextWriter;
+};
+
+template <class TWriter>
+std::string WriteTexts(bool isFormatted, EOLType eol, bool writesDefaults) {
+  CTextStream stream;
+  TWriter writer(stream);
+  writer.Open();
+  writer.SetFormat(isFormatted);
+  writer.SetEOLType(eol);
+  writer.SetWriteDefaultElementValues(writesDefaults);
+  qv_test::WriteTextElements(writer, true);
+  writer.Close();
+  return stream.GetString();
+}
+
+TEST(CXmlTextWriter, WritesTextInOneStepAsInThree) {
+  for (const bool isFormatted : {false, true}) {
+    for (const EOLType eol : {EOL_LF, EOL_CRLF}) {
+      const std::string text = WriteTexts<CXmlTextWriter>(isFormatted, eol, isFormatted);
+      EXPECT_TRUE(text == WriteTexts<CDerivedWriter>(isFormatted, eol, isFormatted));
+      EXPECT_NE(std::string::npos, text.find("<p:aLongerName3>a&amp;b&lt;c&gt;"));
+    }
+  }
 }
 
 TEST(CXmlTextWriter, RefusesWrongOrder) {

@@ -46,6 +46,7 @@ TEST(CXmlWriter, KeepsItsSlotOrder) {
   EXPECT_EQ(12u, SlotOf(&CXmlWriter::WriteAttributeString));
   EXPECT_EQ(13u, SlotOf(&CXmlWriter::WriteAttributeType));
   EXPECT_EQ(14u, SlotOf(&CXmlWriter::WriteAttributeNil));
+  EXPECT_EQ(15u, SlotOf(&CXmlWriter::WriteTextElement));
 }
 
 TEST(CXmlWriter, NumbersPrefixes) {

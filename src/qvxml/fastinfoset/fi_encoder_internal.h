@@ -112,17 +112,18 @@ class CFIEncoder {
     CFIStringIndex index;
     const size_t limit;
   };
-  // A table of names, and the numbers of those met last, by the place of their strings: a name
-  // mostly comes as the same string again. What is found there is compared all the same.
+  // A table of names, and the numbers of those met last, by a few of their characters.
   struct NameTable {
     explicit NameTable(CFIStringBytes& bytes) : index(bytes) {}
     unsigned& RecentOf(const std::string& name) noexcept {
-      constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15u;
-      return recent[reinterpret_cast<std::uintptr_t>(&name) * kOdd >> (64 - kRecentBits)];
+      const size_t length = name.size();
+      const auto at = [&name](size_t place) { return static_cast<unsigned char>(name[place]); };
+      const size_t last = length != 0 ? length - 1 : 0;
+      return recent[(length * 7 + at(0) + at(length / 2) * 5u + at(last) * 29u) % kRecent];
     }
-    static constexpr unsigned kRecentBits = 7;
+    static constexpr size_t kRecent = 128;
     CFIStringIndex index;
-    unsigned recent[1u << kRecentBits] = {};
+    unsigned recent[kRecent] = {};
   };
   struct Encoding {
     unsigned char kind = 0;
