@@ -151,46 +151,23 @@ TEST_F(CDocumentLoadingTest, LoadsPlainAndCompressedFiles) {
   }
 }
 
-TEST_F(CDocumentLoadingTest, ReportsDamagedAndExcessiveCompression) {
+TEST_F(CDocumentLoadingTest, ReportsDamagedCompression) {
   CBinaryData data(("<a>" + std::string(100000, ' ') + "</a>").c_str());
   CQvZip::CompressData(data, CompressionType_GZip);
   CXmlDocument document;
   EXPECT_QV_THROW(document.LoadXmlStream(data.GetData(), data.GetLength() - 9), CQvException,
                   "Failed to decompress data. [Error Code: -5]");
-  const unsigned long limit = CQvZip::GetMaxDecompressedSize();
-  CQvZip::SetMaxDecompressedSize(50000);
-  EXPECT_QV_THROW(document.LoadXmlStream(data.GetData(), data.GetLength()), CQvException,
-                  "Failed to decompress data. The limit of 50000 bytes was exceeded.");
-  CQvZip::SetMaxDecompressedSize(limit);
-  document.LoadXmlStream(data.GetData(), data.GetLength());
-  EXPECT_EQ(document.GetDocumentElement()->GetText(), std::string(100000, ' '));
 }
 
-TEST_F(CDocumentLoadingTest, ReportsFilesThatCannotBeRead) {
-  const std::string folder = testing::TempDir();
-  const std::string missing = folder + "qvxml_no_such_file";
-  const std::string pipe = folder + "qvxml_pipe_" + std::to_string(getpid());
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+TEST_F(CDocumentLoadingTest, AFileThatCannotBeReadLeavesNoDocument) {
   const CTestFile empty("");
-  const CTestFile* const emptyFile = &empty;
-  const struct {
-    std::string path, message;
-  } rows[] = {
-      {missing, "Failed to open the file [" + missing + "]."},
-      {"", "Failed to open the file []."},
-      {folder, "Failed to get the size of the file [" + folder + "] Error [0]"},
-      {"/dev/zero", "Failed to get the size of the file [/dev/zero] Error [0]"},
-      {pipe, "Failed to get the size of the file [" + pipe + "] Error [0]"},
-      {emptyFile->Path(), "no element found at line 1"},
-  };
   CXmlDocument document;
-  for (const auto& row : rows) {
-    document.LoadXml("<before/>");
-    EXPECT_QV_THROW(document.Load(row.path.c_str()), CQvException, row.message);
-    EXPECT_EQ(document.GetDocumentElement(), nullptr);
-  }
+  document.LoadXml("<before/>");
+  EXPECT_QV_THROW(document.Load(empty.Path()), CQvException, "no element found at line 1");
+  EXPECT_EQ(document.GetDocumentElement(), nullptr);
+  document.LoadXml("<before/>");
   EXPECT_QV_THROW(document.Load(nullptr), CQvException, "Failed to open the file [].");
-  unlink(pipe.c_str());
+  EXPECT_EQ(document.GetDocumentElement(), nullptr);
 }
 
 // The kernel reports a size for this file that reading does not deliver.
