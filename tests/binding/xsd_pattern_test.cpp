@@ -36,7 +36,7 @@ class CLimitsRestored {
 };
 
 struct CMatchRow {
-  const char *name, *pattern;
+  const char* pattern;
   std::string value;
   bool matches;
 };
@@ -46,41 +46,23 @@ struct CMatchRow {
 TEST(TestRegEx, MatchesTheWholeValueAsXsdPatternsDo) {
   const CMatchRow rows[] = {
       // clang-format off
-      {"whole value", "[a-z]+", "abc", true}, {"not a prefix", "[a-z]+", "abc1", false},
-      {"not a suffix", "[a-z]+", "1abc", false},
-      {"no line feed after the end", "[a-z]+", "abc\n", false},
-      {"alternatives are anchored together", "a|bc", "bcd", false},
-      {"empty pattern, empty value", "", "", true}, {"empty pattern, other value", "", "a", false},
-      {"name", "\\i\\c*", "x:y-1", true}, {"name begins with a letter", "\\i\\c*", "1x", false},
-      {"name begins with a letter beyond ASCII", "\\i\\c*", "\xC3\xA9t\xC3\xA9", true},
-      {"a colon begins a name", "\\i", ":", true}, {"no name start: digit", "\\I", "7", true},
-      {"no name start: letter", "\\I", "a", false}, {"name characters", "\\c+", "a.b-c:d_9", true},
-      {"no name character", "\\C+", " /", true}, {"no name character: dash", "\\C", "-", false},
-      {"escaped backslash before i", "\\\\i", "\\i", true},
-      {"escaped backslash, then the escape", "\\\\\\i", "\\a", true},
-      {"ASCII block", "\\p{IsBasicLatin}+", "aZ~\x7F", true},
-      {"ASCII block and a Latin-1 letter", "\\p{IsBasicLatin}", "\xC3\xA9", false},
-      {"Latin-1 block", "\\p{IsLatin-1Supplement}+", "\xC2\x80\xC3\xBF", true},
-      {"Latin-1 block and a later letter", "\\p{IsLatin-1Supplement}", "\xC4\x80", false},
-      {"Latin Extended-A", "\\p{IsLatinExtended-A}+", "\xC4\x80\xC5\xBF", true},
-      {"Latin Extended-A and a later letter", "\\p{IsLatinExtended-A}", "\xC6\x80", false},
-      {"category", "\\p{Lu}\\p{Ll}*", "\xC3\x89t\xC3\xA9", true},
-      {"one character is not one byte", ".", "\xE2\x82\xAC", true},
-      {"digits of every script", "\\d", "\xD9\xA3", true},
-      {"the dot excludes CR", "a.b", "a\rb", false}, {"the dot excludes LF", "a.b", "a\nb", false},
-      {"the dot takes a line separator", "a.b", "a\xE2\x80\xA8" "b", true},
-      {"NUL in the value", "a.b", std::string("a\0b", 3), true},
-      {"NUL does not end the value", "a", std::string("a\0b", 3), false},
-      {"an anchor stays an anchor", "a^b", "a^b", false},
-      {"several digits groups", "\\d{3}-\\d{2}", "123-45", true},
-      {"too few digits", "\\d{3}-\\d{2}", "12-45", false},
-      {"a long value that steps once", "[a-z]*", std::string(2000000, 'x'), true},
-      {"a long value that does not match", "[a-z]*", std::string(2000000, 'x') + "1", false},
-      {"longer than the quick trial", "\\i\\c*", std::string(5000, 'x') + " ", false},
+      {"[a-z]+", "abc", true}, {"[a-z]+", "abc1", false}, {"[a-z]+", "1abc", false}, {"[a-z]+", "abc\n", false},
+      {"a|bc", "bcd", false}, {"", "", true}, {"", "a", false}, {"\\i\\c*", "x:y-1", true},
+      {"\\i\\c*", "1x", false}, {"\\i\\c*", "\xC3\xA9t\xC3\xA9", true}, {"\\i", ":", true}, {"\\I", "7", true},
+      {"\\I", "a", false}, {"\\c+", "a.b-c:d_9", true}, {"\\C+", " /", true}, {"\\C", "-", false},
+      {"\\\\i", "\\i", true}, {"\\\\\\i", "\\a", true}, {"\\p{IsBasicLatin}+", "aZ~\x7F", true},
+      {"\\p{IsBasicLatin}", "\xC3\xA9", false}, {"\\p{IsLatin-1Supplement}+", "\xC2\x80\xC3\xBF", true},
+      {"\\p{IsLatin-1Supplement}", "\xC4\x80", false}, {"\\p{IsLatinExtended-A}+", "\xC4\x80\xC5\xBF", true},
+      {"\\p{IsLatinExtended-A}", "\xC6\x80", false}, {"\\p{Lu}\\p{Ll}*", "\xC3\x89t\xC3\xA9", true},
+      {".", "\xE2\x82\xAC", true}, {"\\d", "\xD9\xA3", true}, {"a.b", "a\rb", false}, {"a.b", "a\nb", false},
+      {"a.b", "a\xE2\x80\xA8" "b", true}, {"a.b", std::string("a\0b", 3), true},
+      {"a", std::string("a\0b", 3), false}, {"a^b", "a^b", false}, {"\\d{3}-\\d{2}", "123-45", true},
+      {"\\d{3}-\\d{2}", "12-45", false}, {"[a-z]*", std::string(2000000, 'x'), true},
+      {"[a-z]*", std::string(2000000, 'x') + "1", false}, {"\\i\\c*", std::string(5000, 'x') + " ", false},
       // clang-format on
   };
   for (const CMatchRow& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(row.pattern);
     EXPECT_EQ(Outcome(row.value, row.pattern), row.matches ? "true" : "false");
   }
 }
@@ -91,19 +73,16 @@ TEST(TestRegEx, ReportsAFaultyPatternAsPassed) {
     const char* message;
   };
   const CRow rows[] = {
-      {"[a-z",
-       "Invalid Regular Expression: [a-z Error: 'missing terminating ] for character class'"},
+      // clang-format off
+      {"[a-z", "Invalid Regular Expression: [a-z Error: 'missing terminating ] for character class'"},
       {"\\i(", "Invalid Regular Expression: \\i( Error: 'missing )'"},
       {"a**", "Invalid Regular Expression: a** Error: 'nothing to repeat'"},
-      {"\\p{IsLatinExtended-B}",
-       "Invalid Regular Expression: \\p{IsLatinExtended-B} Error: 'range out of order in character "
-       "class'"},
-      {"\\p{IsNowhere}",
-       "Invalid Regular Expression: \\p{IsNowhere} Error: 'unknown property name after \\P or \\p'"},
+      {"\\p{IsLatinExtended-B}", "Invalid Regular Expression: \\p{IsLatinExtended-B} Error: 'range out of order in character class'"},
+      {"\\p{IsNowhere}", "Invalid Regular Expression: \\p{IsNowhere} Error: 'unknown property name after \\P or \\p'"},
       {"\xFF", "Invalid Regular Expression: \xFF Error: 'invalid UTF-8 string'"},
       // Were the NUL the end, this would match every text that begins with "a".
-      {std::string("a)\0b", 4),
-       "Invalid Regular Expression: a) Error: 'the pattern contains a NUL'"},
+      {std::string("a)\0b", 4), "Invalid Regular Expression: a) Error: 'the pattern contains a NUL'"},
+      // clang-format on
   };
   for (const CRow& row : rows)
     EXPECT_QV_THROW(TestRegEx("a", row.pattern), CQvException, row.message);
@@ -115,18 +94,12 @@ TEST(TestRegEx, RefusesAValueThatIsNotUtf8) {
 }
 
 TEST(TestRegEx, EndsExponentialMatchingInAnException) {
-  const std::string stepLimit =
-      "Invalid Regular Expression: (a+)+ Error: 'match limit of 1000000 steps exceeded'";
-  EXPECT_EQ(Outcome(Repeat("a", 30) + "b", "(a+)+"), stepLimit);
-  for (int length : {30, 100, 1000, 30000, 1000000}) {
-    SCOPED_TRACE(length);
-    const std::string value = Repeat("a", length) + "b";
-    const std::string outcome = Outcome(value, "(a+)+");
-    EXPECT_EQ(outcome.rfind("Invalid Regular Expression: (a+)+ Error: 'match limit of ", 0), 0u)
-        << outcome;
+  EXPECT_EQ(Outcome(Repeat("a", 30) + "b", "(a+)+"),
+            "Invalid Regular Expression: (a+)+ Error: 'match limit of 1000000 steps exceeded'");
+  for (int length : {100, 30000, 1000000}) {
+    const std::string outcome = Outcome(Repeat("a", length) + "b", "(a+)+");
+    EXPECT_NE(outcome.find("Error: 'match limit of "), std::string::npos) << length << outcome;
   }
-  // Short enough to be decided.
-  EXPECT_FALSE(TestRegEx(Repeat("a", 12) + "b", "(a+)+"));
 }
 
 TEST(TestRegEx, EndsQuadraticMatchingOnLongValues) {
