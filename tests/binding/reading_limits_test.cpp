@@ -62,20 +62,17 @@ TEST(ReadingLimits, RefuseADocumentTypeWhereAsked) {
     const char* name;
     std::string bytes, message;
   } rows[] = {
-      {"internal subset", "<?xml version='1.0'?>\n\n<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>",
-       "The document type declaration is refused at line 3"},
-      {"external subset", "<!DOCTYPE a SYSTEM 'x'><a/>",
-       "The document type declaration is refused at line 1"},
-      {"name alone", "<!-- c -->\n<!DOCTYPE a><a/>",
-       "The document type declaration is refused at line 2"},
+      // clang-format off
+      {"internal subset", "<?xml version='1.0'?>\n\n<!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>", "The document type declaration is refused at line 3"},
+      {"external subset", "<!DOCTYPE a SYSTEM 'x'><a/>", "The document type declaration is refused at line 1"},
+      {"name alone", "<!-- c -->\n<!DOCTYPE a><a/>", "The document type declaration is refused at line 2"},
       // Before anything in it is looked at.
-      {"entities without end", "<!DOCTYPE a [<!ENTITY % p '%p;'> %p; ]><a/>",
-       "The document type declaration is refused at line 1"},
-      {"UTF-16", std::string("\xFF\xFE<\0!\0D\0O\0C\0T\0Y\0P\0E\0 \0a\0>\0<\0a\0/\0>\0", 34),
-       "The document type declaration is refused at line 1"},
+      {"entities without end", "<!DOCTYPE a [<!ENTITY % p '%p;'> %p; ]><a/>", "The document type declaration is refused at line 1"},
+      {"UTF-16", std::string("\xFF\xFE<\0!\0D\0O\0C\0T\0Y\0P\0E\0 \0a\0>\0<\0a\0/\0>\0", 34), "The document type declaration is refused at line 1"},
       {"Fast Infoset", kFastInfosetWithType, "The document type declaration is refused at byte 5"},
       {"no document type", "<a>&lt;!DOCTYPE a&gt;<![CDATA[<!DOCTYPE a>]]></a>", "read"},
       {"no Fast Infoset type", std::string("\xE0\x00\x00\x01\x00\x3C\x00r\xFF", 9), "read"},
+      // clang-format on
   };
   CSerializationContext refuses;
   EXPECT_FALSE(refuses.GetRefuseDocumentType());
