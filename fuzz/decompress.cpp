@@ -9,7 +9,7 @@ using namespace QvXmlLib16;
 
 namespace {
 
-constexpr unsigned long kMaxSize = 4 * 1024 * 1024;
+constexpr unsigned long kMaxSize = 256 * 1024;
 
 void CheckCompressedAgain(const CBinaryData& content, CompressionType type) {
   CBinaryData data(content);

@@ -18,7 +18,7 @@ using namespace QvXmlLib16;
 
 namespace {
 
-constexpr unsigned long kMaxSize = 4 * 1024 * 1024;
+constexpr unsigned long kMaxSize = 256 * 1024;
 constexpr uint8_t kLocalNames = 1, kKeepCDATA = 2, kCallback = 4;
 
 bool IsConsumed(const std::string& localName) { return localName.size() % 2 == 0; }

@@ -5,6 +5,9 @@
 #include <cstddef>
 
 #include <malloc.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 extern "C" {
 void* __libc_malloc(size_t);
@@ -21,12 +24,14 @@ long Allocations = 0;
 long LiveBytes = 0;
 long PeakBytes = 0;
 
+void Count(size_t bytes) {
+  ++Allocations;
+  LiveBytes += static_cast<long>(bytes);
+  PeakBytes = std::max(PeakBytes, LiveBytes);
+}
+
 void* Counted(void* memory) {
-  if (IsCounting && memory != nullptr) {
-    ++Allocations;
-    LiveBytes += static_cast<long>(malloc_usable_size(memory));
-    PeakBytes = std::max(PeakBytes, LiveBytes);
-  }
+  if (IsCounting && memory != nullptr) Count(malloc_usable_size(memory));
   return memory;
 }
 
@@ -52,6 +57,19 @@ int posix_memalign(void** memory, size_t alignment, size_t size) {
 void free(void* memory) {
   Uncounted(memory);
   __libc_free(memory);
+}
+// What a library maps by itself is memory of its own too; the C library's own mappings, those of
+// large blocks, do not come here.
+void* mmap(void* place, size_t size, int protection, int flags, int file, off_t offset) noexcept {
+  void* const memory =
+      reinterpret_cast<void*>(syscall(SYS_mmap, place, size, protection, flags, file, offset));
+  if (IsCounting && memory != MAP_FAILED && (flags & MAP_ANONYMOUS) != 0) Count(size);
+  return memory;
+}
+int munmap(void* memory, size_t size) noexcept {
+  const int result = static_cast<int>(syscall(SYS_munmap, memory, size));
+  if (IsCounting && result == 0) LiveBytes -= static_cast<long>(size);
+  return result;
 }
 }
 

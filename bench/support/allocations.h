@@ -1,5 +1,5 @@
 // Counts heap allocations of the whole process, those of the libraries too: a program that links
-// this has malloc and its family replaced by counting ones.
+// this has malloc and its family, and mmap and munmap, replaced by counting ones.
 
 #ifndef BENCH_SUPPORT_ALLOCATIONS_H_
 #define BENCH_SUPPORT_ALLOCATIONS_H_

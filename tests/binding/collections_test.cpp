@@ -470,6 +470,44 @@ TEST_F(CXmlCollectionTest, HoldsReferencesInOrder) {
   EXPECT_EQ(1, CInstanceMonitor::GetCount("CItem"));
 }
 
+TEST_F(CXmlCollectionTest, RemovesTheObjectWhateverItsListenersDo) {
+  const struct {
+    const char* name;
+    std::function<void(CXmlCollection&)> change;
+    const char *events, *left;
+  } rows[] = {
+      {"the one before goes", [](CXmlCollection& items) { items.Remove(0); }, "3:1 4:0 0", "c "},
+      {"one comes before", [](CXmlCollection& items) { items.AddAt(0, new CItem("d")); },
+       "3:1 4:2 0", "d a c "},
+      {"it goes itself", [](CXmlCollection& items) { items.Remove(1); }, "3:1", "a c "},
+      {"all go", [](CXmlCollection& items) { items.Clear(); }, "3:1", ""},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const CSmartPtr<CXmlCollection> items = NewItems();
+    for (const char* name : {"a", "b", "c"}) items->Add(new CItem(name));
+    CListener listener(DescribeLong);
+    items->AddEventListener(&listener);
+    listener.react = [&](IEventSink::MsgType type, void*) {
+      if (type != IEventSink::MsgType_Remove) return;
+      items->RemoveEventListener(&listener);
+      row.change(*items);
+      items->AddEventListener(&listener);
+    };
+    const CXmlObjectBase* const removed = items->Item(1);
+    if (std::string(row.events) == "3:1") {
+      EXPECT_QV_THROW(items->Remove(removed), CQvInvalidParamException,
+                      "The object was not found in the collection");
+    } else {
+      items->Remove(removed);
+    }
+    EXPECT_EQ(row.events, listener.Take());
+    std::string left;
+    for (const CSmartPtr<CXmlObjectBase>& item : *items) left += item->GetElementName() + " ";
+    EXPECT_EQ(row.left, left);
+  }
+}
+
 TEST_F(CXmlCollectionTest, AnObjectThatIsRefusedIsNotLeaked) {
   const CSmartPtr<CXmlCollection> items = NewItems();
   EXPECT_QV_THROW(items->AddAt(1, new CItem("v")), CQvInvalidParamException,

@@ -22,7 +22,8 @@ namespace {
 class CTestFile {
  public:
   explicit CTestFile(const std::string& content)
-      : m_path(testing::TempDir() + "qvxml_document_" + std::to_string(getpid())) {
+      : m_path(testing::TempDir() + "qvxml_document_" + std::to_string(getpid()) + "_" +
+               std::to_string(s_count++)) {
     std::FILE* file = std::fopen(m_path.c_str(), "wb");
     std::fwrite(content.data(), 1, content.size(), file);
     std::fclose(file);
@@ -34,6 +35,7 @@ class CTestFile {
   const char* Path() const { return m_path.c_str(); }
 
  private:
+  static inline int s_count = 0;
   std::string m_path;
 };
 
@@ -158,7 +160,7 @@ TEST_F(CDocumentLoadingTest, ReportsDamagedAndExcessiveCompression) {
   const unsigned long limit = CQvZip::GetMaxDecompressedSize();
   CQvZip::SetMaxDecompressedSize(50000);
   EXPECT_QV_THROW(document.LoadXmlStream(data.GetData(), data.GetLength()), CQvException,
-                  "Failed to decompress data. [Error Code: -5]");
+                  "Failed to decompress data. The limit of 50000 bytes was exceeded.");
   CQvZip::SetMaxDecompressedSize(limit);
   document.LoadXmlStream(data.GetData(), data.GetLength());
   EXPECT_EQ(document.GetDocumentElement()->GetText(), std::string(100000, ' '));
@@ -199,6 +201,43 @@ TEST_F(CDocumentLoadingTest, TakesAShortReadForAFailure) {
   CXmlDocument document;
   EXPECT_QV_THROW(document.Load(path.c_str()), CQvException,
                   "Failed to read the contents of the file [" + path + "] Error [0]");
+}
+
+// The one that a callback below cuts off.
+const char* CutFile = nullptr;
+
+bool CutFileAndRemove(CXmlElement*) {
+  EXPECT_EQ(truncate(CutFile, 4096), 0);
+  return true;
+}
+
+// Such files are never in memory as a whole.
+TEST_F(CDocumentLoadingTest, ReadsLargeFilesAsTheyAreParsed) {
+  constexpr size_t kLines = 3500000;
+  std::string text = "<a n='" + std::string(3000000, 'v') + "'>";
+  for (size_t i = 0; i < kLines; ++i) text += "01234567\xC3\xA9\r\n";
+  const CTestFile file(text + "<i/></a>");
+  CXmlDocument document;
+  document.LoadXml((text + "<i/></a>").c_str());
+  const std::string whole = Dump(document.GetDocumentElement());
+  document.Load(file.Path());
+  EXPECT_TRUE(Dump(document.GetDocumentElement()) == whole);
+
+  const CTestFile damaged(text + "</b>");
+  EXPECT_QV_THROW(document.Load(damaged.Path()), CQvException, "mismatched tag at line 3500001");
+  EXPECT_EQ(document.GetDocumentElement()->GetText().size(), kLines * 11);
+
+  CXmlDocument stopped(ThrowAtItem);
+  EXPECT_THROW(stopped.Load(file.Path()), std::runtime_error);
+  EXPECT_EQ(stopped.GetDocumentElement()->GetText().size(), kLines * 11);
+
+  const CTestFile cut("<a><i/>" + std::string(size_t{40} << 20, ' ') + "</a>");
+  CutFile = cut.Path();
+  CXmlDocument partial(CutFileAndRemove);
+  EXPECT_QV_THROW(
+      partial.Load(cut.Path()), CQvException,
+      "Failed to read the contents of the file [" + std::string(cut.Path()) + "] Error [0]");
+  EXPECT_FALSE(partial.GetDocumentElement()->GetText().empty());
 }
 
 TEST_F(CDocumentLoadingTest, CallsBackAsElementsEnd) {

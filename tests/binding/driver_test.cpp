@@ -646,7 +646,7 @@ class CNode : public CXmlGeneratedClass {
   XmlElementType m_type;
 };
 
-// Nodes inside each other, which are released one after the other.
+// Nodes inside each other.
 class CNest {
  public:
   CNest(XmlElementType type, int depth) {
@@ -656,14 +656,8 @@ class CNest {
       m_outermost = node;
     }
   }
-  ~CNest() {
-    while (m_outermost) {
-      const CSmartPtr<CXmlObjectBase> node = m_outermost;
-      m_outermost = static_cast<CNode*>(node.Ptr())->child;
-      static_cast<CNode*>(node.Ptr())->child.reset();
-    }
-  }
   CXmlObjectBase& Get() { return *m_outermost; }
+  void Destroy() { m_outermost.reset(); }
 
  private:
   CSmartPtr<CXmlObjectBase> m_outermost;
@@ -694,6 +688,7 @@ TEST(DriverDepth, EndsInAnExceptionHoweverSmallTheStack) {
   for (int level = 0; level < kDepth; ++level) xml += "</n>";
   CNode::MetaData metaData;
   CNode::s_metaData = &metaData;
+  const long before = CInstanceMonitor::GetCount("CXmlObjectBase") + 1;
   CNest elements(kElement, kDepth);
   CNest groups(kGroup, kDepth);
   qv_test::RunOnSmallStack([&] {
@@ -706,6 +701,10 @@ TEST(DriverDepth, EndsInAnExceptionHoweverSmallTheStack) {
     // What failed leaves nothing behind: the next object starts at the first level.
     reader.FromXml("<n><n/></n>");
     EXPECT_EQ("<n><n/></n>", reader.ToXml(false, false));
+    elements.Destroy();
+    groups.Destroy();
+    reader.child.reset();
+    EXPECT_EQ(before, CInstanceMonitor::GetCount("CXmlObjectBase"));
   });
 }
 

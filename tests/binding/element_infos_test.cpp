@@ -723,6 +723,23 @@ TEST_F(ElementInfos, WhetherAMemberIsOptional) {
   }
 }
 
+// What one reading of a document finds out about its names holds for the next one, which may be
+// stricter, and for other members of the same name.
+TEST_F(ElementInfos, NamesAreComparedAsEachContextSays) {
+  CXmlDocument document(strict);
+  document.LoadXml("<r xmlns='urn:t'><a/></r>");
+  CXmlElement* const element = document.GetDocumentElement()->GetFirstElement();
+  CSerializationContext lenient;
+  lenient.SetIgnoreNamespaces(true);
+  const auto inNone = MakePrim<CElementInfoSeqPrimMnd>();
+  const CElementInfoSeqClsOpt inTarget("a", "urn:t", 0, kElement, &MakeChild, 0);
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_TRUE(inNone.ClaimsElement(lenient, &object, element));
+    EXPECT_FALSE(inNone.ClaimsElement(strict, &object, element));
+    EXPECT_TRUE(inTarget.ClaimsElement(strict, &object, element));
+  }
+}
+
 TEST_F(ElementInfos, WhatAMemberClaims) {
   CXmlDocument document(strict);
   document.LoadXml("<r><a/><x/><other/></r>");

@@ -337,6 +337,20 @@ TEST_F(CUntyped, ElementCollectionsTakeOnlyAdmittedElements) {
   EXPECT_EQ(single->Add("e")->GetNamespace(), "urn:s");
 }
 
+// Through the writers of elements in namespaces too, and into other classes.
+TEST_F(CUntyped, NoTextBecomesMarkupWhereCDATAIsNotWritten) {
+  const CElementPtr element(new CElement("a", "urn:a"));
+  element->SetText("<![CDATA[]]><x/>");
+  element->GetElements()->Add("b", "urn:b")->SetText("<![CDATA[]]><y/>");
+  EXPECT_EQ(element->ToXml(false, false),
+            "<a xmlns=\"urn:a\"><b xmlns=\"urn:b\"><![CDATA[]]><y/></b><![CDATA[]]><x/></a>");
+  CSerializationContext escapes;
+  escapes.SetWriteCDATA(false);
+  EXPECT_EQ(element->ToXml(false, false, EOL_LF, escapes),
+            "<a xmlns=\"urn:a\"><b xmlns=\"urn:b\">&lt;![CDATA[]]&gt;&lt;y/&gt;</b>"
+            "&lt;![CDATA[]]&gt;&lt;x/&gt;</a>");
+}
+
 TEST_F(CUntyped, CollectionsInsertFindAndRemove) {
   const CElementColPtr elements(new CElementCol("e", "##any", "", 0, -1));
   elements->Add("a", "");

@@ -186,6 +186,14 @@ TEST(CPatternLimits, TakeEffectAtTheNextCall) {
       "exceeded'");
   CPatternLimits::SetMaxMemory(CPatternLimits::kDefaultMemory);
 
+  // The breadth-first matcher, too, ends at the length that the work allows.
+  const std::string letters(200000, 'a');
+  CPatternLimits::SetMaxWork(25 * 200001);
+  EXPECT_TRUE(TestRegEx(letters, "\\i\\c*"));
+  CPatternLimits::SetMaxWork(25 * 200001 - 1);
+  EXPECT_EQ(Outcome(letters, "\\i\\c*"),
+            "Invalid Regular Expression: \\i\\c* Error: 'match limit of 100 steps exceeded'");
+
   CPatternLimits::SetMaxWork(0);
   EXPECT_EQ(Outcome(value, "(a+)+"),
             "Invalid Regular Expression: (a+)+ Error: 'match limit of 100 steps exceeded'");

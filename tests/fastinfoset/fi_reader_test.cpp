@@ -561,7 +561,7 @@ TEST_F(CFastInfosetReaderTest, BoundsRepetition) {
     EXPECT_EQ(Outcome(octets(row.before, row.repeated, 500), context).substr(0, 2), "r ");
     const std::string outcome = Outcome(octets(row.before, row.repeated, 4000), context);
     EXPECT_EQ(outcome.substr(0, outcome.find(" at byte")),
-              "The Fast Infoset document repeats too much of its tables");
+              "The limit on the amplification of the Fast Infoset document is exceeded");
     context.GetFIContext().SetMaxAmplification(0);
     EXPECT_EQ(Outcome(octets(row.before, row.repeated, 4000), context).substr(0, 2), "r ");
   }

@@ -178,19 +178,25 @@ TEST(CQvZip, RefusesDamagedData) {
 }
 
 TEST(CQvZip, StopsAtTheMaximumSize) {
-  EXPECT_EQ(CQvZip::GetMaxDecompressedSize(), 1073741824u);
+  EXPECT_EQ(CQvZip::GetMaxDecompressedSize(), 0u);
   const std::string text(3 * 65536, 'a');
   const std::string bytes = GZipMember(text);
-  const std::string tooLarge = "Failed to decompress data. [Error Code: -5]";
+  const auto tooLarge = [](unsigned long limit) {
+    return "Failed to decompress data. The limit of " + std::to_string(limit) +
+           " bytes was exceeded.";
+  };
   {
     const CMaxSizeScope scope(text.size());
     EXPECT_TRUE(Decompress(bytes) == text);
-    EXPECT_QV_THROW(Decompress(bytes + GZipMember("b")), CQvException, tooLarge);
+    EXPECT_QV_THROW(Decompress(bytes + GZipMember("b")), CQvException, tooLarge(text.size()));
   }
   for (const unsigned long size : {1UL, 65535UL, 65536UL, text.size() - 1}) {
     SCOPED_TRACE(size);
     const CMaxSizeScope scope(size);
-    EXPECT_QV_THROW(Decompress(bytes), CQvException, tooLarge);
+    EXPECT_QV_THROW(Decompress(bytes), CQvException, tooLarge(size));
+    // The limit of a call stands above that of the process.
+    EXPECT_TRUE(TextOf(CQvZip::Decompress(BytesOf(bytes), text.size())) == text);
+    EXPECT_QV_THROW(CQvZip::Decompress(BytesOf(bytes), 9), CQvException, tooLarge(9));
   }
   const CMaxSizeScope scope(0);
   EXPECT_TRUE(Decompress(bytes) == text);

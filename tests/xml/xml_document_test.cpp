@@ -7,6 +7,8 @@
 #include "tests/support/slot_of.h"
 #include "tests/support/xml_dump.h"
 
+#include "qvxml/support/instance_monitor.h"
+
 using namespace QvXmlLib16;
 using qv_test::Dump;
 
@@ -217,6 +219,34 @@ TEST_F(CXmlDocumentTest, RemovedElementsOutliveTheDocument) {
   EXPECT_EQ(first->GetXPath(), "/b");
   EXPECT_EQ(first->GetAttributes()[0]->GetXPath(), "/b/@n");
   delete first->RemoveLastChildElement();
+}
+
+// A tree of more than a megabyte that is only read goes without a visit to its nodes.
+TEST_F(CXmlDocumentTest, ReleasesALargeTreeWhateverWasDoneToIt) {
+  using Change = void (*)(CXmlElement & root);
+  const Change changes[] = {
+      [](CXmlElement&) {},
+      [](CXmlElement& root) { root.GetFirstElement()->AppendText(" that grows behind its place"); },
+      [](CXmlElement& root) { root.AddAttribute("n", "", "an attribute that is added later on"); },
+      [](CXmlElement& root) { delete root.RemoveLastChildElement(); },
+  };
+  constexpr int kItems = 12000;
+  std::string xml = "<a>";
+  for (int item = 0; item < kItems; ++item) {
+    xml += "<b n='a value that needs memory of its own'>text</b><c>another such text, behind</c>";
+  }
+  xml += "</a>";
+  const long elements = CInstanceMonitor::GetCount("CXmlElement");
+  const long attributes = CInstanceMonitor::GetCount("CXmlAttribute");
+  for (const Change change : changes) {
+    CXmlDocument document;
+    document.LoadXml(xml.c_str());
+    EXPECT_EQ(CInstanceMonitor::GetCount("CXmlElement"), elements + 2 * kItems + 1);
+    change(*document.GetDocumentElement());
+    document.Cleanup();
+    EXPECT_EQ(CInstanceMonitor::GetCount("CXmlElement"), elements);
+    EXPECT_EQ(CInstanceMonitor::GetCount("CXmlAttribute"), attributes);
+  }
 }
 
 TEST_F(CXmlDocumentTest, KeepsThePrefixesOfTheWholeDocument) {

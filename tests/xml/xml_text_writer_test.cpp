@@ -191,6 +191,9 @@ TEST(CXmlTextWriter, WritesRawText) {
        "<a><![CDATA[1 < 2]]><b>\r</a>"},
       {"marker elsewhere", [](Writer& w) { Element(w, "a", " <![CDATA[x]]>"); },
        "<a> &lt;![CDATA[x]]&gt;</a>"},
+      {"marker, where it is not to be written",
+       [](Writer& w) { w.SetWriteCDATA(false); Element(w, "a", "<![CDATA[]]><b>"); },
+       "<a>&lt;![CDATA[]]&gt;&lt;b&gt;</a>"},
       {"marker cut short", [](Writer& w) { Element(w, "a", "<![CDATA"); }, "<a>&lt;![CDATA</a>"},
   };
   // clang-format on

@@ -2,7 +2,6 @@
 // the document's own layer does not know.
 
 #include <cstring>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -20,17 +19,14 @@ namespace QvXmlLib16 {
 
 namespace {
 
-CBinaryData CopyOf(const void* source, size_t length) {
-  if (source == nullptr || length == 0) return CBinaryData();
-  std::unique_ptr<unsigned char[]> bytes(new unsigned char[length]);
-  std::memcpy(bytes.get(), source, length);
-  CBinaryData data(bytes.get(), length, true);
-  bytes.release();
-  return data;
-}
+// Smaller files are parsed faster in one piece.
+constexpr size_t kLargeFile = size_t{32} << 20;
+// The longest of what may stand before a Fast Infoset document, and its first bytes.
+constexpr size_t kFormatBytes = 256;
 
-CBinaryData CopyOf(const char* text) {
-  return CopyOf(text, text != nullptr ? std::strlen(text) : 0);
+bool IsPlainText(const CBinaryData& start) {
+  return !CQvZip::IsCompressed(start) &&
+         !CFastInfosetReader::IsFastInfoset(start.GetData(), start.GetLength());
 }
 
 }  // namespace
@@ -56,41 +52,67 @@ void CXmlDocument::Init(ElementCompleteCallback callback, const CSerializationCo
 
 bool CXmlDocument::StripsCDATA() const { return m_context->GetStripCDATA(); }
 
-// The copy was made before: the source may be text of the tree that goes now.
+bool CXmlDocument::RefusesDocumentType() const {
+  return m_refuseDocumentType || m_context->GetRefuseDocumentType();
+}
+
+unsigned CXmlDocument::GetMaxAmplification() const { return m_context->GetMaxAmplification(); }
+
 void CXmlDocument::SetInput(CBinaryData&& input) {
   Cleanup();
-  m_input = std::move(input);
+  TakeInput(std::move(input));
+}
+
+void CXmlDocument::TakeInput(CBinaryData&& input) {
+  m_ownInput = std::move(input);
+  m_input = m_ownInput.GetData();
+  m_inputLength = m_ownInput.GetLength();
+}
+
+// Without a copy, unless the source may be text of the tree that goes now.
+void CXmlDocument::BorrowInput(const void* source, size_t length) {
+  const auto* const bytes = static_cast<const unsigned char*>(source);
+  if (bytes == nullptr || length == 0) return SetInput(CBinaryData());
+  if (m_documentElement != nullptr) return SetInput(CBinaryData(bytes, length));
+  Cleanup();
+  m_input = bytes;
+  m_inputLength = length;
 }
 
 void CXmlDocument::LoadXml(const char* text) {
-  SetInput(CopyOf(text));
-  if (m_input.GetLength() == 0) throw CQvException("XML String is empty!");
+  BorrowInput(text, text != nullptr ? std::strlen(text) : 0);
+  if (m_inputLength == 0) throw CQvException("XML String is empty!");
   ParseText();
 }
 
 void CXmlDocument::LoadXml(const wchar_t* text) {
   SetInput(text != nullptr ? CEncoder::UnicodeToUtf8Binary(text) : CBinaryData());
-  if (m_input.GetLength() == 0) throw CQvException("XML String is empty!");
+  if (m_inputLength == 0) throw CQvException("XML String is empty!");
   // The bytes are this function's own, so no declaration inside the text can be right about them.
   m_inputEncoding = "UTF-8";
   ParseText();
 }
 
 void CXmlDocument::LoadXmlStream(const unsigned char* data, unsigned long length) {
-  SetInput(CopyOf(data, length));
-  if (m_input.GetLength() == 0) throw CQvException("XML Stream is empty!");
+  BorrowInput(data, length);
+  if (m_inputLength == 0) throw CQvException("XML Stream is empty!");
   Parse();
 }
 
 void CXmlDocument::Load(const char* path) {
   const std::string ownPath = path != nullptr ? path : "";
   Cleanup();
-  m_input = detail::ReadFile(ownPath);
+  detail::CInputFile file(ownPath);
+  if (file.GetSize() > kLargeFile && IsPlainText(file.Peek(kFormatBytes))) return ParsePieces(file);
+  TakeInput(file.ReadAll());
   Parse();
 }
 
 void CXmlDocument::Parse() {
-  if (CQvZip::IsCompressed(m_input)) m_input = CQvZip::Decompress(m_input);
+  if (CQvZip::IsCompressed(m_input, m_inputLength)) {
+    if (m_ownInput.GetLength() == 0) m_ownInput = CBinaryData(m_input, m_inputLength);
+    TakeInput(CQvZip::Decompress(m_ownInput, m_context->GetMaxDecompressedSize()));
+  }
   if (!ParseFastInfoset()) ParseText();
 }
 
@@ -101,7 +123,7 @@ class CXmlDocument::CEndOfParse {
   CEndOfParse(const CEndOfParse&) = delete;
   CEndOfParse& operator=(const CEndOfParse&) = delete;
   ~CEndOfParse() {
-    m_document.m_input.Clear();
+    m_document.ClearInput();
     m_document.m_openElements.clear();
   }
 
@@ -110,7 +132,7 @@ class CXmlDocument::CEndOfParse {
 };
 
 bool CXmlDocument::ParseFastInfoset() {
-  if (!CFastInfosetReader::IsFastInfoset(m_input.GetData(), m_input.GetLength())) return false;
+  if (!CFastInfosetReader::IsFastInfoset(m_input, m_inputLength)) return false;
   const CEndOfParse endOfParse(*this);
   CFastInfosetReader(*this, m_context->GetFIContext()).Parse();
   return true;
@@ -121,6 +143,13 @@ void CXmlDocument::ParseText() {
   CExpatReader reader(*this);
   reader.CreateParser();
   reader.Parse(true);
+}
+
+void CXmlDocument::ParsePieces(detail::CInputFile& file) {
+  const CEndOfParse endOfParse(*this);
+  CExpatReader reader(*this);
+  reader.CreateParser();
+  reader.Parse(file);
 }
 
 }  // namespace QvXmlLib16

@@ -49,7 +49,8 @@ CBinaryData JsonStreamToXml(const unsigned char* bytes, unsigned long length,
   if (!CQvZip::IsCompressed(bytes, length)) {
     return Convert(bytes, bytes != nullptr ? length : 0, JsonEncoding::Utf8, ctx);
   }
-  const CBinaryData plain = CQvZip::Decompress(CBinaryData(bytes, length));
+  const CBinaryData plain =
+      CQvZip::Decompress(CBinaryData(bytes, length), ctx.GetMaxDecompressedSize());
   return Convert(plain.GetData(), plain.GetLength(), JsonEncoding::Utf8, ctx);
 }
 

@@ -88,6 +88,23 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   bool GetStripCDATA() const { return m_stripCDATA; }
   void SetStripCDATA(bool value) { m_stripCDATA = value; }
 
+  // What reading refuses. Each load takes the limits as they are then; docs/security.md has those
+  // that stand elsewhere.
+
+  /// Whether a document type declaration is refused, in XML text and in Fast Infoset: CQvException
+  /// "The document type declaration is refused at line %lu", or "at byte %lu". False at first.
+  bool GetRefuseDocumentType() const { return m_refuseDocumentType; }
+  void SetRefuseDocumentType(bool value) { m_refuseDocumentType = value; }
+  /// How many times the size of the XML text that which the text makes the parser repeat may add up
+  /// to (entities, attribute defaults, namespace URIs), beyond 8 MiB that are always allowed; 100
+  /// at first, 0 for no limit. CFastInfosetContext has its own.
+  unsigned GetMaxAmplification() const { return m_maxAmplification; }
+  void SetMaxAmplification(unsigned ratio) { m_maxAmplification = ratio; }
+  /// Largest size in bytes that a compressed document, XML, JSON or Fast Infoset, may have once it
+  /// is decompressed; 0, at first, stands for CQvZip::GetMaxDecompressedSize().
+  unsigned long GetMaxDecompressedSize() const { return m_maxDecompressedSize; }
+  void SetMaxDecompressedSize(unsigned long bytes) { m_maxDecompressedSize = bytes; }
+
   // What writing adds and leaves out.
 
   /// Whether a derived class written under another element's name gets an xsi:type attribute; true
@@ -102,6 +119,10 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   /// Whether elements that hold their default are written with it; false at first.
   bool GetWriteDefaultElementValues() const { return m_writeDefaultElementValues; }
   void SetWriteDefaultElementValues(bool value) { m_writeDefaultElementValues = value; }
+  /// Whether text that begins with "<![CDATA[" is written to XML text as it is, which lets it hold
+  /// any markup; true at first. Set to false, all text is escaped.
+  bool GetWriteCDATA() const { return m_writeCDATA; }
+  void SetWriteCDATA(bool value) { m_writeCDATA = value; }
   /// Default namespace declared on the root; "" (at first) declares none.
   std::string GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
   void SetDefaultNamespaceURI(const char* value);
@@ -162,6 +183,10 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   bool m_noOptionalAttributeDefaultOutput = false;
   bool m_writeDefaultElementValues = false;
   bool m_stripCDATA = true;
+  bool m_writeCDATA = true;
+  bool m_refuseDocumentType = false;
+  unsigned m_maxAmplification = 100;
+  unsigned long m_maxDecompressedSize = 0;
   std::string m_indentChars = "\t";
 };
 

@@ -61,6 +61,9 @@ class QVXML_API TValueCollection : public CXmlTypeCollection {
   void ToXml_Int(CXmlWriter* writer, bool isRoot, const char* targetNamespace,
                  const CSerializationContext& ctx, bool optional) const override;
 
+ protected:
+  void Reserve(std::size_t count) override { m_items.reserve(count); }
+
  private:
   template <class TCheckPosition>
   void Insert(TCarrier value, TCheckPosition checkPosition);

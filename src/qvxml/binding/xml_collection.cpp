@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "qvxml/binding/depth_guard_internal.h"
+#include "qvxml/binding/name_match_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/xml/xml_element.h"
@@ -81,6 +82,10 @@ void CXmlCollection::Clear() {
 void CXmlCollection::Remove(int index) {
   RaiseRemove(index);
   CheckIndex(index, GetCount());
+  TakeOut(index);
+}
+
+void CXmlCollection::TakeOut(int index) {
   const auto position = m_items.begin() + index;
   const CSmartPtr<CXmlObjectBase> removed = std::move(*position);
   m_items.erase(position);
@@ -88,9 +93,17 @@ void CXmlCollection::Remove(int index) {
 }
 
 void CXmlCollection::Remove(const CXmlObjectBase* item) {
+  const int index = RequireIndex(item);
+  // Looked for again, as a listener may change the collection; held, so that it is the same object.
+  const CSmartPtr<CXmlObjectBase> removed = m_items[static_cast<size_t>(index)];
+  RaiseRemove(index);
+  TakeOut(RequireIndex(item));
+}
+
+int CXmlCollection::RequireIndex(const CXmlObjectBase* item) const {
   const int index = Find(item);
   if (index < 0) throw CQvInvalidParamException("The object was not found in the collection");
-  Remove(index);
+  return index;
 }
 
 void CXmlCollection::ToXml_Int(CXmlWriter* writer, bool, const char*,
@@ -106,6 +119,7 @@ void CXmlCollection::ToXml_Int(CXmlWriter* writer, bool, const char*,
 CXmlElement* CXmlCollection::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                          const CSerializationContext& ctx, bool) {
   CXmlElement* cursor = firstChild;
+  if (m_items.empty() && MayTake(ctx, cursor)) m_items.reserve(detail::CountAlike(*cursor));
   while (MayTake(ctx, cursor)) {
     CXmlElement* const next = ReadItem(element, cursor, ctx);
     // An item that takes nothing would do so for ever.

@@ -55,7 +55,8 @@ class QVXML_API CXmlCollection : public CXmlCollectionBase,
   long GetCount() const override;
   void Clear() override;
   void Remove(int index) override;
-  /// Removes the object. Throws CQvInvalidParamException when it is not there.
+  /// Removes the object. Throws CQvInvalidParamException when it is not there, or no longer once
+  /// the listeners have heard of it.
   void Remove(const CXmlObjectBase* item);
 
   /// Writes all items; throws what ValidateCount throws.
@@ -79,6 +80,8 @@ class QVXML_API CXmlCollection : public CXmlCollectionBase,
 
   template <class TCheckPosition>
   void Insert(CSmartPtr<CXmlObjectBase> item, TCheckPosition checkPosition);
+  int RequireIndex(const CXmlObjectBase* item) const;
+  void TakeOut(int index);
   CXmlElement* ReadItem(CXmlElement* parent, CXmlElement* cursor, const CSerializationContext& ctx);
 
   XmlElementType m_elementType;

@@ -76,12 +76,19 @@ void CXmlCollectionBase::RemoveEventListener(IEventSink* listener) {
   if (found != m_listeners.end()) m_listeners.erase(found);
 }
 
-// Over a copy, as a listener may change the list; one that is gone meanwhile may be destroyed.
+// Over a copy, as a listener may change the list; one that is gone meanwhile may be destroyed. That
+// of a few is no allocation, so that what has happened is told even when memory is short.
 template <class TRaise>
 void CXmlCollectionBase::ForEachListener(TRaise&& raise) {
-  if (m_listeners.empty()) return;
-  const std::vector<IEventSink*> listeners(m_listeners);
-  for (IEventSink* const listener : listeners) {
+  constexpr size_t kFew = 8;
+  const size_t count = m_listeners.size();
+  IEventSink* few[kFew];
+  std::vector<IEventSink*> many;
+  if (count > kFew) many = m_listeners;
+  IEventSink** const listeners = count > kFew ? many.data() : few;
+  if (count <= kFew) std::copy(m_listeners.begin(), m_listeners.end(), few);
+  for (size_t i = 0; i < count; ++i) {
+    IEventSink* const listener = listeners[i];
     if (std::find(m_listeners.begin(), m_listeners.end(), listener) != m_listeners.end()) {
       raise(listener);
     }
@@ -117,7 +124,7 @@ void CXmlCollectionBase::CheckIndex(int index, long limit) const {
   if (index >= 0 && index < limit) return;
   // Kept: the upper figure is the number of items, also where the last index is one less.
   throw CQvInvalidParamException(
-      FormatString("Index %d is out of range, use 0 - %d", index, static_cast<int>(GetCount())));
+      FormatString("Index %d is out of range, use 0 - %ld", index, GetCount()));
 }
 
 bool CXmlCollectionBase::IsItemElement(const CSerializationContext& ctx,

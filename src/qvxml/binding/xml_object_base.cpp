@@ -57,8 +57,38 @@ long long CXmlObjectBase::Release() {
   // Nobody else can add a reference to one that only the caller holds.
   const long long references =
       IsSoleReference() ? 0 : m_references.fetch_sub(1, std::memory_order_acq_rel) - 1;
-  if (references == 0) delete this;
+  if (references == 0) Destroy(this);
   return references;
+}
+
+// An object destroys those that it holds, by recursion. From some depth on they wait until the
+// outermost one is gone, in a list that needs no memory: a dead object's count is its next one.
+void CXmlObjectBase::Destroy(CXmlObjectBase* object) {
+  static_assert(sizeof(object) <= sizeof(long long));
+  constexpr int kMaxDepth = 200;
+  struct CWaiting {
+    int depth;
+    CXmlObjectBase* first;
+  };
+  static constinit thread_local CWaiting t_waiting{0, nullptr};
+  CWaiting& waiting = t_waiting;
+  if (waiting.depth == kMaxDepth) {
+    object->m_references.store(reinterpret_cast<long long>(waiting.first),
+                               std::memory_order_relaxed);
+    waiting.first = object;
+    return;
+  }
+  ++waiting.depth;
+  delete object;
+  if (waiting.depth == 1) {
+    while (waiting.first != nullptr) {
+      CXmlObjectBase* const next = waiting.first;
+      waiting.first = reinterpret_cast<CXmlObjectBase*>(
+          next->m_references.exchange(1, std::memory_order_relaxed));
+      delete next;
+    }
+  }
+  --waiting.depth;
 }
 
 void CXmlObjectBase::AsyncToXmlFile(bool isAsync) { detail::g_isAsyncToFile = isAsync; }

@@ -169,7 +169,8 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   /// Adds a reference; returns the new count. From any thread.
   long long AddRef() noexcept;
   /// Drops a reference and destroys the object with the last one; returns the new count. From any
-  /// thread.
+  /// thread. However long the chain of objects that hold each other is, destroying it takes little
+  /// stack: those more than 200 deep are destroyed after the ones around them.
   long long Release();
   /// Whether exactly one reference is held: then it is the caller's own.
   bool IsSoleReference() const noexcept {
@@ -243,6 +244,8 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
 
   // Reads the XML text that JSON has become.
   void FromJson_Int(const CBinaryData& xml, const CSerializationContext& ctx);
+
+  static void Destroy(CXmlObjectBase* object);
 
   std::string m_elementName;
   std::atomic<long long> m_references{0};

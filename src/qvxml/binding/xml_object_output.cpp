@@ -24,6 +24,7 @@ void WriteXml(const CXmlObjectBase& object, CTextStream& stream, bool includeDoc
   writer.SetIndentChars(ctx.GetIndentChars().c_str());
   writer.SetEOLType(eol);
   writer.SetWriteDefaultElementValues(ctx.GetWriteDefaultElementValues());
+  writer.SetWriteCDATA(ctx.GetWriteCDATA());
   if (includeDocHeader) writer.WriteStartDocument();
   if (const char* comment = GetEvaluationComment()) writer.WriteComment(comment);
   object.ToXml_Int(&writer, true, object.GetTargetNamespace().c_str(), ctx, false);

@@ -1,5 +1,6 @@
 #include "qvxml/binding/xml_type_collection.h"
 
+#include "qvxml/binding/name_match_internal.h"
 #include "qvxml/xml/xml_element.h"
 
 namespace QvXmlLib16 {
@@ -56,6 +57,7 @@ CXmlTypeCollection::~CXmlTypeCollection() = default;
 CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                              const CSerializationContext& ctx, bool) {
   CXmlElement* cursor = firstChild;
+  if (GetCount() == 0 && IsItemElement(ctx, cursor)) Reserve(detail::CountAlike(*cursor));
   for (; IsItemElement(ctx, cursor); cursor = cursor->GetNextSiblingElement()) {
     AddFromString(cursor->GetText());
   }

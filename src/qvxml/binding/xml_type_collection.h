@@ -3,6 +3,7 @@
 #ifndef QVXML_BINDING_XML_TYPE_COLLECTION_H_
 #define QVXML_BINDING_XML_TYPE_COLLECTION_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -40,6 +41,9 @@ class QVXML_API CXmlTypeCollection : public CXmlCollectionBase {
                            const CSerializationContext& ctx, bool optional) override;
 
  protected:
+  /// Room for that many values, before they are added.
+  virtual void Reserve(std::size_t) {}
+
   /// Null when there is no facet.
   const CPrimitiveRestrictions* GetRestrictions() const { return m_restrictions.get(); }
   CWhitespaceUtils::WhitespaceRule GetWhitespaceRule() const { return m_whitespaceRule; }

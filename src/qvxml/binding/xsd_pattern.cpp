@@ -165,13 +165,15 @@ class CMatcher {
 
   // Result of pcre_dfa_exec: not negative for a match.
   int RunBreadthFirst() {
+    // Linear, but slow: without an end, a value of a gigabyte would take minutes.
+    if (m_maxTurns < kBreadthFirstCost) return PCRE_ERROR_MATCHLIMIT;
     // Each character costs the square of the states that are possible there.
     const double states = std::sqrt(static_cast<double>(m_maxTurns));
     const auto maxStates = static_cast<size_t>(std::clamp(states, 32.0, 1000.0));
     // Two lists of blocks of three numbers each.
     std::vector<int> workspace(maxStates * 6);
     int offsets[2];
-    return pcre_dfa_exec(m_compiled, nullptr, m_value.data(), Length(), 0, 0, offsets, 2,
+    return pcre_dfa_exec(m_compiled, nullptr, m_value.data(), Length(), 0, m_options, offsets, 2,
                          workspace.data(), static_cast<int>(workspace.size()));
   }
 
@@ -198,14 +200,18 @@ class CMatcher {
  private:
   static constexpr unsigned long kQuickSteps = 1000;
   static constexpr unsigned long kBytesOfTurn = 16;
+  // Of a character, in characters that a step scans.
+  static constexpr unsigned long kBreadthFirstCost = 25;
 
   int Length() const { return static_cast<int>(m_value.size()); }
 
   int Execute(const pcre_extra& extra) {
     m_usedSteps = extra.match_limit;
-    const int result = pcre_exec(m_compiled, &extra, m_value.data(), Length(), 0, 0,
+    const int result = pcre_exec(m_compiled, &extra, m_value.data(), Length(), 0, m_options,
                                  m_offsets.data(), static_cast<int>(m_offsets.size()));
     if (result == PCRE_ERROR_NOMEMORY) throw std::bad_alloc();
+    // A value that is not UTF-8 ends the first run, and is not run again.
+    m_options = PCRE_NO_UTF8_CHECK;
     return result;
   }
 
@@ -233,6 +239,7 @@ class CMatcher {
   const pcre* m_compiled;
   const std::string& m_value;
   std::vector<int> m_offsets;
+  int m_options = 0;
   unsigned long m_maxTurns;
   unsigned long m_maxSteps;
   size_t m_maxMemory;

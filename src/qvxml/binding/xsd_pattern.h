@@ -34,8 +34,8 @@ class QVXML_API CPatternLimits {
 
   /// Steps times the value's length: as one step may scan the whole value, long values are allowed
   /// fewer steps and less memory, so that the product stays near this number and, at the default,
-  /// matching within about a second. Values that match pass up to many megabytes. A long value that
-  /// does not match, when the pattern repeats a group, may be refused by this limit instead.
+  /// matching within about a second. Values of more than 16 MB may be refused by this limit, and so
+  /// may shorter ones that do not match when the pattern repeats a group.
   static unsigned long GetMaxWork();
   static void SetMaxWork(unsigned long work);
 };

@@ -1,8 +1,10 @@
 #include "qvxml/core/locale_text.h"
 
+#include <cerrno>
 #include <climits>
 #include <cstring>
 #include <cwchar>
+#include <new>
 #include <utility>
 
 #include <langinfo.h>
@@ -18,7 +20,10 @@ constexpr locale_t kNoLocale = static_cast<locale_t>(nullptr);
 // Made once and never freed: static destructors may still format.
 locale_t InvariantLocale() {
   static const locale_t locale = [] {
+    errno = 0;
     const locale_t utf8 = newlocale(LC_ALL_MASK, "C.UTF-8", kNoLocale);
+    // Tried again the next time: one moment without memory must not decide for good.
+    if (utf8 == kNoLocale && errno == ENOMEM) throw std::bad_alloc();
     return utf8 != kNoLocale ? utf8 : newlocale(LC_ALL_MASK, "C", kNoLocale);
   }();
   return locale;

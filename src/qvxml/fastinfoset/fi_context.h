@@ -84,9 +84,9 @@ class QVXML_API CFastInfosetContext : private TInstanceCounted<CFastInfosetConte
 
   // What reading refuses.
 
-  /// How many times the size of the document the strings that it refers to by index may add up to,
-  /// beyond 8 MiB that are always allowed; 100 at first, 0 for no limit. The XML reader has the
-  /// same limit.
+  /// How many times the size of the document the strings that it refers to by index, and what its
+  /// encoded values are longer as text, may add up to, beyond 8 MiB that are always allowed; 100 at
+  /// first, 0 for no limit. For XML text CSerializationContext has the same.
   unsigned GetMaxAmplification() const { return m_maxAmplification; }
   void SetMaxAmplification(unsigned ratio) { m_maxAmplification = ratio; }
 

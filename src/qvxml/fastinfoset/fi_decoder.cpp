@@ -31,14 +31,13 @@ CDecoder::CDecoder(CXmlDocument& document, const CFastInfosetContext& context)
       m_arena(document.Arena()),
       m_convertsText(!IsLocaleTextUtf8()),
       m_keepsCData(!document.StripsCDATA()),
-      m_input(document.m_input.GetData(), document.m_input.GetLength(),
-              RepetitionLimit(document.m_input.GetLength(), context.GetMaxAmplification())),
+      m_input(document.m_input, document.m_inputLength,
+              RepetitionLimit(document.m_inputLength, context.GetMaxAmplification())),
       m_strings(m_input),
       m_names(m_input, m_strings, m_arena, document.m_usesNamespaces, m_convertsText) {}
 
 void CDecoder::Decode() {
-  const CBinaryData& input = m_document.m_input;
-  const size_t start = DeclarationLength(input.GetData(), input.GetLength());
+  const size_t start = DeclarationLength(m_document.m_input, m_document.m_inputLength);
   if (start == kNoDocument) m_input.FailAt(0, "There is no Fast Infoset document");
   m_input.TakeOctets(start + sizeof kIdentification);
   try {

@@ -171,6 +171,9 @@ void CDecoder::ReadEpilog() {
 }
 
 void CDecoder::SkipDocumentType(unsigned char octet) {
+  if (m_document.RefusesDocumentType()) {
+    m_input.FailAt(m_input.GetOffset() - 1, "The document type declaration is refused");
+  }
   SkipIdentifiers(octet);
   for (;;) {
     const unsigned char next = m_input.Take();

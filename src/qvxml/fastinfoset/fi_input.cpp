@@ -26,7 +26,7 @@ void CInput::FailIndex(unsigned index, size_t entries, size_t offset) const {
 }
 
 void CInput::FailRepetition() const {
-  FailAt(GetOffset(), "The Fast Infoset document repeats too much of its tables");
+  FailAt(GetOffset(), "The limit on the amplification of the Fast Infoset document is exceeded");
 }
 
 // The number that begins with the bits `first` and goes on in `octets` octets.

@@ -87,7 +87,15 @@ CCharacters CStrings::TakeByAlphabet(unsigned index, std::string_view octets, si
     m_input.FailAt(m_input.GetOffset() - octets.size(),
                    FormatString("The octets are no text of the restricted alphabet [%u]", index));
   }
+  ChargeExpansion(octets);
   return {m_decoded, !isDeclared, false};
+}
+
+// What the text of the octets has more than they have themselves: up to 48 times.
+void CStrings::ChargeExpansion(std::string_view octets) {
+  if (m_decoded.size() > octets.size()) {
+    m_input.ChargeRepetition(m_decoded.size() - octets.size());
+  }
 }
 
 CCharacters CStrings::TakeByAlgorithm(unsigned index, std::string_view octets, size_t offset) {
@@ -105,6 +113,7 @@ CCharacters CStrings::TakeByAlgorithm(unsigned index, std::string_view octets, s
     m_input.FailAt(m_input.GetOffset() - octets.size(),
                    FormatString("The octets are no values of the encoding algorithm [%u]", index));
   }
+  ChargeExpansion(octets);
   return {m_decoded, true, false};
 }
 

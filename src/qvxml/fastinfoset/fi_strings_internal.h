@@ -66,6 +66,7 @@ class CStrings {
   CCharacters TakeEncoded(unsigned form, unsigned index, size_t length, size_t offset);
   CCharacters TakeByAlphabet(unsigned index, std::string_view octets, size_t offset);
   CCharacters TakeByAlgorithm(unsigned index, std::string_view octets, size_t offset);
+  void ChargeExpansion(std::string_view octets);
   [[noreturn]] void FailText(std::string_view text) const;
 
   CInput& m_input;

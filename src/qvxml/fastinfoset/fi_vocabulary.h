@@ -34,9 +34,16 @@ class TFITable {
 
   static constexpr size_t kMaxEntries = 1048576;
 
+  // To both or, when memory is short, to none: a count that differs would shift all later indices.
   void Add(const TEntry& entry) {
-    AddValueToMap(entry);
+    const size_t count = m_entries.size();
     AddValueToVector(entry);
+    try {
+      AddValueToMap(entry);
+    } catch (...) {
+      if (m_entries.size() != count) m_entries.pop_back();
+      throw;
+    }
   }
   // An entry that is there keeps its index.
   void AddValueToMap(const TEntry& entry) {

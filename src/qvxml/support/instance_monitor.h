@@ -32,7 +32,7 @@ class QVXML_API CInstanceCounter {
   CInstanceCounter& operator=(const CInstanceCounter&) = delete;
 
   void Add() noexcept { Change(1); }
-  void Remove() noexcept { Change(-1); }
+  void Remove(long count = 1) noexcept { Change(-count); }
 
  private:
   friend class CInstanceMonitor;

@@ -326,6 +326,12 @@ void CBigInteger::DivideByLong(const CBigInteger& dividend, const CBigInteger& d
 }
 
 CBigInteger& CBigInteger::MultiplyByPow10(std::size_t exponent) {
+  if (!IsZero()) detail::CheckPowerOfTen(exponent);
+  return Shift(exponent);
+}
+
+// The same without a limit: the scales of decimals are limited where they come in.
+CBigInteger& CBigInteger::Shift(std::size_t exponent) {
   if (IsZero() || exponent == 0) return *this;
   const std::size_t shift = exponent / kLimbDigits;
   const Limb factor = kPowersOfTen[exponent % kLimbDigits];

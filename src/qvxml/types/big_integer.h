@@ -68,8 +68,8 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   }
   ~CBigInteger() { ReleaseLimbs(); }
 
-  /// 10^exponent. An exponent above the exponent limit throws CQvInvalidValueException with the
-  /// message of Parse for the text "1E<exponent>" and the position of its "E".
+  /// 10^exponent. An exponent above the exponent limit throws CQvInvalidValueException "The power
+  /// of ten [%lu] exceeds the limit of %u.".
   static CBigInteger Pow10(unsigned int exponent);
 
   // Limits, for the whole process; any thread may read and set them.
@@ -79,8 +79,8 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   static std::size_t GetDigitLimit() noexcept;
   /// Values above 1,000,000,000 count as that.
   static void SetDigitLimit(std::size_t digits) noexcept;
-  /// Greatest exponent of Pow10, greatest magnitude of an exponent in the text of a CDecimal and
-  /// greatest scale that a CDecimal takes as an argument: 1,000,000 unless set.
+  /// Greatest exponent of Pow10 and MultiplyByPow10, greatest magnitude of an exponent in the text
+  /// of a CDecimal and greatest scale that a CDecimal takes as an argument: 1,000,000 unless set.
   static unsigned int GetExponentLimit() noexcept;
   /// Values above 1,000,000,000 count as that.
   static void SetExponentLimit(unsigned int exponent) noexcept;
@@ -92,8 +92,9 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   ///
   /// Anything else throws CQvInvalidValueException "The string representing a Big Integer,
   /// contained an invalid char at position %d [%s]." with the 0-based index of the character, or of
-  /// the end when digits are missing, and the whole text. Digits beyond the digit limit fail the
-  /// same way at the first digit too many, before any memory is taken. The value is then unchanged.
+  /// the end when digits are missing, and the whole text. Digits beyond the digit limit throw
+  /// CQvInvalidValueException "The string representing a Big Integer has more digits than the limit
+  /// of %lu allows, from position %d on." before any memory is taken. The value is then unchanged.
   void Parse(const char* text);
   /// Parse for `length` bytes; `text` may be null when it is 0.
   void Parse(const char* text, std::size_t length);
@@ -153,7 +154,7 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   static void Divide(const CBigInteger& dividend, const CBigInteger& divisor, CBigInteger* quotient,
                      CBigInteger* remainder);
 
-  /// Multiplies by 10^exponent.
+  /// Multiplies by 10^exponent, which is limited as in Pow10 unless the value is zero.
   CBigInteger& MultiplyByPow10(std::size_t exponent);
   /// Divides by 10^exponent. `remainder`, when not null and another object, receives the rest.
   CBigInteger& DivideByPow10(std::size_t exponent, CBigInteger* remainder = nullptr);
@@ -246,6 +247,7 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
                            CBigInteger& quotient, CBigInteger& remainder);
   static void DivideByLong(const CBigInteger& dividend, const CBigInteger& divisor,
                            CBigInteger& quotient, CBigInteger& remainder);
+  CBigInteger& Shift(std::size_t exponent);
   CBigInteger TakeLowDigits(std::size_t count) const;
 
   bool ParseShort(const char* text, std::size_t length) noexcept;

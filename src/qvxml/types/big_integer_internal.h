@@ -18,6 +18,12 @@
 namespace QvXmlLib16::detail {
 
 using Limb = std::uint64_t;
+
+/// Throws when the exponent exceeds the exponent limit.
+void CheckPowerOfTen(std::size_t exponent);
+/// `position` is that of the first digit too many.
+[[noreturn]] void ThrowTooManyDigits(const char* typeName, std::size_t limit, std::size_t position);
+
 __extension__ typedef unsigned __int128 WideLimb;
 
 inline constexpr std::size_t kLimbDigits = 18;

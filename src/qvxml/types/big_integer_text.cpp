@@ -68,11 +68,20 @@ CBigInteger::CBigInteger(const char* text) { Parse(text); }
 
 CBigInteger::CBigInteger(const std::string& text) { Parse(text.data(), text.size()); }
 
+void detail::CheckPowerOfTen(std::size_t exponent) {
+  const unsigned int limit = CBigInteger::GetExponentLimit();
+  if (exponent <= limit) return;
+  throw CQvInvalidValueException(
+      FormatString("The power of ten [%lu] exceeds the limit of %u.", exponent, limit));
+}
+
+void detail::ThrowTooManyDigits(const char* typeName, std::size_t limit, std::size_t position) {
+  throw CQvInvalidValueException(FormatString(
+      "The string representing a %s has more digits than the limit of %lu allows, from position %d on.",
+      typeName, limit, static_cast<int>(std::min<std::size_t>(position, INT_MAX))));
+}
+
 CBigInteger CBigInteger::Pow10(unsigned int exponent) {
-  if (exponent > GetExponentLimit()) {
-    const std::string text = FormatString("1E%u", exponent);
-    ThrowInvalidChar(text.data(), text.size(), 1);
-  }
   return CBigInteger(1).MultiplyByPow10(exponent);
 }
 
@@ -100,7 +109,9 @@ void CBigInteger::Parse(const char* text, std::size_t length) {
   const std::size_t significant = skip(first, [](char character) { return character == '0'; });
   const std::size_t end = skip(significant, IsDigit);
   const std::size_t limit = GetDigitLimit();
-  if (end - significant > limit) ThrowInvalidChar(text, length, significant + limit);
+  if (end - significant > limit) {
+    detail::ThrowTooManyDigits("Big Integer", limit, significant + limit);
+  }
   if (end == first) ThrowInvalidChar(text, length, end);
   const std::size_t last = skip(end, CWhitespaceUtils::IsWhiteSpace);
   if (last != length) ThrowInvalidChar(text, length, last);

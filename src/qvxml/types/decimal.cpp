@@ -18,25 +18,16 @@ constexpr int kQuotientDigits = 34;
   throw CQvInvalidValueException(FormatString("Invalid fractional divider [%d]", divider));
 }
 
-std::size_t CountFractionDigits(const CBigInteger& fraction) {
-  return fraction.IsZero() ? 0 : fraction.GetDigitCount();
+// Of a scale that somebody gave as an argument.
+void CheckScaleLimit(int divider) {
+  const unsigned int limit = CBigInteger::GetExponentLimit();
+  if (divider < 0 || static_cast<unsigned int>(divider) <= limit) return;
+  throw CQvInvalidValueException(
+      FormatString("Invalid fractional divider [%d], the limit is %u", divider, limit));
 }
 
-// Orders two fractions, each read with its own scale.
-int CompareFractions(const CBigInteger& left, int leftDivider, const CBigInteger& right,
-                     int rightDivider) {
-  if (leftDivider == rightDivider || left.IsZero() || right.IsZero()) return left.Compare(right);
-  const long long leftDigits = static_cast<long long>(left.GetDigitCount());
-  const long long rightDigits = static_cast<long long>(right.GetDigitCount());
-  const long long leftZeros = leftDivider - leftDigits;
-  const long long rightZeros = rightDivider - rightDigits;
-  if (leftZeros != rightZeros) return leftZeros < rightZeros ? 1 : -1;
-  if (leftDigits == rightDigits) return left.Compare(right);
-  const bool isLeftShorter = leftDigits < rightDigits;
-  CBigInteger scaled(isLeftShorter ? left : right);
-  scaled.MultiplyByPow10(static_cast<std::size_t>(isLeftShorter ? rightDigits - leftDigits
-                                                                : leftDigits - rightDigits));
-  return isLeftShorter ? scaled.Compare(right) : left.Compare(scaled);
+std::size_t CountFractionDigits(const CBigInteger& fraction) {
+  return fraction.IsZero() ? 0 : fraction.GetDigitCount();
 }
 
 }  // namespace
@@ -48,8 +39,8 @@ static_assert(sizeof(CDecimal) == 64);
 
 CDecimal::CDecimal(const CBigInteger& integerPart, const CBigInteger& fractionPart, int divider)
     : m_integerPart(integerPart), m_fractionPart(fractionPart), m_fractionalDivider(divider) {
-  if (divider < 0 || static_cast<unsigned int>(divider) > CBigInteger::GetExponentLimit() ||
-      fractionPart.IsNegative() ||
+  CheckScaleLimit(divider);
+  if (divider < 0 || fractionPart.IsNegative() ||
       CountFractionDigits(fractionPart) > static_cast<std::size_t>(divider)) {
     ThrowInvalidDivider(divider);
   }
@@ -100,6 +91,23 @@ std::size_t CDecimal::GetFractionDigitCount() const noexcept {
   return static_cast<std::size_t>(m_fractionalDivider) - m_fractionPart.GetTrailingZeroCount();
 }
 
+// Orders two fractions, each read with its own scale.
+int CDecimal::CompareFractions(const CBigInteger& left, int leftDivider, const CBigInteger& right,
+                               int rightDivider) {
+  if (leftDivider == rightDivider || left.IsZero() || right.IsZero()) return left.Compare(right);
+  const long long leftDigits = static_cast<long long>(left.GetDigitCount());
+  const long long rightDigits = static_cast<long long>(right.GetDigitCount());
+  const long long leftZeros = leftDivider - leftDigits;
+  const long long rightZeros = rightDivider - rightDigits;
+  if (leftZeros != rightZeros) return leftZeros < rightZeros ? 1 : -1;
+  if (leftDigits == rightDigits) return left.Compare(right);
+  const bool isLeftShorter = leftDigits < rightDigits;
+  CBigInteger scaled(isLeftShorter ? left : right);
+  scaled.Shift(static_cast<std::size_t>(isLeftShorter ? rightDigits - leftDigits
+                                                      : leftDigits - rightDigits));
+  return isLeftShorter ? scaled.Compare(right) : left.Compare(scaled);
+}
+
 int CDecimal::Compare(const CDecimal& other) const {
   const bool isNegative = GetNegative();
   if (isNegative != other.GetNegative()) return isNegative ? -1 : 1;
@@ -117,15 +125,12 @@ void CDecimal::ChangeFractionalDivider(int divider) {
 }
 
 void CDecimal::CheckDivider(int divider) const {
-  if (divider > m_fractionalDivider &&
-      static_cast<unsigned int>(divider) > CBigInteger::GetExponentLimit()) {
-    ThrowInvalidDivider(divider);
-  }
+  if (divider > m_fractionalDivider) CheckScaleLimit(divider);
 }
 
 void CDecimal::Rescale(int divider) {
   if (divider >= m_fractionalDivider) {
-    m_fractionPart.MultiplyByPow10(static_cast<std::size_t>(divider - m_fractionalDivider));
+    m_fractionPart.Shift(static_cast<std::size_t>(divider - m_fractionalDivider));
   } else {
     m_fractionPart.DivideByPow10(static_cast<std::size_t>(m_fractionalDivider - divider));
     if (m_fractionPart.IsZero()) m_isNegativeFraction = false;
@@ -173,13 +178,13 @@ CDecimal CDecimal::operator--(int) {
 // The value times 10^divider, which is at least the scale.
 CBigInteger CDecimal::ToScaled(int divider) const {
   CBigInteger scaled(m_integerPart);
-  scaled.MultiplyByPow10(static_cast<std::size_t>(m_fractionalDivider));
+  scaled.Shift(static_cast<std::size_t>(m_fractionalDivider));
   if (GetNegative()) {
     scaled -= m_fractionPart;
   } else {
     scaled += m_fractionPart;
   }
-  scaled.MultiplyByPow10(static_cast<std::size_t>(divider - m_fractionalDivider));
+  scaled.Shift(static_cast<std::size_t>(divider - m_fractionalDivider));
   return scaled;
 }
 
@@ -232,8 +237,8 @@ CDecimal operator/(const CDecimal& left, const CDecimal& right) {
       static_cast<long long>(divisor.GetDigitCount())) {
     return CDecimal();
   }
-  (shift >= 0 ? dividend : divisor)
-      .MultiplyByPow10(static_cast<std::size_t>(shift >= 0 ? shift : -shift));
+  CDecimal::Shift(shift >= 0 ? dividend : divisor,
+                  static_cast<std::size_t>(shift >= 0 ? shift : -shift));
   CBigInteger quotient;
   CBigInteger remainder;
   CBigInteger::Divide(dividend, divisor, &quotient, &remainder);

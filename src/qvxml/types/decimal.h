@@ -28,8 +28,9 @@ struct DecimalDigits;  // types/decimal_text.cpp
 ///
 /// Operations whose result needs memory throw std::bad_alloc or std::length_error when there is not
 /// enough, and leave their operands as they were. Text is limited by CBigInteger::SetDigitLimit,
-/// and exponents and scales given as arguments by CBigInteger::SetExponentLimit; a scale out of
-/// range throws CQvInvalidValueException "Invalid fractional divider [%d]".
+/// and exponents and scales given as arguments by CBigInteger::SetExponentLimit. A scale out of
+/// range throws CQvInvalidValueException "Invalid fractional divider [%d]", and one beyond the
+/// limit "Invalid fractional divider [%d], the limit is %u".
 class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
  public:
   // Construction.
@@ -78,10 +79,12 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   ///
   /// Anything else throws CQvInvalidValueException "The string representing a Decimal, contained an
   /// invalid char at position %d [%s]." with the 0-based index of the character, or of the end when
-  /// digits are missing, and the whole text. Beyond the limits it fails the same way, before any
-  /// memory is taken: at the first digit too many (integer digits after leading zeros and fraction
-  /// digits count), or at the "e" or "E" of an exponent that is out of range or makes a value whose
-  /// text has too many digits. The value is then unchanged.
+  /// digits are missing, and the whole text. Beyond the limits it throws CQvInvalidValueException
+  /// "The string representing a Decimal has more digits than the limit of %lu allows, from position
+  /// %d on." or "The string representing a Decimal has an exponent beyond the limit of %u at
+  /// position %d.", before any memory is taken: at the first digit too many (integer digits after
+  /// leading zeros and fraction digits count), or at the "e" or "E" of an exponent that is out of
+  /// range or makes a value whose text has too many digits. The value is then unchanged.
   void Parse(const char* text);
   /// Parse for `length` bytes; `text` may be null when it is 0.
   void Parse(const char* text, std::size_t length);
@@ -192,6 +195,9 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   std::size_t GetTextLength() const noexcept;
   void WriteText(char* target) const noexcept;
 
+  static int CompareFractions(const CBigInteger& left, int leftDivider, const CBigInteger& right,
+                              int rightDivider);
+  static void Shift(CBigInteger& value, std::size_t digits) { value.Shift(digits); }
   void CheckDivider(int divider) const;
   void Rescale(int divider);
   CBigInteger ToScaled(int divider) const;

@@ -80,7 +80,8 @@ class CDecimalScanner {
     const std::size_t exponent = m_position;
     if (Take('e') || Take('E')) {
       digits.exponent = ScanExponent(exponent);
-      if (CountWrittenDigits(digits) > CBigInteger::GetDigitLimit()) Fail(exponent);
+      const std::size_t limit = CBigInteger::GetDigitLimit();
+      if (CountWrittenDigits(digits) > limit) FailDigits(limit, exponent);
     }
     TakeWhile(CWhitespaceUtils::IsWhiteSpace);
     if (m_position != m_text.size()) Fail(m_position);
@@ -108,11 +109,11 @@ class CDecimalScanner {
     const bool isNegative = TakeSign();
     const std::string_view digits = TakeWhile(IsDigit);
     if (digits.empty()) Fail(m_position);
-    const long limit = static_cast<long>(CBigInteger::GetExponentLimit());
+    const unsigned int limit = CBigInteger::GetExponentLimit();
     long exponent = 0;
     for (const char digit : digits) {
       exponent = exponent * 10 + (digit - '0');
-      if (exponent > limit) Fail(position);
+      if (exponent > static_cast<long>(limit)) FailExponent(limit, position);
     }
     return isNegative ? -exponent : exponent;
   }
@@ -122,7 +123,17 @@ class CDecimalScanner {
     if (digits.integer.size() + digits.fraction.size() <= limit) return;
     const std::string_view side = digits.integer.size() > limit ? digits.integer : digits.fraction;
     const std::size_t before = digits.integer.size() > limit ? 0 : digits.integer.size();
-    Fail(static_cast<std::size_t>(side.data() - m_text.data()) + limit - before);
+    FailDigits(limit, static_cast<std::size_t>(side.data() - m_text.data()) + limit - before);
+  }
+
+  [[noreturn]] static void FailDigits(std::size_t limit, std::size_t position) {
+    detail::ThrowTooManyDigits("Decimal", limit, position);
+  }
+
+  [[noreturn]] static void FailExponent(unsigned int limit, std::size_t position) {
+    throw CQvInvalidValueException(FormatString(
+        "The string representing a Decimal has an exponent beyond the limit of %u at position %d.",
+        limit, static_cast<int>(std::min<std::size_t>(position, INT_MAX))));
   }
 
   [[noreturn]] void Fail(std::size_t position) const {
@@ -241,7 +252,7 @@ void CDecimal::Assign(const DecimalDigits& digits) {
 void CDecimal::AssignParts(const DecimalDigits& digits, CBigInteger& integer,
                            CBigInteger& fraction) {
   integer.AssignDigits(digits.integer.data(), digits.integer.size(), digits.isNegative);
-  integer.MultiplyByPow10(digits.integerZeros);
+  integer.Shift(digits.integerZeros);
   fraction.AssignDigits(digits.fraction.data(), digits.fraction.size(), false);
 }
 

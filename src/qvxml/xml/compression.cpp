@@ -21,7 +21,7 @@ constexpr int kDetectWindowBits = 15 + 32;
 constexpr int kMemLevel = 8;
 constexpr unsigned long kChunkSize = 65536;
 
-constinit std::atomic<unsigned long> g_maxDecompressedSize{1UL << 30};
+constinit std::atomic<unsigned long> g_maxDecompressedSize{0};
 
 [[noreturn]] void ThrowCompressFailed(int result) {
   throw CQvException(FormatString("Failed to compress data. [Error Code: %d]", result));
@@ -29,6 +29,11 @@ constinit std::atomic<unsigned long> g_maxDecompressedSize{1UL << 30};
 
 [[noreturn]] void ThrowDecompressFailed(int result) {
   throw CQvException(FormatString("Failed to decompress data. [Error Code: %d]", result));
+}
+
+[[noreturn]] void ThrowTooLarge(unsigned long maxSize) {
+  throw CQvException(
+      FormatString("Failed to decompress data. The limit of %lu bytes was exceeded.", maxSize));
 }
 
 bool BeginsAsGZip(const unsigned char* bytes, unsigned long length) {
@@ -144,9 +149,7 @@ class CInflater {
       state = inflate(&m_stream, Z_NO_FLUSH);
       if (state != Z_OK && state != Z_STREAM_END) ThrowDecompressFailed(state);
       const unsigned long length = kChunkSize - m_stream.avail_out;
-      if (m_maxSize != 0 && length > m_maxSize - result.GetLength()) {
-        ThrowDecompressFailed(Z_BUF_ERROR);
-      }
+      if (m_maxSize != 0 && length > m_maxSize - result.GetLength()) ThrowTooLarge(m_maxSize);
       result.Append(m_chunk.get(), length);
     }
   }
@@ -173,8 +176,10 @@ void CQvZip::CompressData(CBinaryData& data, CompressionType type) {
   throw CQvException(FormatString("Unknown Compression Type [%d]", static_cast<int>(type)));
 }
 
-CBinaryData CQvZip::Decompress(const CBinaryData& data) {
-  return CInflater(data, GetMaxDecompressedSize()).Decompress();
+CBinaryData CQvZip::Decompress(const CBinaryData& data) { return Decompress(data, 0); }
+
+CBinaryData CQvZip::Decompress(const CBinaryData& data, unsigned long maxSize) {
+  return CInflater(data, maxSize != 0 ? maxSize : GetMaxDecompressedSize()).Decompress();
 }
 
 bool CQvZip::IsCompressed(const CBinaryData& data) noexcept {

@@ -29,17 +29,21 @@ class QVXML_API CQvZip {
   /// The bytes that gzip data, of one or more members, or a zlib stream stand for.
   ///
   /// Throws CQvException "Failed to decompress data. [Error Code: %d]" with Z_DATA_ERROR (-3) for
-  /// damaged data and for anything that follows its end, Z_BUF_ERROR (-5) for truncated data, no
-  /// data, and a result larger than GetMaxDecompressedSize(), or another result of zlib.
+  /// damaged data and for anything that follows its end, Z_BUF_ERROR (-5) for truncated data and
+  /// no data, or another result of zlib; "Failed to decompress data. The limit of %lu bytes was
+  /// exceeded." for a result larger than GetMaxDecompressedSize(), of which no more is made.
   static CBinaryData Decompress(const CBinaryData& data);
+  /// The same with a limit for this call; 0 stands for GetMaxDecompressedSize().
+  static CBinaryData Decompress(const CBinaryData& data, unsigned long maxSize);
 
   /// Whether the bytes begin as gzip data do, or as a zlib stream with the usual window of 32 KiB
   /// and without a preset dictionary does. No XML, JSON or Fast Infoset document begins so.
   static bool IsCompressed(const CBinaryData& data) noexcept;
   static bool IsCompressed(const unsigned char* bytes, unsigned long length) noexcept;
 
-  /// Largest result of Decompress in bytes, for the whole process; 0 means no limit. At first
-  /// 1,073,741,824 (1 GiB): compressed data may stand for a thousand times its size.
+  /// Largest result of Decompress in bytes, for the whole process; 0, at first, means no limit.
+  /// Compressed data may stand for a thousand times its size: set it, or
+  /// CSerializationContext::SetMaxDecompressedSize, where data comes from strangers.
   static unsigned long GetMaxDecompressedSize() noexcept;
   /// Sets the limit for calls of Decompress that begin later.
   static void SetMaxDecompressedSize(unsigned long bytes) noexcept;

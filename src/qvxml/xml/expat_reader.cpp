@@ -1,19 +1,30 @@
 #include "qvxml/xml/expat_reader.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <type_traits>
 #include <utility>
 
+// The header shows the limits on entities to those who say that the parser knows entities.
+#ifndef XML_DTD
+#define XML_DTD 1
+#endif
+#ifndef XML_GE
+#define XML_GE 1
+#endif
 #include <expat.h>
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/locale_text.h"
+#include "qvxml/xml/byte_source_internal.h"
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/repetition_limit_internal.h"
+#include "qvxml/xml/short_copy.h"
 #include "qvxml/xml/xml_building_internal.h"
 #include "qvxml/xml/xml_document.h"
 
@@ -31,11 +42,44 @@ namespace {
 // a tenth of the time: large inputs come in pieces.
 constexpr size_t kLargeInput = size_t{32} << 20;
 constexpr size_t kFirstPiece = size_t{1} << 20;
-// Its int lengths, doubled inside, can hold this.
-constexpr size_t kMaxPiece = size_t{1} << 30;
+// What the parser has not finished with is kept, with some context, in a buffer that it doubles up
+// to this.
+constexpr size_t kMaxBuffer = size_t{1} << 30;
+constexpr size_t kMaxContext = 4096;
+// So much of that must be free for going on.
+constexpr size_t kMaxToken = kMaxBuffer - (size_t{64} << 20);
 
 // Repeated names take time but no memory.
 constexpr size_t kRepeatedNameShare = 4;
+
+constexpr size_t kFirstOpenText = 1024;
+
+// The parser does not report every allocation that fails: it may say that a prefix is unbound, or
+// nothing. So it allocates through functions that take note, each thread for itself.
+constinit thread_local bool t_isMemoryShort = false;
+
+void* TakeNote(void* block) noexcept {
+  if (block == nullptr) t_isMemoryShort = true;
+  return block;
+}
+
+// The note of one parse, beside that of a parse around it.
+class CShortMemoryNote {
+ public:
+  CShortMemoryNote() : m_before(std::exchange(t_isMemoryShort, false)) {}
+  ~CShortMemoryNote() { t_isMemoryShort = m_before; }
+  CShortMemoryNote(const CShortMemoryNote&) = delete;
+  CShortMemoryNote& operator=(const CShortMemoryNote&) = delete;
+  bool IsTaken() const { return t_isMemoryShort; }
+
+ private:
+  const bool m_before;
+};
+
+constexpr XML_Memory_Handling_Suite kMemory = {
+    [](size_t size) { return TakeNote(std::malloc(size)); },
+    [](void* block, size_t size) { return TakeNote(std::realloc(block, size)); },
+    [](void* block) { std::free(block); }};
 
 }  // namespace
 
@@ -53,8 +97,9 @@ void CExpatReader::Cleanup() noexcept {
 void CExpatReader::CreateParser() {
   Cleanup();
   const char* encoding = m_document.m_inputEncoding;
-  m_parser = m_document.m_usesNamespaces ? XML_ParserCreateNS(encoding, detail::kNameSeparator)
-                                         : XML_ParserCreate(encoding);
+  const char separator[] = {detail::kNameSeparator, '\0'};
+  m_parser =
+      XML_ParserCreate_MM(encoding, &kMemory, m_document.m_usesNamespaces ? separator : nullptr);
   if (m_parser == nullptr) throw std::bad_alloc();
   m_arena = &m_document.Arena();
   XML_SetUserData(m_parser, this);
@@ -64,22 +109,47 @@ void CExpatReader::CreateParser() {
   if (!m_document.StripsCDATA()) {
     XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
   }
+  if (m_document.RefusesDocumentType()) {
+    XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
+  }
+  SetEntityLimit();
+}
+
+// The parser's own limit, on what entities expand to, is past the same 8 MiB.
+void CExpatReader::SetEntityLimit() {
+  const unsigned ratio = m_document.GetMaxAmplification();
+  XML_SetBillionLaughsAttackProtectionMaximumAmplification(
+      m_parser, ratio != 0 ? static_cast<float>(ratio) : std::numeric_limits<float>::max());
+}
+
+template <class TFeed>
+void CExpatReader::NoteShortMemory(TFeed feed) {
+  // A callback may parse another document meanwhile.
+  const CShortMemoryNote note;
+  const bool isParsed = feed();
+  if (isParsed && !note.IsTaken()) return;
+  FlushOpenText();
+  if (m_failure != nullptr) std::rethrow_exception(m_failure);
+  const XML_Error code = XML_GetErrorCode(m_parser);
+  if (note.IsTaken() && code != XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+  ThrowParseError(code);
 }
 
 void CExpatReader::Parse(bool isFinal) {
-  m_repetitionLimit = detail::RepetitionLimit(m_document.m_input.GetLength());
-  const bool isParsed = Feed(isFinal);
-  if (!isParsed) {
-    FlushOpenText();
-    if (m_failure != nullptr) std::rethrow_exception(m_failure);
-    ThrowParseError(XML_GetErrorCode(m_parser));
-  }
+  m_repetitionLimit =
+      detail::RepetitionLimit(m_document.m_inputLength, m_document.GetMaxAmplification());
+  NoteShortMemory([&] { return Feed(isFinal); });
   if (isFinal) Cleanup();
 }
 
+void CExpatReader::Parse(detail::IByteSource& input) {
+  NoteShortMemory([&] { return Feed(input); });
+  Cleanup();
+}
+
 bool CExpatReader::Feed(bool isFinal) {
-  const char* const data = reinterpret_cast<const char*>(m_document.m_input.GetData());
-  const size_t length = m_document.m_input.GetLength();
+  const char* const data = reinterpret_cast<const char*>(m_document.m_input);
+  const size_t length = m_document.m_inputLength;
   const size_t firstPiece = length <= kLargeInput ? kLargeInput : kFirstPiece;
   size_t piece = firstPiece;
   for (size_t position = 0;;) {
@@ -90,15 +160,54 @@ bool CExpatReader::Feed(bool isFinal) {
     }
     position += count;
     if (position == length) return true;
-    // A token that did not fit is read again from its start, so pieces grow with it.
-    const size_t parsed = static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
-    const bool isStuck = position - parsed > piece / 2;
-    piece = isStuck ? std::min(2 * piece, kMaxPiece) : firstPiece;
+    piece = NextPiece(piece, firstPiece, position);
   }
+}
+
+bool CExpatReader::Feed(detail::IByteSource& input) {
+  size_t piece = kFirstPiece;
+  for (size_t position = 0;;) {
+    void* const room = XML_GetBuffer(m_parser, static_cast<int>(piece));
+    if (room == nullptr) return false;
+    size_t count = 0;
+    try {
+      count = input.Read(room, piece);
+    } catch (...) {
+      m_failure = std::current_exception();
+      return false;
+    }
+    position += count;
+    m_repetitionLimit = detail::RepetitionLimit(position, m_document.GetMaxAmplification());
+    const bool isLast = count < piece;
+    if (XML_ParseBuffer(m_parser, static_cast<int>(count), isLast) != XML_STATUS_OK) return false;
+    if (isLast) return true;
+    piece = NextPiece(piece, kFirstPiece, position);
+  }
+}
+
+// A token that did not fit is read again from its start, so pieces grow with it.
+size_t CExpatReader::NextPiece(size_t piece, size_t smallest, size_t fed) {
+  const size_t unparsed = fed - static_cast<size_t>(XML_GetCurrentByteIndex(m_parser));
+  if (unparsed <= piece / 2) return smallest;
+  if (unparsed > kMaxToken) ThrowTokenTooLong();
+  return std::min(2 * piece, kMaxBuffer - kMaxContext - unparsed);
+}
+
+void CExpatReader::ThrowTokenTooLong() {
+  FlushOpenText();
+  throw CQvException(
+      FormatString("A tag, a comment or the like is longer than %lu bytes at line %lu",
+                   static_cast<unsigned long>(kMaxToken),
+                   static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
 }
 
 void CExpatReader::ThrowParseError(int code) const {
   throw CQvException(FormatString("%s at line %lu", XML_ErrorString(static_cast<XML_Error>(code)),
+                                  static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
+}
+
+void CExpatReader::ThrowDocumentTypeRefused() const {
+  throw CQvException(FormatString("The document type declaration is refused at line %lu",
                                   static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser))));
 }
 
@@ -107,7 +216,7 @@ inline void CExpatReader::StartElement(const char* name, const char** atts) {
   CXmlElement* element = m_document.m_documentElement == nullptr
                              ? m_document.AddDocElement(elementName)
                              : m_document.AddChildElement(elementName);
-  m_openTextStarts.push_back(m_openText.size());
+  m_openTextStarts.push_back(m_openTextSize);
   if (*atts != nullptr) AddAttributes(element, atts);
 }
 
@@ -129,15 +238,16 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
 
 // Gives an element the text from `start` on.
 inline void CExpatReader::TakeOpenText(CXmlElement& element, size_t start) {
-  const std::string_view text = std::string_view(m_openText).substr(start);
-  if (text.find('\r') == std::string_view::npos) {
+  const std::string_view text(m_openText.data() + start, m_openTextSize - start);
+  if (!m_hasReturn) {
     element.AppendWholeText(*m_arena, text);
   } else {
     std::string kept;
     detail::AppendExcludingCR(kept, text.data(), text.size());
     element.AppendWholeText(*m_arena, kept);
   }
-  m_openText.resize(start);
+  m_openTextSize = start;
+  if (start == 0) m_hasReturn = false;
 }
 
 inline void CExpatReader::EndElement() {
@@ -150,11 +260,24 @@ inline void CExpatReader::EndElement() {
 }
 
 inline void CExpatReader::AppendText(const char* text, size_t length) {
+  // The parser turns line ends into line feeds; only a character reference, which it reports by
+  // itself, makes a carriage return.
+  if (length == 1 && *text == '\r') m_hasReturn = true;
   if (m_convertsText) {
-    m_openText += Utf8ToLocalCodePage(text, length);
+    AppendOpenText(Utf8ToLocalCodePage(text, length));
   } else {
-    m_openText.append(text, length);
+    AppendOpenText({text, length});
   }
+}
+
+inline void CExpatReader::AppendOpenText(std::string_view text) {
+  if (m_openText.size() - m_openTextSize < text.size()) WidenOpenText(text.size());
+  detail::CopyShort(m_openText.data() + m_openTextSize, text.data(), text.size());
+  m_openTextSize += text.size();
+}
+
+void CExpatReader::WidenOpenText(size_t length) {
+  m_openText.resize(std::max(2 * m_openText.size(), m_openTextSize + length + kFirstOpenText));
 }
 
 void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
@@ -166,7 +289,7 @@ void CExpatReader::StartNamespace(const char* prefix, const char* uri) {
 
 // Gives the open elements their text so far, innermost first.
 void CExpatReader::FlushOpenText() {
-  for (size_t i = m_openTextStarts.size(); i-- > 0 && !m_openText.empty();) {
+  for (size_t i = m_openTextStarts.size(); i-- > 0 && m_openTextSize != 0;) {
     TakeOpenText(*m_document.m_openElements[i], std::exchange(m_openTextStarts[i], 0));
   }
 }
@@ -230,16 +353,28 @@ void CExpatReader::FnEndElement(void* userData, const char*) {
 }
 
 void CExpatReader::FnText(void* userData, const char* text, int length) {
-  Guard(userData,
-        [&](CExpatReader& reader) { reader.AppendText(text, static_cast<size_t>(length)); });
+  CExpatReader& reader = *static_cast<CExpatReader*>(userData);
+  // Called several times for an element: with nothing to save and restore where there is room.
+  if (!reader.m_convertsText && reader.m_failure == nullptr &&
+      reader.m_openText.size() - reader.m_openTextSize >= static_cast<size_t>(length)) {
+    return reader.AppendText(text, static_cast<size_t>(length));
+  }
+  const auto append = [](void* data, const char* bytes, int count) __attribute__((noinline)) {
+    Guard(data, [&](CExpatReader& self) { self.AppendText(bytes, static_cast<size_t>(count)); });
+  };
+  append(userData, text, length);
 }
 
 void CExpatReader::FnStartCDATA(void* userData) {
-  Guard(userData, [](CExpatReader& reader) { reader.m_openText += "<![CDATA["; });
+  Guard(userData, [](CExpatReader& reader) { reader.AppendOpenText("<![CDATA["); });
 }
 
 void CExpatReader::FnEndCDATA(void* userData) {
-  Guard(userData, [](CExpatReader& reader) { reader.m_openText += "]]>"; });
+  Guard(userData, [](CExpatReader& reader) { reader.AppendOpenText("]]>"); });
+}
+
+void CExpatReader::FnStartDocumentType(void* userData, const char*, const char*, const char*, int) {
+  Guard(userData, [](CExpatReader& reader) { reader.ThrowDocumentTypeRefused(); });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri) {

@@ -1,5 +1,6 @@
 #include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <utility>
 
 #include <fcntl.h>
@@ -22,6 +23,53 @@ struct Target {
   // Whether a temporary file may take its place.
   bool isReplaceable = false;
 };
+
+int OpenWithoutInterruption(const char* path, int flags, mode_t mode) noexcept {
+  int descriptor = -1;
+  do {
+    descriptor = open(path, flags, mode);
+  } while (descriptor < 0 && errno == EINTR);
+  return descriptor;
+}
+
+// The two operations of a stream over a descriptor. The C library's own takes a signal for a
+// failure.
+
+int DescriptorOf(void* cookie) noexcept {
+  return static_cast<int>(reinterpret_cast<std::intptr_t>(cookie));
+}
+
+// Fewer bytes than `length` mean a failure.
+ssize_t WriteToDescriptor(void* cookie, const char* bytes, size_t length) noexcept {
+  size_t written = 0;
+  while (written < length) {
+    const ssize_t count = write(DescriptorOf(cookie), bytes + written, length - written);
+    if (count > 0) {
+      written += static_cast<size_t>(count);
+    } else if (count == 0 || errno != EINTR) {
+      break;
+    }
+  }
+  return static_cast<ssize_t>(written);
+}
+
+int CloseDescriptor(void* cookie) noexcept { return close(DescriptorOf(cookie)); }
+
+// Owns the descriptor, and closes it when it fails. Null, with the reason in errno, then.
+std::FILE* StreamOver(int descriptor) noexcept {
+  if (descriptor < 0) return nullptr;
+  cookie_io_functions_t functions = {};
+  functions.write = WriteToDescriptor;
+  functions.close = CloseDescriptor;
+  void* const cookie = reinterpret_cast<void*>(static_cast<std::intptr_t>(descriptor));
+  std::FILE* const file = fopencookie(cookie, "w", functions);
+  if (file == nullptr) {
+    const int reason = errno;
+    close(descriptor);
+    errno = reason;
+  }
+  return file;
+}
 
 std::string FolderOf(const std::string& path) {
   return path.substr(0, path.rfind('/') + 1);  // npos + 1 is 0
@@ -78,14 +126,13 @@ class CTemporaryFile {
   // made or cannot take over the target's attributes.
   std::FILE* Create() {
     const int descriptor = CreateUnused();
-    if (descriptor < 0) return nullptr;
-    std::FILE* const file = CopyAttributes(descriptor) ? fdopen(descriptor, "wt") : nullptr;
-    if (file == nullptr) {
+    if (descriptor >= 0 && !CopyAttributes(descriptor)) {
       const int reason = errno;
       close(descriptor);
       errno = reason;
+      return nullptr;
     }
-    return file;
+    return StreamOver(descriptor);
   }
 
   // False, with the reason in errno, when that fails.
@@ -105,8 +152,8 @@ class CTemporaryFile {
     for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
       std::string path = FolderOf(m_target.path) + ".qvxml-" + std::to_string(getpid()) + "-" +
                          std::to_string(s_serial.fetch_add(1)) + ".tmp";
-      const int descriptor =
-          open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+      const int descriptor = OpenWithoutInterruption(
+          path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
       if (descriptor >= 0) {
         m_path = std::move(path);
         return descriptor;
@@ -148,11 +195,15 @@ bool WriteAndClose(std::FILE* file, XmlEncoding encoding, const CBinaryData& byt
 }
 
 bool WriteDirectly(const std::string& path, XmlEncoding encoding, const CBinaryData& bytes) {
-  std::FILE* const file = std::fopen(path.c_str(), "wt");
+  std::FILE* const file = OpenForWriting(path.c_str());
   return file != nullptr && WriteAndClose(file, encoding, bytes);
 }
 
 }  // namespace
+
+std::FILE* OpenForWriting(const char* path) noexcept {
+  return StreamOver(OpenWithoutInterruption(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+}
 
 bool WriteByteOrderMark(std::FILE* file, XmlEncoding encoding) noexcept {
   if (encoding != Encoding_UTF16 && encoding != Encoding_UTF16_Unlabelled) return true;

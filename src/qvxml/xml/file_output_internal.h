@@ -11,6 +11,10 @@
 
 namespace QvXmlLib16::detail {
 
+/// Creates or empties the file; null, with the reason in errno, when that fails. Signals that
+/// arrive while it is opened or written disturb nothing.
+std::FILE* OpenForWriting(const char* path) noexcept;
+
 /// Writes FF FE for the two wide encodings, nothing for the others. False when that fails.
 bool WriteByteOrderMark(std::FILE* file, XmlEncoding encoding) noexcept;
 

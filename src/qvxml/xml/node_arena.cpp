@@ -4,18 +4,81 @@
 #include <memory>
 #include <new>
 
+#include <sys/mman.h>
+
 #include "qvxml/xml/node_arena_internal.h"
+
+// Of the leak sanitizer, where the program has it: texts in regions own memory.
+extern "C" {
+__attribute__((weak)) void __lsan_register_root_region(const void* begin, size_t size);
+__attribute__((weak)) void __lsan_unregister_root_region(const void* begin, size_t size);
+}
 
 namespace QvXmlLib16 {
 namespace detail {
 
+namespace {
+
+constexpr std::string_view kSchemaInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr std::string_view kXmlnsNamespace = "http://www.w3.org/2000/xmlns/";
+
+void NoteReadingAttribute(CXmlName& name) {
+  if (*name.namespaceUri != kSchemaInstanceNamespace && *name.namespaceUri != kXmlnsNamespace) {
+    return;
+  }
+  name.isNilAttribute = name.localName == "nil";
+  name.isNamespaceAttribute = name.localName == "xmlns" || name.localName == "type" ||
+                              name.localName == "schemaLocation" ||
+                              name.localName == "noNamespaceSchemaLocation";
+}
+
+char* Map(size_t size) noexcept {
+  void* const memory =
+      mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  return memory != MAP_FAILED ? static_cast<char*>(memory) : nullptr;
+}
+
+// Memory aligned to its size, a power of two, or null.
+char* MapRegion(size_t size) noexcept {
+  const auto beyond = [size](const char* memory) {
+    return reinterpret_cast<uintptr_t>(memory) & (size - 1);
+  };
+  char* region = Map(size);
+  if (region != nullptr && beyond(region) != 0) {
+    munmap(region, size);
+    region = Map(2 * size);
+    if (region == nullptr) return nullptr;
+    const size_t unused = (size - beyond(region)) & (size - 1);
+    if (unused != 0) munmap(region, unused);
+    region += unused;
+    munmap(region + size, size - unused);
+  }
+  // Only a wish: without it, or where it is refused, memory comes page by page.
+  if (region != nullptr) madvise(region, size, MADV_HUGEPAGE);
+  if (region != nullptr && __lsan_register_root_region != nullptr) {
+    __lsan_register_root_region(region, size);
+  }
+  return region;
+}
+
+void UnmapRegion(char* region, size_t size) noexcept {
+  if (__lsan_unregister_root_region != nullptr) __lsan_unregister_root_region(region, size);
+  munmap(region, size);
+}
+
+}  // namespace
+
 CNodeArena::CNodeArena(const CXmlDocument* document) : m_document(document) {}
 
 CNodeArena::~CNodeArena() {
-  while (m_chunks != nullptr) std::free(std::exchange(m_chunks, m_chunks->next));
+  while (m_chunks != nullptr) m_chunks = FreeChunk(m_chunks);
   while (m_textChunks != nullptr) {
-    std::destroy_n(m_textChunks->Texts(), m_textChunks->sharedTexts);
-    std::free(std::exchange(m_textChunks, m_textChunks->next));
+    std::destroy_n(m_textChunks->Texts(), size_t{m_textChunks->sharedTexts});
+    m_textChunks = FreeChunk(m_textChunks);
+  }
+  for (char* const region : m_regions) {
+    Unpoison(region, kRegionSize);
+    UnmapRegion(region, kRegionSize);
   }
 }
 
@@ -24,28 +87,55 @@ void CNodeArena::Abandon() noexcept {
   if (m_liveElements == 0) delete this;
 }
 
+void CNodeArena::DestroyAll() noexcept {
+  for (std::string* const text : m_longTexts) std::destroy_at(text);
+  delete this;
+}
+
 void CNodeArena::FreeElement(void* memory, size_t size) noexcept {
   Free(memory, size);
   if (--m_liveElements == 0 && m_document == nullptr) delete this;
 }
 
-void* CNodeArena::AllocateChunk() {
+CNodeArena::CChunk* CNodeArena::MakeChunk(CChunk* next) {
+  if (m_heapChunks >= kChunksBeforeRegions) {
+    if (void* const memory = TakeFromRegion()) return ::new (memory) CChunk{this, next, 0, 1};
+  }
   void* memory = nullptr;
   if (posix_memalign(&memory, kChunkSize, kUsableChunkSize) != 0) throw std::bad_alloc();
-  return memory;
+  ++m_heapChunks;
+  return ::new (memory) CChunk{this, next, 0, 0};
+}
+
+// Null when the system gives none.
+void* CNodeArena::TakeFromRegion() {
+  if (m_regionNext == m_regionEnd) {
+    m_regions.reserve(m_regions.size() + 1);
+    char* const region = MapRegion(kRegionSize);
+    if (region == nullptr) return nullptr;
+    m_regions.push_back(region);
+    m_regionNext = region;
+    m_regionEnd = region + kRegionSize;
+  }
+  return std::exchange(m_regionNext, m_regionNext + kChunkSize);
+}
+
+CNodeArena::CChunk* CNodeArena::FreeChunk(CChunk* chunk) noexcept {
+  CChunk* const next = chunk->next;
+  if (!chunk->isInRegion) std::free(chunk);
+  return next;
 }
 
 void CNodeArena::AddChunk() {
-  void* memory = AllocateChunk();
-  m_chunks = ::new (memory) CChunk{this, m_chunks, 0};
-  m_chunkNext = static_cast<char*>(memory) + sizeof(CChunk);
-  m_chunkEnd = static_cast<char*>(memory) + kUsableChunkSize;
+  m_chunks = MakeChunk(m_chunks);
+  m_chunkNext = reinterpret_cast<char*>(m_chunks + 1);
+  m_chunkEnd = reinterpret_cast<char*>(m_chunks) + kUsableChunkSize;
 }
 
 const std::string* CNodeArena::AddSharedText(std::string_view text) {
   constexpr size_t kTextsInChunk = (kUsableChunkSize - sizeof(CChunk)) / sizeof(std::string);
   if (m_textChunks == nullptr || m_textChunks->sharedTexts == kTextsInChunk) {
-    m_textChunks = ::new (AllocateChunk()) CChunk{this, m_textChunks, 0};
+    m_textChunks = MakeChunk(m_textChunks);
   }
   std::string* added = ::new (m_textChunks->Texts() + m_textChunks->sharedTexts) std::string(text);
   ++m_textChunks->sharedTexts;
@@ -59,10 +149,10 @@ const CXmlName* CNodeArena::Intern(std::string_view key, size_t namespaceLength)
   }
   const std::string* namespaceUri = &*m_namespaces.emplace(key.substr(0, namespaceLength)).first;
   const size_t localStart = namespaceLength == 0 ? 0 : namespaceLength + 1;
-  return &*m_names
-               .insert(CXmlName{std::string(key), namespaceLength, namespaceUri,
-                                std::string(key.substr(localStart))})
-               .first;
+  CXmlName name{std::string(key), namespaceLength, namespaceUri,
+                std::string(key.substr(localStart))};
+  NoteReadingAttribute(name);
+  return &*m_names.insert(std::move(name)).first;
 }
 
 const CXmlName* CNodeArena::Intern(std::string_view namespaceUri, std::string_view localName) {

@@ -7,6 +7,9 @@
 //   +---|----+-------+------+-------+      [64] -> element -> element
 //       +--> arena                         ...
 //
+// The chunks of a large document are cut from regions, which are large enough for the huge pages of
+// the system: touching memory for the first time costs more than all else otherwise.
+//
 // A node finds its arena, and through it its document, by rounding its own address down to the
 // chunk. So `delete element` needs no pointer in the element, and an element that was removed from
 // the tree may outlive the document: the arena goes with the last of them.
@@ -15,6 +18,7 @@
 #define QVXML_XML_NODE_ARENA_INTERNAL_H_
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -23,6 +27,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define QVXML_POISONS_FREE_NODES 1
@@ -44,6 +49,22 @@ namespace detail {
 /// Separates namespace URI and local name in what expat reports, and in the keys of names.
 inline constexpr char kNameSeparator = '|';
 
+/// The number of the class metadata that a name was last found to be that of, 0 for none: spares
+/// comparing the texts again. Threads may read one document, and so race for it; each finds a
+/// number that is right.
+class CNameMatch {
+ public:
+  CNameMatch() = default;
+  CNameMatch(const CNameMatch& other) : m_number(other.Get()) {}
+  CNameMatch& operator=(const CNameMatch&) = delete;
+
+  uint64_t Get() const { return m_number.load(std::memory_order_relaxed); }
+  void Set(uint64_t number) const { m_number.store(number, std::memory_order_relaxed); }
+
+ private:
+  mutable std::atomic<uint64_t> m_number{0};
+};
+
 /// One pair of namespace URI and local name; every node of that name points to it.
 struct CXmlName {
   /// URI, separator and local name; the local name alone without a namespace.
@@ -56,6 +77,11 @@ struct CXmlName {
   mutable std::array<const CXmlName*, 2> followers{};
   /// For readers: the element that last had an attribute of this name, in their own count.
   mutable size_t lastElement = 0;
+  CNameMatch elementMatch{};
+  CNameMatch attributeMatch{};
+  /// As CXmlAttribute::IsNamespaceAttribute and IsNilAttribute say of an attribute of this name.
+  bool isNamespaceAttribute = false;
+  bool isNilAttribute = false;
 };
 
 class CNodeArena {
@@ -80,10 +106,30 @@ class CNodeArena {
   /// May destroy the arena.
   void FreeElement(void* memory, size_t size) noexcept;
 
+  // A document that is only read and then goes is regular: its nodes were never destroyed one by
+  // one or taken from the tree, and texts that were noted are all that they own outside the arena.
+  // So its nodes need not be visited when it goes.
+
+  bool IsRegular() const noexcept { return m_isRegular; }
+  void SetIrregular() noexcept { m_isRegular = false; }
+  /// For a text of a node that has just been made.
+  void NoteText(std::string* text) {
+    if (text->size() > kMaxTextInPlace) m_longTexts.push_back(text);
+  }
+  void NoteAttribute() noexcept { ++m_attributes; }
+  size_t GetLiveElements() const noexcept { return m_liveElements; }
+  /// Counts while the arena is regular.
+  size_t GetAttributes() const noexcept { return m_attributes; }
+  /// Destroys all nodes of a regular document, and the arena.
+  void DestroyAll() noexcept;
+
   /// Memory aligned to 16 bytes; larger blocks than kMaxPooledSize come from the heap.
   void* Allocate(size_t size) {
     const size_t sizeClass = SizeClass(size);
-    if (sizeClass >= kSizeClasses) return ::operator new(size);
+    if (sizeClass >= kSizeClasses) {
+      SetIrregular();
+      return ::operator new(size);
+    }
     if (void* memory = m_freeLists[sizeClass]; memory != nullptr) {
       Unpoison(memory, size);
       m_freeLists[sizeClass] = static_cast<CFreeBlock*>(memory)->next;
@@ -121,17 +167,23 @@ class CNodeArena {
   // What malloc keeps beside a block, so that aligned chunks lie next to each other.
   static constexpr size_t kHeapOverhead = 16;
   static constexpr size_t kUsableChunkSize = kChunkSize - kHeapOverhead;
+  // Documents below 1 MB have none, as the end of a region stays unused.
+  static constexpr size_t kChunksBeforeRegions = 32;
+  static constexpr size_t kRegionSize = size_t{2} << 20;
   static constexpr size_t kGranularity = 16;
   static constexpr size_t kMaxPooledSize = 1024;
   static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
   static constexpr size_t kSharedTexts = 128;
   static constexpr size_t kMaxSharedText = 512;
+  // What a string holds within itself.
+  static constexpr size_t kMaxTextInPlace = 15;
 
   struct alignas(kGranularity) CChunk {
     CNodeArena* arena;
     CChunk* next;
     // How many strings it begins with; 0 for a chunk of nodes.
-    size_t sharedTexts;
+    size_t sharedTexts : 63;
+    size_t isInRegion : 1;
 
     std::string* Texts() noexcept { return reinterpret_cast<std::string*>(this + 1); }
   };
@@ -169,14 +221,24 @@ class CNodeArena {
     const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
     return reinterpret_cast<const CChunk*>(address);
   }
-  static void* AllocateChunk();
+  CChunk* MakeChunk(CChunk* next);
+  void* TakeFromRegion();
   void AddChunk();
+  // Returns the chunk after it.
+  static CChunk* FreeChunk(CChunk* chunk) noexcept;
 
   const CXmlDocument* m_document;
   size_t m_liveElements = 0;
+  size_t m_attributes = 0;
+  bool m_isRegular = true;
+  std::vector<std::string*> m_longTexts;
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
   CChunk* m_chunks = nullptr;
+  size_t m_heapChunks = 0;
+  char* m_regionNext = nullptr;
+  char* m_regionEnd = nullptr;
+  std::vector<char*> m_regions;
   CChunk* m_textChunks = nullptr;
   std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
   std::set<CXmlName, CNameOrder> m_names;

@@ -8,12 +8,11 @@
 
 namespace QvXmlLib16::detail {
 
-// Of the same size as libexpat's own limits on entities.
-inline constexpr size_t kMaxAmplification = 100;
+// As of libexpat's own limit on entities.
 inline constexpr size_t kRepetitionAlwaysAllowed = size_t{8} << 20;
 
 /// Bytes that the input may make a reader repeat; a `ratio` of 0 sets no limit.
-inline size_t RepetitionLimit(size_t inputLength, size_t ratio = kMaxAmplification) {
+inline size_t RepetitionLimit(size_t inputLength, size_t ratio) {
   constexpr size_t kNoLimit = std::numeric_limits<size_t>::max();
   if (ratio == 0 || inputLength > (kNoLimit - kRepetitionAlwaysAllowed) / ratio) return kNoLimit;
   return ratio * inputLength + kRepetitionAlwaysAllowed;

@@ -9,6 +9,14 @@
 
 namespace QvXmlLib16 {
 
+namespace {
+
+CQvException FailureOf(const std::string& path) {
+  return CQvException(FormatString("Failed to write data to the file [%s].", path.c_str()));
+}
+
+}  // namespace
+
 CTextStream::CTextStream(XmlEncoding encoding) : CTextStream("CTextStream", encoding) {}
 
 CTextStream::CTextStream(const char* instanceName, XmlEncoding encoding)
@@ -49,7 +57,7 @@ CFileTextStream::~CFileTextStream() {
 void CFileTextStream::Open() {
   CTextStream::Open();
   if (!CloseFile()) ThrowNamingTheFile();
-  m_file = std::fopen(m_path.c_str(), "wt");
+  m_file = detail::OpenForWriting(m_path.c_str());
   if (m_file == nullptr || !detail::WriteByteOrderMark(m_file, GetEncoding())) {
     CloseFile();
     ThrowNamingTheFile();
@@ -71,7 +79,7 @@ void CFileTextStream::Flush() {
   m_bytes = GetEncodedStream();
   if (m_file == nullptr || !detail::WriteBytes(m_file, m_bytes)) {
     CloseFile();
-    throw CQvException("Failed to write data to the file");
+    throw CQvException("Failed to write data to the file", FailureOf(m_path));
   }
   Empty();
 }
@@ -81,8 +89,6 @@ bool CFileTextStream::CloseFile() noexcept {
   return file == nullptr || std::fclose(file) == 0;
 }
 
-void CFileTextStream::ThrowNamingTheFile() const {
-  throw CQvException(FormatString("Failed to write data to the file [%s].", m_path.c_str()));
-}
+void CFileTextStream::ThrowNamingTheFile() const { throw FailureOf(m_path); }
 
 }  // namespace QvXmlLib16

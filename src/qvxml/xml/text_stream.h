@@ -65,7 +65,8 @@ class QVXML_API CFileTextStream : public CTextStream {
   /// data to the file [%s]." when closing fails; the file is closed in every case.
   void Close() override;
   /// Writes the waiting text and empties the buffer. When not all of it could be written, or the
-  /// file is not open, closes the file and throws CQvException "Failed to write data to the file".
+  /// file is not open, closes the file and throws CQvException "Failed to write data to the file",
+  /// whose inner exception is the one of Open().
   /// Throws as GetEncodedStream() too.
   void Flush() override;
 

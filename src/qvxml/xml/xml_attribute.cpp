@@ -6,17 +6,6 @@
 
 namespace QvXmlLib16 {
 
-namespace {
-
-constexpr std::string_view kSchemaInstanceNamespace = "http://www.w3.org/2001/XMLSchema-instance";
-constexpr std::string_view kXmlnsNamespace = "http://www.w3.org/2000/xmlns/";
-
-bool IsReadingNamespace(const std::string& namespaceUri) {
-  return namespaceUri == kSchemaInstanceNamespace || namespaceUri == kXmlnsNamespace;
-}
-
-}  // namespace
-
 constinit CInstanceCounter CXmlAttribute::s_instances("CXmlAttribute");
 
 const std::string& CXmlAttribute::GetNamespaceURI() const noexcept { return *m_name->namespaceUri; }
@@ -33,15 +22,8 @@ std::string CXmlAttribute::GetXPath() const {
   return path + "@" + GetLocalName();
 }
 
-bool CXmlAttribute::IsNamespaceAttribute() const noexcept {
-  const std::string& name = GetLocalName();
-  return IsReadingNamespace(GetNamespaceURI()) &&
-         (name == "xmlns" || name == "type" || name == "schemaLocation" ||
-          name == "noNamespaceSchemaLocation");
-}
+bool CXmlAttribute::IsNamespaceAttribute() const noexcept { return m_name->isNamespaceAttribute; }
 
-bool CXmlAttribute::IsNilAttribute() const noexcept {
-  return IsReadingNamespace(GetNamespaceURI()) && GetLocalName() == "nil";
-}
+bool CXmlAttribute::IsNilAttribute() const noexcept { return m_name->isNilAttribute; }
 
 }  // namespace QvXmlLib16

@@ -16,8 +16,9 @@ namespace QvXmlLib16 {
 class CXmlElement;  // xml/xml_element.h
 
 namespace detail {
-struct CXmlName;  // xml/node_arena_internal.h
-}
+struct CNodeAccess;  // xml/node_access_internal.h
+struct CXmlName;     // xml/node_arena_internal.h
+}  // namespace detail
 
 /// A name and a value; owned by its element and destroyed with it.
 class QVXML_API CXmlAttribute : private TInstanceCounted<CXmlAttribute> {
@@ -42,6 +43,7 @@ class QVXML_API CXmlAttribute : private TInstanceCounted<CXmlAttribute> {
 
  private:
   friend class CXmlElement;
+  friend struct detail::CNodeAccess;
   friend class TInstanceCounted<CXmlAttribute>;
   static CInstanceCounter s_instances;
 

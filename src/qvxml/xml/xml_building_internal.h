@@ -50,10 +50,13 @@ inline CXmlElement* CXmlElement::AppendChild(detail::CNodeArena& arena,
 inline std::string& CXmlElement::SetOwnText(detail::CNodeArena& arena, std::string_view text) {
   std::string* own = ::new (arena.Allocate(sizeof(std::string))) std::string(text);
   m_text = own;
+  arena.NoteText(own);
   return *own;
 }
 
+// For text that changes.
 inline std::string& CXmlElement::OwnText(detail::CNodeArena& arena) {
+  arena.SetIrregular();
   if (arena.IsSharedText(m_text)) return SetOwnText(arena, *m_text);
   return const_cast<std::string&>(*m_text);
 }
@@ -75,6 +78,8 @@ inline void CXmlElement::AppendAttribute(detail::CNodeArena& arena, const detail
   void* memory = arena.Allocate(sizeof(CXmlAttribute));
   CXmlAttribute* attribute = ::new (memory) CXmlAttribute(this, name, value);
   m_attributes->Items()[m_attributes->size++] = attribute;
+  arena.NoteAttribute();
+  arena.NoteText(&attribute->m_value);
 }
 
 inline CXmlElement* CXmlDocument::AddChildElement(const detail::CXmlName* name) {

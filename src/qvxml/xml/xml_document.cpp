@@ -24,12 +24,22 @@ void CXmlDocument::Cleanup() { Release(); }
 
 void CXmlDocument::Release() noexcept {
   m_openElements.clear();
+  if (m_arena != nullptr && m_arena->IsRegular()) {
+    m_documentElement = nullptr;
+    CXmlElement::DestroyRegularTree(*std::exchange(m_arena, nullptr));
+  }
   delete std::exchange(m_documentElement, nullptr);
   if (m_arena != nullptr) std::exchange(m_arena, nullptr)->Abandon();
   m_namespaceByPrefix.clear();
   m_prefixesByNamespace.clear();
-  m_input.Clear();
+  ClearInput();
   m_inputEncoding = nullptr;
+}
+
+void CXmlDocument::ClearInput() noexcept {
+  m_input = nullptr;
+  m_inputLength = 0;
+  m_ownInput.Clear();
 }
 
 const std::string& CXmlDocument::LookupNamespaceFromAlias(const char* prefix) const {

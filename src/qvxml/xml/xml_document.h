@@ -18,6 +18,10 @@ namespace QvXmlLib16 {
 
 class CSerializationContext;  // binding/serialization_context.h
 
+namespace detail {
+class CInputFile;  // binding/file_input_internal.h
+}
+
 namespace detail::fi {
 class CDecoder;  // fastinfoset/fi_decoder_internal.h
 }
@@ -40,7 +44,7 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
 
   // Construction. The context must outlive the document; without one
   // CSerializationContext::m_defaultContext serves. The schema kind is taken from it at once,
-  // StripCDATA at each load. A null callback is none.
+  // StripCDATA and the limits at each load. A null callback is none.
 
   CXmlDocument();
   explicit CXmlDocument(const CSerializationContext& context);
@@ -53,8 +57,14 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   /// Destroys the elements and forgets the prefixes; every load begins with it.
   virtual void Cleanup();
 
+  /// Whether loads of this document refuse a document type declaration, whatever its context says;
+  /// see CSerializationContext::SetRefuseDocumentType. False at first.
+  bool GetRefuseDocumentType() const noexcept { return m_refuseDocumentType; }
+  void SetRefuseDocumentType(bool value) noexcept { m_refuseDocumentType = value; }
+
   // Loading. Throws CQvException "%s at line %d", the parser's text and the line counted from 1,
-  // for malformed XML. The input's own byte-order mark or declaration tells its encoding.
+  // for malformed XML. The input's own byte-order mark or declaration tells its encoding. It may be
+  // text of the tree that is replaced, and must not change until the call returns.
 
   /// Parses XML text. Throws CQvException "XML String is empty!" for null and "".
   void LoadXml(const char* text);
@@ -67,6 +77,9 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   /// [%s].", "Failed to get the size of the file [%s] Error [%n]" when it is no regular file, or
   /// "Failed to read the contents of the file [%s] Error [%n]"; the error stands for the stream's
   /// error indicator.
+  ///
+  /// Large files of plain XML are read as they are parsed, so that with the callback a file of any
+  /// size needs little memory. The text between elements that it removes stays with their parent.
   void Load(const char* path);
 
   // Loading JSON, which is turned into XML text as the context's JSON options tell: the tree is the
@@ -120,11 +133,16 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   // Defined in binding/document_loading.cpp.
   void Init(ElementCompleteCallback callback, const CSerializationContext& context);
   bool StripsCDATA() const;
+  bool RefusesDocumentType() const;
+  unsigned GetMaxAmplification() const;
   void SetInput(CBinaryData&& input);
+  void TakeInput(CBinaryData&& input);
+  void BorrowInput(const void* source, size_t length);
   void Parse();
   class CEndOfParse;
   bool ParseFastInfoset();
   void ParseText();
+  void ParsePieces(detail::CInputFile& file);
   // Defined in binding/json_loading.cpp.
   template <class TConvert>
   CBinaryData ParseJson(const TConvert& convert);
@@ -137,18 +155,23 @@ class QVXML_API CXmlDocument : private TInstanceCounted<CXmlDocument> {
   void OfferElement(CXmlElement* element);
   [[noreturn]] static void ThrowNoOpenElement();
   void Release() noexcept;
+  void ClearInput() noexcept;
   void UnbindPrefix(const std::string& prefix, const std::string& namespaceUri);
 
   CXmlElement* m_documentElement = nullptr;
   std::vector<CXmlElement*> m_openElements;
   std::map<std::string, std::string, std::less<>> m_namespaceByPrefix;
   std::map<std::string, std::set<std::string>, std::less<>> m_prefixesByNamespace;
-  CBinaryData m_input;
+  // What is being parsed: the caller's bytes, or those of m_ownInput.
+  const unsigned char* m_input = nullptr;
+  size_t m_inputLength = 0;
+  CBinaryData m_ownInput;
   // Null when the input tells its encoding itself.
   const char* m_inputEncoding = nullptr;
   ElementCompleteCallback m_callback = nullptr;
   const CSerializationContext* m_context = nullptr;
   bool m_usesNamespaces = true;
+  bool m_refuseDocumentType = false;
   detail::CNodeArena* m_arena = nullptr;
 };
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <new>
 #include <utility>
 #include <vector>
 
+#include "qvxml/core/exception.h"
 #include "qvxml/xml/dom_text_internal.h"
 #include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/xml_building_internal.h"
@@ -21,8 +23,9 @@ using detail::ViewOf;
 constinit CInstanceCounter CXmlElement::s_instances("CXmlElement");
 
 CXmlElement::~CXmlElement() {
-  DeleteChildren();
   CNodeArena& arena = CNodeArena::Of(this);
+  arena.SetIrregular();
+  DeleteChildren();
   DeleteAttributes(arena);
   if (!arena.IsSharedText(m_text)) {
     std::destroy_at(m_text);
@@ -155,6 +158,9 @@ void CXmlElement::AppendText(const char* text) {
 
 void CXmlElement::ReserveAttributes(CNodeArena& arena, size_t count) {
   if (m_attributes != nullptr && count <= m_attributes->capacity) return;
+  if (count > std::numeric_limits<uint32_t>::max()) {
+    throw CQvException("An element has too many attributes.");
+  }
   auto* block = ::new (arena.Allocate(CAttributeBlock::Bytes(count)))
       CAttributeBlock{0, static_cast<uint32_t>(count)};
   if (m_attributes != nullptr) {
@@ -175,7 +181,14 @@ void CXmlElement::AddAttribute(const char* localName, const char* namespaceUri, 
   AppendAttribute(arena, name, ViewOf(value));
 }
 
+void CXmlElement::DestroyRegularTree(CNodeArena& arena) noexcept {
+  s_instances.Remove(static_cast<long>(arena.GetLiveElements()));
+  CXmlAttribute::s_instances.Remove(static_cast<long>(arena.GetAttributes()));
+  arena.DestroyAll();
+}
+
 void CXmlElement::Unlink() noexcept {
+  CNodeArena::Of(this).SetIrregular();
   (m_previousSibling != nullptr ? m_previousSibling->m_nextSibling : m_parent->m_firstChild) =
       m_nextSibling;
   (m_nextSibling != nullptr ? m_nextSibling->m_previousSibling : m_parent->m_lastChild) =

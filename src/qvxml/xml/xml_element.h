@@ -18,6 +18,7 @@ class CXmlDocument;  // xml/xml_document.h
 namespace detail {
 class CNodeArena;        // xml/node_arena_internal.h
 struct CAttributeBlock;  // xml/xml_building_internal.h
+struct CNodeAccess;      // xml/node_access_internal.h
 namespace fi {
 class CDecoder;  // fastinfoset/fi_decoder_internal.h
 }
@@ -82,6 +83,7 @@ class QVXML_API CXmlElement : private TInstanceCounted<CXmlElement> {
  private:
   friend class CExpatReader;
   friend class CXmlDocument;
+  friend struct detail::CNodeAccess;
   friend class detail::fi::CDecoder;
   friend class TInstanceCounted<CXmlElement>;
   static CInstanceCounter s_instances;
@@ -92,6 +94,7 @@ class QVXML_API CXmlElement : private TInstanceCounted<CXmlElement> {
   static CXmlElement* Create(detail::CNodeArena& arena, CXmlElement* parent,
                              const detail::CXmlName* name);
   CXmlElement* AppendChild(detail::CNodeArena& arena, const detail::CXmlName* name);
+  static void DestroyRegularTree(detail::CNodeArena& arena) noexcept;
   void Unlink() noexcept;
   void DeleteChildren() noexcept;
   void DeleteAttributes(detail::CNodeArena& arena) noexcept;

@@ -197,7 +197,7 @@ void CXmlTextWriter::WriteString(const std::string& text, ItemType, bool isDefau
     m_stream.Append('>');
     context.SetStartTagOpen(false);
   }
-  if (IsRawText(text)) {
+  if (m_writesCDATA && IsRawText(text)) {
     m_stream.Append(text);
   } else {
     PadAndAppend<false>(text);

@@ -49,6 +49,10 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// Whether text is written that is the default value of its element; initially false.
   bool GetWriteDefaultElementValues() const noexcept { return m_writesDefaultElementValues; }
   void SetWriteDefaultElementValues(bool write) noexcept { m_writesDefaultElementValues = write; }
+  /// Whether text that begins with "<![CDATA[" is written as it is; initially true. Without it all
+  /// text is escaped, so that none can become markup.
+  bool GetWriteCDATA() const noexcept { return m_writesCDATA; }
+  void SetWriteCDATA(bool write) noexcept { m_writesCDATA = write; }
 
   // The document.
 
@@ -75,8 +79,8 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   /// Writes the text of the innermost element; "" writes nothing, and neither does a default value
   /// unless they are to be written.
   ///
-  /// Text that begins with "<![CDATA[" is written as it is, whatever follows. Never pass text from
-  /// a source that is not trusted to be free of that beginning: it can hold any markup.
+  /// Text that begins with "<![CDATA[" is written as it is, whatever follows, so it can hold any
+  /// markup: SetWriteCDATA(false) where text comes from a source that is not trusted.
   void WriteString(const std::string& text, ItemType type, bool isDefaultValue) override;
   void WriteEndElement() override;
   /// In a class derived from this one, the three calls of CXmlWriter.
@@ -138,6 +142,7 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   std::string m_eol = "\n";
   EOLType m_eolType = EOL_LF;
   bool m_isFormatted = true;
+  bool m_writesCDATA = true;
   CTextStream& m_stream;
   // Whether nobody can tell several operations from one: no derived class hears of them, and the
   // stream keeps what it gets. Known from the root on.

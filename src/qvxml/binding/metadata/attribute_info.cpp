@@ -1,8 +1,10 @@
 #include "qvxml/binding/metadata/attribute_info.h"
 
 #include "qvxml/binding/facet_checks.h"
+#include "qvxml/binding/metadata/element_info.h"
 #include "qvxml/binding/metadata/property_value_internal.h"
 #include "qvxml/binding/metadata/xml_generated_class.h"
+#include "qvxml/binding/name_match_internal.h"
 #include "qvxml/binding/namespace_constraint.h"
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
@@ -30,6 +32,20 @@ namespace {
 
 const char* TextOrEmpty(const char* text) { return text == nullptr ? "" : text; }
 
+class CAttributeSetFailure final : public QvXmlLib16::detail::CSetFailure {
+ public:
+  explicit CAttributeSetFailure(const CXmlAttribute& attribute) : m_attribute(attribute) {}
+
+  CQvValidationException Make() const override {
+    return CQvValidationException(
+        FormatString("Failed to set the property value [%s].", m_attribute.GetValue().c_str()),
+        m_attribute.GetXPath());
+  }
+
+ private:
+  const CXmlAttribute& m_attribute;
+};
+
 CAttributeCol& RequireAttributeCol(const QvVariant& value) {
   // Through the two types that ObjectIn does not refuse, as this message is another.
   const QvXmlLib16::ItemType type = value.GetItemType();
@@ -53,6 +69,7 @@ CAttributeInfo::CAttributeInfo(const char* name, const char* namespaceUri, int p
                                bool optional, const char* defaultValue)
     : m_name(TextOrEmpty(name)),
       m_namespace(TextOrEmpty(namespaceUri)),
+      m_number(detail::NextMetaDataNumber()),
       m_propertyIndex(propertyIndex),
       m_isOptional(optional),
       m_defaultValue(TextOrEmpty(defaultValue)) {}
@@ -65,10 +82,16 @@ void CAttributeInfo::Validate(const CSerializationContext&, bool found) const {
       FormatString("Failed to find the required Attribute [%s].", m_name.c_str()), std::string());
 }
 
+bool CAttributeInfo::HasName(const CXmlAttribute* attribute, bool ignoresNamespaces) const {
+  if (attribute == nullptr) return false;
+  const QvXmlLib16::detail::CXmlName& name = QvXmlLib16::detail::CNodeAccess::NameOf(*attribute);
+  return QvXmlLib16::detail::DoesNameMatch(name, name.attributeMatch, m_number, m_name, m_namespace,
+                                           ignoresNamespaces);
+}
+
 bool CAttributeInfo::IsThisAttribute(const CSerializationContext& ctx,
                                      const CXmlAttribute* attribute) const {
-  if (attribute == nullptr || attribute->GetLocalName() != m_name) return false;
-  return ctx.GetIgnoreNamespaces() || attribute->GetNamespaceURI() == m_namespace;
+  return HasName(attribute, ctx.GetIgnoreNamespaces());
 }
 
 void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& value) const {
@@ -77,13 +100,7 @@ void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& va
 
 void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
                                        const CXmlAttribute& attribute) const {
-  QvXmlLib16::detail::WrapFailure(
-      [&] { object->AccessProperty(m_propertyIndex, false, value); },
-      [&] {
-        return CQvValidationException(
-            FormatString("Failed to set the property value [%s].", attribute.GetValue().c_str()),
-            attribute.GetXPath());
-      });
+  QvXmlLib16::detail::StoreValue(object, m_propertyIndex, value, CAttributeSetFailure(attribute));
 }
 
 void CAttributeInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
@@ -147,13 +164,9 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext&,
                                                CXmlGeneratedClass* object,
                                                CXmlAttribute* attribute) const {
   // Kept: the namespace counts even where the context ignores namespaces.
-  if (attribute == nullptr || attribute->GetLocalName() != m_name ||
-      attribute->GetNamespaceURI() != m_namespace) {
-    return false;
-  }
-  QvVariant value;
-  value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
-  InvokePropertySet(object, value, *attribute);
+  if (!HasName(attribute, false)) return false;
+  QvXmlLib16::detail::StoreText(object, m_propertyIndex, attribute->GetValue(), m_itemType,
+                                m_whitespaceRule, CAttributeSetFailure(*attribute));
   return true;
 }
 

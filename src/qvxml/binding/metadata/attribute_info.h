@@ -3,6 +3,7 @@
 #ifndef QVXML_BINDING_METADATA_ATTRIBUTE_INFO_H_
 #define QVXML_BINDING_METADATA_ATTRIBUTE_INFO_H_
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -67,12 +68,18 @@ class QVXML_API CAttributeInfo : private QvXmlLib16::TInstanceCounted<CAttribute
 
   std::string m_name;
   std::string m_namespace;
+  /// By which names remember that they are this attribute's.
+  const std::uint64_t m_number;
   int m_propertyIndex;
   bool m_isOptional;
   std::string m_defaultValue;
 
  private:
   friend class QvXmlLib16::TInstanceCounted<CAttributeInfo>;
+  friend class CAttributeInfoPrimitive;
+
+  bool HasName(const QvXmlLib16::CXmlAttribute* attribute, bool ignoresNamespaces) const;
+
   static QvXmlLib16::CInstanceCounter s_instances;
 };
 

@@ -2,6 +2,7 @@
 
 #include "qvxml/binding/metadata/element_info.h"
 
+#include <atomic>
 #include <string_view>
 
 #include <strings.h>
@@ -62,10 +63,21 @@ bool ReadNil(const CXmlAttribute& attribute, const CXmlElement& element, bool is
       attribute.GetXPath());
 }
 
-// Whether the element of a primitive or enumerated member is nil; it may have no other attribute.
+class CElementSetFailure final : public QvXmlLib16::detail::CSetFailure {
+ public:
+  explicit CElementSetFailure(const CXmlElement& element) : m_element(element) {}
+
+  CQvValidationException Make() const override {
+    return CQvValidationException("Failed to set the property value.", m_element.GetXPath());
+  }
+
+ private:
+  const CXmlElement& m_element;
+};
+
 bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element, bool isNillable) {
   bool isNil = false;
-  for (const CXmlAttribute* attribute : element.GetAttributes()) {
+  for (const CXmlAttribute* attribute : QvXmlLib16::detail::CNodeAccess::AttributesOf(element)) {
     if (attribute->IsNilAttribute()) {
       isNil = ReadNil(*attribute, element, isNillable);
     } else if (!ctx.GetIgnoreUnknownAttributes()) {
@@ -75,7 +87,18 @@ bool ReadAttributes(const CSerializationContext& ctx, const CXmlElement& element
   return isNil;
 }
 
+// Whether the element of a primitive or enumerated member is nil; it may have no other attribute.
+inline bool HasNil(const CSerializationContext& ctx, const CXmlElement& element, bool isNillable) {
+  return !QvXmlLib16::detail::CNodeAccess::AttributesOf(element).empty() &&
+         ReadAttributes(ctx, element, isNillable);
+}
+
 }  // namespace
+
+std::uint64_t detail::NextMetaDataNumber() noexcept {
+  static constinit std::atomic<std::uint64_t> last{0};
+  return last.fetch_add(1, std::memory_order_relaxed) + 1;
+}
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex)
     : m_name(TextOrEmpty(name)),
@@ -130,7 +153,7 @@ void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext&,
 
 bool CElementInfo::IsThisElement(const CSerializationContext& ctx,
                                  const CXmlElement* element) const {
-  return QvXmlLib16::detail::DoesNameMatch(ctx, element, m_name, m_namespace);
+  return QvXmlLib16::detail::DoesNameMatch(ctx, element, m_number, m_name, m_namespace);
 }
 
 void CElementInfo::CheckRestriction(const QvVariant& value) const {
@@ -146,11 +169,7 @@ void CElementInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& valu
 
 void CElementInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
                                      const CXmlElement* element) const {
-  QvXmlLib16::detail::WrapFailure([&] { object->AccessProperty(m_propertyIndex, false, value); },
-                                  [&] {
-                                    return CQvValidationException(
-                                        "Failed to set the property value.", element->GetXPath());
-                                  });
+  QvXmlLib16::detail::StoreValue(object, m_propertyIndex, value, CElementSetFailure(*element));
 }
 
 void CElementInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
@@ -246,10 +265,9 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
                                       CXmlElement** cursor) const {
   const CXmlElement* const element = *cursor;
   // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
-  if (!ReadAttributes(ctx, *element, m_isNillable)) {
-    QvVariant value;
-    value.FromString(TextOrDefault(element->GetText()), m_itemType, m_whitespaceRule);
-    InvokePropertySet(object, value, element);
+  if (!HasNil(ctx, *element, m_isNillable)) {
+    QvXmlLib16::detail::StoreText(object, m_propertyIndex, TextOrDefault(element->GetText()),
+                                  m_itemType, m_whitespaceRule, CElementSetFailure(*element));
   }
   *cursor = element->GetNextSiblingElement();
 }
@@ -257,7 +275,7 @@ void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGene
 void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGeneratedClass* object,
                                       CXmlElement** cursor) const {
   const CXmlElement* const element = *cursor;
-  if (!ReadAttributes(ctx, *element, m_isNillable)) {
+  if (!HasNil(ctx, *element, m_isNillable)) {
     QvVariant value;
     QvXmlLib16::detail::SetEnum(value, TextOrDefault(element->GetText()), m_textToEnum, m_name);
     InvokePropertySet(object, value, element);

@@ -4,6 +4,7 @@
 #ifndef QVXML_BINDING_METADATA_ELEMENT_INFO_H_
 #define QVXML_BINDING_METADATA_ELEMENT_INFO_H_
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -67,6 +68,9 @@ using ClaimTest = bool (*)(const CElementInfo& info, const QvXmlLib16::CSerializ
 
 template <QvXmlLib16::XmlElementGroupType, ElementKind, ElementOccurrence>
 class TElementMark;  // binding/metadata/element_occurrence.h
+
+/// A number that no other metadata has, not 0.
+QVXML_API std::uint64_t NextMetaDataNumber() noexcept;
 
 }  // namespace detail
 
@@ -202,6 +206,8 @@ class QVXML_API CElementInfo {
 
   std::string m_name;
   std::string m_namespace;
+  /// By which names remember that they are this member's.
+  const std::uint64_t m_number = detail::NextMetaDataNumber();
   int m_propertyIndex;
   QvXmlLib16::CPrimitiveRestrictions m_restrictions;
   QvXmlLib16::ItemType m_itemType = QvXmlLib16::ItemType_none;

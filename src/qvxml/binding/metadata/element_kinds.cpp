@@ -3,6 +3,7 @@
 #include "qvxml/binding/metadata/element_kinds.h"
 
 #include "qvxml/binding/metadata/xml_generated_class.h"
+#include "qvxml/binding/name_match_internal.h"
 #include "qvxml/binding/xml_collection_base.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
@@ -25,6 +26,7 @@ using QvXmlLib16::FormatString;
 using QvXmlLib16::ItemType;
 using QvXmlLib16::QvVariant;
 using QvXmlLib16::XmlElementType;
+using QvXmlLib16::detail::DoesNameMatch;
 
 void CMemberKind::ThrowMissing(const CMemberReading& at) const { ThrowMissingChild(at.parent); }
 
@@ -43,7 +45,7 @@ bool CPrimMember::Write(const CSerializationContext& ctx, const CXmlGeneratedCla
 }
 
 bool CPrimMember::Read(const CMemberReading& at) const {
-  if (!IsThisElement(at.ctx, *at.cursor)) return false;
+  if (!DoesNameMatch(at.ctx, *at.cursor, m_number, m_name, m_namespace)) return false;
   ElementFromXmlPrim(at.ctx, at.object, at.cursor);
   return true;
 }
@@ -62,7 +64,7 @@ bool CEnumMember::Write(const CSerializationContext& ctx, const CXmlGeneratedCla
 }
 
 bool CEnumMember::Read(const CMemberReading& at) const {
-  if (!IsThisElement(at.ctx, *at.cursor)) return false;
+  if (!DoesNameMatch(at.ctx, *at.cursor, m_number, m_name, m_namespace)) return false;
   ElementFromXmlEnum(at.ctx, at.object, at.cursor);
   return true;
 }

@@ -14,7 +14,7 @@
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
-#include "qvxml/xml/xml_element.h"
+#include "qvxml/xml/node_access_internal.h"
 
 namespace QvXmlLib16 {
 
@@ -29,7 +29,7 @@ bool IsOneOf(const std::string& value, const char* word, const char* digit) {
 }
 
 const std::string* NameOf(const CXmlElement* element) {
-  return element != nullptr ? &element->GetLocalName() : nullptr;
+  return element != nullptr ? &detail::CNodeAccess::NameOf(*element).localName : nullptr;
 }
 
 bool IsRepeated(const CElementInfo& info) {
@@ -112,7 +112,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
   CAttributeInfo** infos = GetClassAttributeInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isFound(count);
-  for (CXmlAttribute* attribute : element->GetAttributes()) {
+  for (CXmlAttribute* attribute : detail::CNodeAccess::AttributesOf(*element)) {
     if (attribute->IsNamespaceAttribute()) continue;
     if (attribute->IsNilAttribute()) {
       ReadNilAttribute(*attribute);

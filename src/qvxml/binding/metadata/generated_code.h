@@ -163,7 +163,7 @@ void AccessValue(bool get, QvVariant& value, std::optional<TValue>& property) {
     property.reset();
   } else {
     detail::RequireType(value, kType);
-    property = ItemTraits<kType>::Take(value);
+    ItemTraits<kType>::TakeInto(value, property);
   }
 }
 

@@ -13,6 +13,7 @@
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/value/variant.h"
+#include "qvxml/core/whitespace.h"
 #include "qvxml/xml/xml_writer.h"
 
 namespace QvXmlLib16::detail {
@@ -87,6 +88,23 @@ std::string_view TextOf(const QvVariant& value, const std::string& format, CXmlW
 /// CQvException when it holds none, and when the enumeration has no such value.
 const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
                        const std::string& name);
+/// What a property that refuses its value is reported as.
+class CSetFailure {
+ public:
+  virtual CQvValidationException Make() const = 0;
+
+ protected:
+  ~CSetFailure() = default;
+};
+
+/// Stores `value` in the property. An exception from there is put inside the one of `failure`.
+void StoreValue(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
+                const CSetFailure& failure);
+/// The same for the value that QvVariant::FromString makes of the text; what that throws passes as
+/// it is.
+void StoreText(CXmlGeneratedClass* object, int propertyIndex, const std::string& text,
+               ItemType type, CWhitespaceUtils::WhitespaceRule rule, const CSetFailure& failure);
+
 /// Makes `value` the number of the enumeration's value that `text` stands for.
 void SetEnum(QvVariant& value, const std::string& text, int (*textToEnum)(const char*),
              const std::string& name);

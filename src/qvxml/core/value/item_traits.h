@@ -5,6 +5,7 @@
 #define QVXML_CORE_VALUE_ITEM_TRAITS_H_
 
 #include <string>
+#include <utility>
 
 #include "qvxml/core/item_type.h"
 #include "qvxml/core/value/conversions.h"
@@ -41,7 +42,9 @@ enum class FacetFamily {
 /// Three accessors save copies where a value passes through a variant: `View` refers to the value
 /// of a variant that has this very tag and is not nil, `Lend` lets the variant refer to a value
 /// that stays unchanged as long as the variant is used (a copy of the variant has its own one), and
-/// `Take` moves the value out of a variant that is not needed any more.
+/// `Take` moves the value out of a variant that is not needed any more, or that has an `Offer`,
+/// which lends a value that its owner does not need any more. `TakeInto` is for a variant of this
+/// very tag.
 template <ItemType>
 struct ItemTraits;
 
@@ -74,6 +77,25 @@ struct ItemTraits;
         variant.SetInline(kType, static_cast<const void*>(&value));                             \
       } else {                                                                                  \
         Set(variant, value);                                                                    \
+      }                                                                                         \
+    }                                                                                           \
+    static void Offer(QvVariant& variant, Carrier& value) {                                     \
+      Lend(variant, value);                                                                     \
+      variant.m_isOffered = kHolding == ItemHolding::Owned;                                     \
+    }                                                                                           \
+    template <class TTarget>                                                                    \
+    static void TakeInto(QvVariant& variant, TTarget& target) {                                 \
+      if constexpr (kHolding == ItemHolding::Owned) {                                           \
+        auto* const value = static_cast<Carrier*>(variant.GetInline<void*>());                  \
+        if (value == nullptr) {                                                                 \
+          target = Carrier();                                                                   \
+        } else if (variant.MayTake()) {                                                         \
+          target = std::move(*value);                                                           \
+        } else {                                                                                \
+          target = static_cast<const Carrier&>(*value);                                         \
+        }                                                                                       \
+      } else {                                                                                  \
+        target = Get(variant);                                                                  \
       }                                                                                         \
     }                                                                                           \
     static Carrier Take(QvVariant& variant) {                                                   \

@@ -1,6 +1,7 @@
 #include "qvxml/core/value/variant.h"
 
 #include <cassert>
+#include <memory>
 #include <new>
 #include <type_traits>
 #include <utility>
@@ -73,26 +74,38 @@ void QvVariant::CopyValue(const QvVariant& other) {
   m_type = other.m_type;
 }
 
-// Into a variant that owns nothing; the other one holds nothing afterwards.
+// Into a variant that owns nothing; the other one holds nothing afterwards. A value object that is
+// only borrowed becomes an own one: whoever moves a variant keeps it for longer.
 void QvVariant::MoveValue(QvVariant& other) noexcept {
   m_slot = std::exchange(other.m_slot, 0);
-  if (other.m_ownership == Ownership::InPlace) {
+  m_ownership = std::exchange(other.m_ownership, Ownership::None);
+  if (m_ownership != Ownership::Heap && m_slot != 0) {
     VisitItemType(
         other.m_type,
         [&](auto traits) {
           using Traits = decltype(traits);
-          using Carrier = typename Traits::Carrier;
-          if constexpr (kIsOwned<Traits> && kFitsInPlace<Carrier>) {
-            auto* const source = std::launder(reinterpret_cast<Carrier*>(other.m_place));
-            void* const moved = new (m_place) Carrier(std::move(*source));
-            source->~Carrier();
+          if constexpr (kIsOwned<Traits>) {
+            using Carrier = typename Traits::Carrier;
+            auto* const source = reinterpret_cast<Carrier*>(m_slot);
+            const bool isOwn = m_ownership == Ownership::InPlace;
+            Carrier value =
+                isOwn || other.m_isOffered ? Carrier(std::move(*source)) : Carrier(*source);
+            if (isOwn) std::destroy_at(source);
+            void* moved = nullptr;
+            if constexpr (kFitsInPlace<Carrier>) {
+              moved = new (m_place) Carrier(std::move(value));
+              m_ownership = Ownership::InPlace;
+            } else {
+              moved = new Carrier(std::move(value));
+              m_ownership = Ownership::Heap;
+            }
             m_slot = reinterpret_cast<uint64_t>(moved);
           }
         },
         [] {});
   }
-  m_ownership = std::exchange(other.m_ownership, Ownership::None);
   m_isNil = std::exchange(other.m_isNil, false);
+  other.m_isOffered = false;
   m_type = std::exchange(other.m_type, ItemType_none);
 }
 
@@ -225,7 +238,7 @@ TObject QvVariant::GetOwned() const {
 template <class TObject>
 TObject QvVariant::TakeOwned() {
   const TObject* const value = PeekOwned<TObject>();
-  if (value == nullptr || m_ownership == Ownership::None) return GetOwned<TObject>();
+  if (value == nullptr || !MayTake()) return GetOwned<TObject>();
   return std::move(*const_cast<TObject*>(value));
 }
 

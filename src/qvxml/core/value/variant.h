@@ -57,6 +57,7 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
     if (m_ownership != Ownership::None) ReleaseValue();
     m_slot = 0;
     m_isNil = false;
+    m_isOffered = false;
     m_type = ItemType_none;
   }
   /// The tag; ItemType_none when invalid.
@@ -198,6 +199,7 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
     m_slot = 0;
     __builtin_memcpy(&m_slot, &value, sizeof value);
     m_isNil = false;
+    m_isOffered = false;
     m_type = type;
   }
   template <class TScalar>
@@ -230,7 +232,12 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   void ReleaseValue() noexcept;
   bool CheckInvariants() const;
 
+  // Whether the value object is free to be moved out.
+  bool MayTake() const noexcept { return m_isOffered || m_ownership != Ownership::None; }
+
   bool m_isNil = false;
+  // The value object is borrowed, but its owner does not need it any more.
+  bool m_isOffered = false;
   Ownership m_ownership = Ownership::None;
   ItemType m_type = ItemType_none;
   uint64_t m_slot = 0;

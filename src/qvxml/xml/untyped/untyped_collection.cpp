@@ -97,6 +97,11 @@ template <class TItem>
 void TUntypedCollection<TItem>::Remove(int index) {
   RaiseRemove(index);
   CheckIndex(index, GetCount());
+  TakeOut(index);
+}
+
+template <class TItem>
+void TUntypedCollection<TItem>::TakeOut(int index) {
   const auto position = m_items.begin() + index;
   const CSmartPtr<TItem> removed = std::move(*position);
   m_items.erase(position);
@@ -105,9 +110,18 @@ void TUntypedCollection<TItem>::Remove(int index) {
 
 template <class TItem>
 void TUntypedCollection<TItem>::Remove(const TItem* item) {
+  const int index = RequireIndex(item);
+  // Looked for again, as a listener may change the collection; held, so that it is the same object.
+  const CSmartPtr<TItem> removed = m_items[static_cast<size_t>(index)];
+  RaiseRemove(index);
+  TakeOut(RequireIndex(item));
+}
+
+template <class TItem>
+int TUntypedCollection<TItem>::RequireIndex(const TItem* item) const {
   const int index = Find(item);
   if (index < 0) throw CQvInvalidParamException("The object was not found in the collection");
-  Remove(index);
+  return index;
 }
 
 template <class TItem>

@@ -46,7 +46,7 @@ class QVXML_API TUntypedCollection : public CXmlCollectionBase {
   void Clear() override;
   void Remove(int index) override;
   /// Removes the first occurrence of the item. Throws CQvInvalidParamException when it is not
-  /// there.
+  /// there, or no longer once the listeners have heard of it.
   void Remove(const TItem* item);
 
   /// The namespaces that the wildcard admits.
@@ -67,6 +67,9 @@ class QVXML_API TUntypedCollection : public CXmlCollectionBase {
  private:
   template <class TCheck>
   void Insert(CSmartPtr<TItem> item, TCheck check);
+
+  int RequireIndex(const TItem* item) const;
+  void TakeOut(int index);
 
   std::string m_namespaceRestriction;
   std::string m_targetNamespace;

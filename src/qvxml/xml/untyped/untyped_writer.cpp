@@ -109,6 +109,7 @@ std::unique_ptr<CXmlTextWriter> CUntypedWriter::MakeOwnWriter(CXmlTextWriter& ou
   auto writer = std::make_unique<CXmlTextWriter>(outer.GetStream());
   writer->SetEOLType(outer.GetEOLType());
   writer->SetFormat(outer.GetFormat());
+  writer->SetWriteCDATA(outer.GetWriteCDATA());
   // Kept: the indent characters stay those of a new writer.
   return writer;
 }
