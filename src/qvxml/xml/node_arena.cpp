@@ -87,6 +87,14 @@ void CNodeArena::Abandon() noexcept {
   if (m_liveElements == 0) delete this;
 }
 
+void CNodeArena::NoteLongText(std::string* text) noexcept {
+  try {
+    m_longTexts.push_back(text);
+  } catch (const std::bad_alloc&) {
+    SetIrregular();
+  }
+}
+
 void CNodeArena::DestroyAll() noexcept {
   for (std::string* const text : m_longTexts) std::destroy_at(text);
   delete this;

@@ -113,8 +113,8 @@ class CNodeArena {
   bool IsRegular() const noexcept { return m_isRegular; }
   void SetIrregular() noexcept { m_isRegular = false; }
   /// For a text of a node that has just been made.
-  void NoteText(std::string* text) {
-    if (text->size() > kMaxTextInPlace) m_longTexts.push_back(text);
+  void NoteText(std::string* text) noexcept {
+    if (text->size() > kMaxTextInPlace) NoteLongText(text);
   }
   void NoteAttribute() noexcept { ++m_attributes; }
   size_t GetLiveElements() const noexcept { return m_liveElements; }
@@ -221,6 +221,7 @@ class CNodeArena {
     const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
     return reinterpret_cast<const CChunk*>(address);
   }
+  void NoteLongText(std::string* text) noexcept;
   CChunk* MakeChunk(CChunk* next);
   void* TakeFromRegion();
   void AddChunk();
