@@ -88,6 +88,8 @@ void CNodeArena::Abandon() noexcept {
 }
 
 void CNodeArena::NoteLongText(std::string* text) noexcept {
+  // They would add up while elements of a long document come and go.
+  if (!m_isRegular) return;
   try {
     m_longTexts.push_back(text);
   } catch (const std::bad_alloc&) {
