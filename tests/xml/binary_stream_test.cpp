@@ -50,20 +50,14 @@ TEST(CBinaryStream, CollectsBytes) {
 
 TEST(CFileBinaryStream, WritesMarkAndBytes) {
   const TemporaryFolder folder;
-  const struct {
-    XmlEncoding encoding;
-    std::string content;
-  } rows[] = {{Encoding_Unspecified, "abc"},
-              // clang-format off
-              {Encoding_UTF8, "abc"}, {Encoding_UTF16, "\xFF\xFE" "abc"},
-              // clang-format on
-              {Encoding_UTF16_Unlabelled,
-               "\xFF\xFE"
-               "abc"}};
+  const std::string marked = std::string("\xFF\xFE") + "abc";
+  const std::pair<XmlEncoding, std::string> rows[] = {{Encoding_Unspecified, "abc"},
+                                                      {Encoding_UTF8, "abc"},
+                                                      {Encoding_UTF16, marked},
+                                                      {Encoding_UTF16_Unlabelled, marked}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.encoding);
-    ToFile(folder.PathOf("x"), "abc", row.encoding);
-    EXPECT_EQ(row.content, ReadFile(folder.PathOf("x")));
+    ToFile(folder.PathOf("x"), "abc", row.first);
+    EXPECT_EQ(row.second, ReadFile(folder.PathOf("x")));
   }
   CFileBinaryStream(folder.PathOf("empty").c_str(), Encoding_UTF8).ToFile();
   EXPECT_EQ("", ReadFile(folder.PathOf("empty")));
