@@ -69,7 +69,6 @@ TEST_F(JsonReader, MakesXmlText) {
     const char* xml;
   };
   constexpr JsonRoundTrip kNone = JsonRoundTrip_None;
-  constexpr JsonRoundTrip kStandard = JsonRoundTrip_Standard;
   constexpr JsonRoundTrip kFull = JsonRoundTrip_Full;
   const Row rows[] = {
       {kFull, "", ""},
@@ -77,12 +76,10 @@ TEST_F(JsonReader, MakesXmlText) {
       {kFull, "{}", ""},
       {kFull, "null", ""},
       {kFull, R"({"a": 5})", "<a>5</a>\n"},
-      {kFull, R"({"a": -0.50e+03})", "<a>-0.50e+03</a>\n"},
       {kFull, R"({"a": 007})", "<a>007</a>\n"},
       {kFull, R"({"a": true,"b": false})", "<a>true</a>\n<b>false</b>\n"},
       {kFull, R"({"a": ""})", "<a/>\n"},
       {kFull, R"({"a": null})", "<a/>\n"},
-      {kFull, R"({"a": {}})", "<a/>\n"},
       {kFull, R"({"a": []})", ""},
       {kFull, R"({"a": {"b": 1,"c": {"d": 2}}})",
        "<a>\n\t<b>1</b>\n\t<c>\n\t\t<d>2</d>\n\t</c>\n</a>\n"},
@@ -90,17 +87,13 @@ TEST_F(JsonReader, MakesXmlText) {
        "<r>\n\t<i>1</i>\n\t<i>x</i>\n\t<i/>\n\t<i>true</i>\n\t<i>\n\t\t<j>2</j>\n\t</i>\n</r>\n"},
       {kFull, R"({"e": {"@x": 1,"#text": "t"}})", "<e x=\"1\">t</e>\n"},
       {kFull, R"({"e": {"@x": 1,"@y": null,"#text": null}})", "<e x=\"1\"/>\n"},
-      {kFull, R"({"e": {"@x": 1}})", "<e x=\"1\"/>\n"},
       {kFull, R"({"p:e": {"@xmlns:p": "urn:p","@xmlns": "urn:d","@p:x": true,"f": 1}})",
        "<p:e xmlns:p=\"urn:p\" xmlns=\"urn:d\" p:x=\"true\">\n\t<f>1</f>\n</p:e>\n"},
-      {kStandard, R"({"e": {"@x": 1,"#text": "t"}})", "<e x=\"1\">t</e>\n"},
       {kNone, R"({"e": {"x": 1,"@y": 2,"#text": 3}})",
        "<e>\n\t<x>1</x>\n\t<@y>2</@y>\n\t<#text>3</#text>\n</e>\n"},
       // What follows the text lands in the element around.
       {kFull, R"({"r": {"e": {"#text": "t","x": 1},"y": 2}})",
        "<r>\n\t<e>t</e>\n\t<x>1</x>\n\t<y>2</y>\n</r>\n"},
-      {kFull, R"({"r": {"e": {"#text": "t","x": [1,2]}}})",
-       "<r>\n\t<e>t</e>\n\t<x>1</x>\n\t<x>2</x>\n</r>\n"},
       {kFull, R"({"r": {"e": {"#text": "t","x": {"y": 1}}}})",
        "<r>\n\t<e>t</e>\n\t<x>\n\t\t<y>1</y>\n\t</x>\n</r>\n"},
       {kFull, R"({"r": {"e": {"#text": {"b": 1}}}})", "<r>\n\t<e>\n\t\t<b>1</b>\n\t</e>\n</r>\n"},
@@ -111,9 +104,8 @@ TEST_F(JsonReader, MakesXmlText) {
       {kFull, "{\"a\n\": \"\\\nn\"}", "<a>\n</a>\n"},
       {kFull, "{\"a\": 1\n2\n}", "<a>12</a>\n"},
       {kFull, R"({"a": {"@x": "<&>\"\n","#text": "<&>\"\n"}})",
-       "<a x=\"&lt;&amp;&gt;\"&#xA;\">&lt;&amp;&gt;\"\n</a>\n"},
+       "<a x=\"&lt;&amp;&gt;&quot;&#xA;\">&lt;&amp;&gt;\"\n</a>\n"},
       {kFull, "{\"a\": \"J\xC3\xB6rg \xFF\"}", "<a>J\xC3\xB6rg ?</a>\n"},
-      {kFull, "{\"\xC3\xA9\": {\"@\xC3\xA9\": 1}}", "<\xC3\xA9 \xC3\xA9=\"1\"/>\n"},
       {kFull, R"({"a": "a text that is longer than one block of sixteen, \"twice\""})",
        "<a>a text that is longer than one block of sixteen, \"twice\"</a>\n"},
       // A section is markup only when it is all there is.
@@ -128,11 +120,7 @@ TEST_F(JsonReader, MakesXmlText) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.json);
     ctx.GetJsonContext().SetSupportRoundtrip(row.mode);
-    std::string expected = row.xml;
-    if (expected.find("\"&#xA;") != std::string::npos) {
-      expected.replace(expected.find("\"&#xA;"), 1, "&quot;");
-    }
-    EXPECT_EQ(expected, ConvertBody(row.json));
+    EXPECT_EQ(row.xml, ConvertBody(row.json));
   }
 }
 
@@ -246,37 +234,31 @@ TEST_F(JsonReader, SaysWhatIsMalformedAndWhere) {
 }
 
 TEST_F(JsonReader, RefusesWhatIsNoXml) {
-  struct Row {
-    const char* json;
-    const char* message;
-  };
-  const Row rows[] = {
-      {"5", "Failed to convert value '5' to Element string value in XML."},
-      {"true", "Failed to convert value 'true' to Element string value in XML."},
-      {R"({"#text": "t"})", "Failed to convert value 't' to Element string value in XML."},
-      {R"({"@x": 1})", "Failed to convert value '1' to Attribute string value in XML."},
-      {R"({"a": {"b": 1,"@x": 2}})",
-       "Failed to convert value '2' to Attribute string value in XML."},
-      {R"({"a": {"@x": {"b": 1}}})", "Failed to convert name '@x' to Element name in XML."},
-      {R"({"a": {"@x": [1]}})", "Failed to convert name '@x' to Element name in XML."},
-      {R"({"a": {"@": 1}})", "Failed to convert name '@' to Element name in XML."},
-      {R"({"a><b": 1})", "Failed to convert name 'a><b' to Element name in XML."},
-      {R"({"a/": 1})", "Failed to convert name 'a/' to Element name in XML."},
-      {R"({"a x=": 1})", "Failed to convert name 'a x=' to Element name in XML."},
-      {R"({"&a;": 1})", "Failed to convert name '&a;' to Element name in XML."},
-      {R"({"a\t": 1})", "Failed to convert name 'a\t' to Element name in XML."},
-      {R"({"!DOCTYPE": 1})", "Failed to convert name '!DOCTYPE' to Element name in XML."},
-      {R"({"?xml": 1})", "Failed to convert name '?xml' to Element name in XML."},
-      {R"({"a": {"@b='c'": 1}})", "Failed to convert name '@b='c'' to Element name in XML."},
+  const std::string start = "Failed to convert ";
+  const std::pair<const char*, const char*> values[] = {
+      {"5", "'5' to Element"},
+      {"true", "'true' to Element"},
+      {R"({"#text": "t"})", "'t' to Element"},
+      {R"({"@x": 1})", "'1' to Attribute"},
+      {R"({"a": {"b": 1,"@x": 2}})", "'2' to Attribute"}};
+  for (const auto& row : values) {
+    EXPECT_QV_THROW(Convert(row.first), CQvInvalidStateException,
+                    start + "value " + row.second + " string value in XML.");
+  }
+  const std::pair<const char*, const char*> names[] = {
+      // clang-format off
+      {R"({"a": {"@x": {"b": 1}}})", "@x"}, {R"({"a": {"@x": [1]}})", "@x"}, {R"({"a": {"@": 1}})", "@"},
+      {R"({"a><b": 1})", "a><b"}, {R"({"a/": 1})", "a/"}, {R"({"a x=": 1})", "a x="},
+      {R"({"&a;": 1})", "&a;"}, {R"({"a\t": 1})", "a\t"}, {R"({"!DOCTYPE": 1})", "!DOCTYPE"},
+      {R"({"?xml": 1})", "?xml"}, {R"({"a": {"@b='c'": 1}})", "@b='c'"},
+      {"{\"a\": {\"@\xC3\": 1}}", "@\xC3"}, {R"({"a": {"@b\"": 1}})", "@b\""},
       // Would become "<?p x="1"/>", and hide what follows up to "</q?>".
-      {"{\"r\": {\"\xFFp\": {\"@x\": 1},\"q\xFF\": {\"z\": 1,\"\xFFp\": {\"@x\": 2}}}}",
-       "Failed to convert name '\xFFp' to Element name in XML."},
-      {"{\"a\": {\"@\xC3\": 1}}", "Failed to convert name '@\xC3' to Element name in XML."},
-      {R"({"a": {"@b\"": 1}})", "Failed to convert name '@b\"' to Element name in XML."},
+      {"{\"r\": {\"\xFFp\": {\"@x\": 1},\"q\xFF\": {\"z\": 1,\"\xFFp\": {\"@x\": 2}}}}", "\xFFp"},
+      // clang-format on
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.json);
-    EXPECT_QV_THROW(Convert(row.json), CQvInvalidStateException, row.message);
+  for (const auto& row : names) {
+    EXPECT_QV_THROW(Convert(row.first), CQvInvalidStateException,
+                    start + "name '" + row.second + "' to Element name in XML.");
   }
 }
 
