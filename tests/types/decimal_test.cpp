@@ -367,6 +367,55 @@ TEST(CDecimal, OrdersByValueWhateverTheScale) {
   EXPECT_EQ(scaled.GetFractionalDivider(), 3);
 }
 
+// Up to 18 digits on either side of the point are held otherwise than more.
+TEST(CDecimal, GoesBetweenFewAndManyDigits) {
+  CDecimal value("-0.123456789012345678");
+  value.ChangeFractionalDivider(19);
+  EXPECT_EQ(Parts(value), "0|1234567890123456780|19");
+  EXPECT_EQ(value.ToString(), "-0.1234567890123456780");
+  EXPECT_EQ(value, CDecimal("-0.123456789012345678"));
+  EXPECT_EQ(value.Negate().ToString(), "0.1234567890123456780");
+  EXPECT_EQ(value.Negate().ToString(1), "-0.1");
+  value.Rationalise();
+  EXPECT_EQ(Parts(value), "0|123456789012345678|18");
+  value.ChangeFractionalDivider(40);
+  value.ChangeFractionalDivider(0);
+  EXPECT_EQ(Parts(value) + value.ToString(), "0|0|00");
+
+  value = CDecimal("999999999999999999.999999999999999999");
+  value += CDecimal("0.000000000000000001");
+  EXPECT_EQ(Parts(value), "1000000000000000000|0|0");
+  EXPECT_LT(CDecimal("999999999999999999"), value);
+  EXPECT_EQ(Parts(-value), "-1000000000000000000|0|0");
+  --value;
+  EXPECT_EQ(Parts(value), "999999999999999999|0|0");
+
+  const char* const texts[] = {"0",
+                               "-0.5",
+                               "-999999999999999999.25",
+                               "-1000000000000000000",
+                               "0.1234567890123456789",
+                               "-12345678901234567890.5"};
+  for (const char* before : texts) {
+    for (const char* after : texts) {
+      SCOPED_TRACE(std::string(before) + " " + after);
+      CDecimal source(after);
+      CDecimal copied(before);
+      copied = source;
+      copied = *&copied;
+      CDecimal moved(before);
+      moved = std::move(source);
+      source = CDecimal(before);
+      CDecimal parsed(before);
+      parsed.Parse(after);
+      EXPECT_EQ(copied.ToString() + " " + moved.ToString() + " " + parsed.ToString(),
+                std::string(after) + " " + after + " " + after);
+      EXPECT_EQ(source.ToString(), before);
+      EXPECT_EQ(CDecimal(source).GetNegative(), before[0] == '-');
+    }
+  }
+}
+
 TEST(CDecimal, LeavesZeroWhenMovedFrom) {
   const long before = CInstanceMonitor::GetCount("CDecimal");
   {

@@ -213,6 +213,12 @@ TEST_F(CXmlDocumentTest, ReleasesALargeTreeWhateverWasDoneToIt) {
       [](CXmlElement& root) { root.GetFirstElement()->AppendText(" that grows behind its place"); },
       [](CXmlElement& root) { root.AddAttribute("n", "", "an attribute that is added later on"); },
       [](CXmlElement& root) { delete root.RemoveLastChildElement(); },
+      // Into memory that is new, as what was left of the old was given back.
+      [](CXmlElement& root) {
+        for (int index = 0; index < 4000; ++index) {
+          root.CreateNewChildElement()->AppendText("an element that is added later on");
+        }
+      },
   };
   constexpr int kItems = 12000;
   std::string xml = "<a>";

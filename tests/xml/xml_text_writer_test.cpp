@@ -289,13 +289,14 @@ class CDerivedWriter : public CXmlTextWriter {
 };
 
 template <class TWriter>
-std::string WriteTexts(bool isFormatted, EOLType eol, bool writesDefaults) {
+std::string WriteTexts(bool isFormatted, EOLType eol, bool writesMore) {
   CTextStream stream;
   TWriter writer(stream);
   writer.Open();
   writer.SetFormat(isFormatted);
   writer.SetEOLType(eol);
-  writer.SetWriteDefaultElementValues(writesDefaults);
+  writer.SetWriteDefaultElementValues(writesMore);
+  writer.SetWriteCDATA(writesMore);
   qv_test::WriteTextElements(writer, true);
   writer.Close();
   return stream.GetString();
@@ -307,6 +308,7 @@ TEST(CXmlTextWriter, WritesTextInOneStepAsInThree) {
       const std::string text = WriteTexts<CXmlTextWriter>(isFormatted, eol, isFormatted);
       EXPECT_TRUE(text == WriteTexts<CDerivedWriter>(isFormatted, eol, isFormatted));
       EXPECT_NE(std::string::npos, text.find("<p:aLongerName3>a&amp;b&lt;c&gt;"));
+      EXPECT_EQ(isFormatted, text.find("<![CDATA[<]]>") != std::string::npos);
     }
   }
 }
