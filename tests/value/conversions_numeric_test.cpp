@@ -110,10 +110,10 @@ TEST(IntegerConversions, RefuseWhatIsNoNumberOrTooLong) {
       {"-99999999999999999999x", "-99999999999999999999x", kTooLarge},
       // clang-format on
   };
-  for (const auto& [text, quoted, fault] : rows) {
-    const std::string message = "The value [" + quoted + "] " + fault;
+  for (const auto& row : rows) {
+    const std::string message = "The value [" + row[1] + "] " + row[2];
     for (const Kind& kind : kinds) {
-      EXPECT_QV_THROW(kind.second(text, ws_collapse), CQvInvalidValueException,
+      EXPECT_QV_THROW(kind.second(row[0], ws_collapse), CQvInvalidValueException,
                       message + kind.first);
     }
   }
