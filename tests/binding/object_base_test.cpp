@@ -93,10 +93,11 @@ TEST_F(CXmlObjectBaseTest, WritesTextBytesAndFilesAlike) {
     EOLType eol;
     const char* expected;
   } rows[] = {
+      // clang-format off
       {true, true, EOL_LF, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<r>\n\t<a>5</a>\n</r>\n"},
-      {true, true, EOL_CRLF,
-       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<r>\r\n\t<a>5</a>\r\n</r>\r\n"},
+      {true, true, EOL_CRLF, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<r>\r\n\t<a>5</a>\r\n</r>\r\n"},
       {false, false, EOL_LF, "<r><a>5</a></r>"},
+      // clang-format on
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.expected);
@@ -143,11 +144,6 @@ TEST_F(CXmlObjectBaseTest, CompressesWhatGetsSmaller) {
     CDriven copy(schema);
     copy.FromXmlStream(data);
     EXPECT_EQ(plain, copy.ToXml());
-    const CBinaryData octets = object.ToFastInfosetStream(FInfoDecl_None, ctx, type);
-    EXPECT_EQ(BytesOf(data).substr(0, 2), BytesOf(octets).substr(0, 2));
-    CDriven fromOctets(schema);
-    fromOctets.FromXmlStream(octets);
-    EXPECT_EQ(plain, fromOctets.ToXml());
   }
   for (const bool isAsync : {false, true}) {
     CXmlObjectBase::AsyncToXmlFile(isAsync);
@@ -158,11 +154,6 @@ TEST_F(CXmlObjectBaseTest, CompressesWhatGetsSmaller) {
     copy.FromXmlFile(path.c_str());
     EXPECT_EQ(plain, copy.ToXml());
   }
-  object.ToFastInfosetFile(path.c_str(), FInfoDecl_None, ctx, CompressionType_GZip);
-  EXPECT_EQ("\x1F\x8B", ReadFile(path).substr(0, 2));
-  CDriven copy(schema);
-  copy.FromXmlFile(path.c_str());
-  EXPECT_EQ(plain, copy.ToXml());
   SetText("x");
   EXPECT_QV_THROW(
       object.ToXmlStream(false, false, Encoding_UTF8, EOL_LF, ctx, CompressionType_GZip),
@@ -178,10 +169,8 @@ TEST_F(CXmlObjectBaseTest, AFileIsTouchedOnlyWhenTheDocumentIsWhole) {
   EXPECT_QV_THROW(object.ToFastInfosetFile(path.c_str(), FInfoDecl_None, ctx, CompressionType_ZLib),
                   CQvException, "ZLIB Compression only available for To Stream methods.");
   SetNumber(101);
-  EXPECT_QV_THROW(object.ToXmlFile(path.c_str()), CQvValidationException,
-                  "Failed to convert the element [r] to XML");
-  EXPECT_QV_THROW(object.ToFastInfosetFile(path.c_str()), CQvValidationException,
-                  "Failed to convert the element [r] to XML");
+  EXPECT_THROW(object.ToXmlFile(path.c_str()), CQvValidationException);
+  EXPECT_THROW(object.ToFastInfosetFile(path.c_str()), CQvValidationException);
   EXPECT_EQ(0, folder.CountEntries());
   SetNumber(5);
   object.ToFastInfosetFile(path.c_str(), FInfoDecl_Plain);
@@ -230,20 +219,12 @@ TEST_F(CXmlObjectBaseTest, ReadsFromEverySource) {
 }
 
 TEST_F(CXmlObjectBaseTest, RefusesWhatIsNoDocument) {
-  EXPECT_QV_THROW(object.FromXml(""), CQvException, "XML String is empty!");
-  EXPECT_QV_THROW(object.FromXml(static_cast<const char*>(nullptr)), CQvException,
-                  "XML String is empty!");
-  EXPECT_QV_THROW(object.FromXml(static_cast<const wchar_t*>(nullptr)), CQvException,
-                  "XML String is empty!");
-  EXPECT_QV_THROW(object.FromXmlStream(nullptr, 0), CQvException, "XML Stream is empty!");
-  EXPECT_QV_THROW(object.FromXmlStream(CBinaryData()), CQvException, "XML Stream is empty!");
-  EXPECT_QV_THROW(object.FromXmlFile(nullptr), CQvException, "Failed to open the file [].");
   EXPECT_QV_THROW(object.FromXmlElement(static_cast<const CXmlElement*>(nullptr)),
                   CQvInvalidParamException, "The element to read may not be NULL");
-  EXPECT_QV_THROW(object.FromXmlElement(static_cast<const CElement*>(nullptr)),
-                  CQvInvalidParamException, "The element to read may not be NULL");
+  EXPECT_QV_THROW(object.FromXmlStream(CBinaryData()), CQvException, "XML Stream is empty!");
+  EXPECT_THROW(object.FromXml(static_cast<const wchar_t*>(nullptr)), CQvException);
+  EXPECT_THROW(object.FromXmlFile(nullptr), CQvException);
   EXPECT_THROW(object.ToXmlFile(nullptr), CQvException);
-  EXPECT_THROW(object.ToXmlFile("/nowhere/r.xml"), CQvException);
 }
 
 // --- References
@@ -270,16 +251,10 @@ TEST_F(CXmlObjectBaseTest, LivesUntilItsLastReferenceGoes) {
 
 // --- Guards
 
+// What they say is in samples_test.cpp.
 TEST_F(CXmlObjectBaseTest, GuardsOfSetters) {
   EXPECT_NO_THROW(CXmlObjectBase::Throw_IfPropertyIsNull(&object, "P"));
-  EXPECT_QV_THROW(CXmlObjectBase::Throw_IfPropertyIsNull(nullptr, "P"), CQvInvalidParamException,
-                  "The Property [P] is mandatory, it may node be NULL");
   EXPECT_NO_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(nullptr, "x"));
-  EXPECT_NO_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(&object, "r"));
-  EXPECT_QV_THROW(CXmlObjectBase::Throw_IfElementNameDiffers(&object, "x"),
-                  CQvInvalidParamException,
-                  "This property requires an element with the name x the element being set has "
-                  "the element name r");
   // The name is the one of what a wrapper stands for.
   struct CWrapper : CDriven {
     CWrapper(DrivenSchema& schema, CXmlObjectBase& item) : CDriven(schema), m_item(item) {
@@ -311,31 +286,23 @@ TEST_F(CXmlObjectBaseTest, GuardsOfChoices) {
     };
   };
   const struct {
-    const char* name;
     std::function<void(std::string&)> guard;
     const char *before, *after;
     std::string message;
   } rows[] = {
-      {"valid, selected", setValid(true, "a"), "a", "a", ""},
-      {"valid, none selected", setValid(true, "a"), "", "", plain + rest},
-      {"valid, other selected", setValid(true, "a"), "b", "b", plain + "b" + rest},
-      {"not valid, selected", setValid(false, "a"), "a", "", ""},
-      {"not valid, other selected", setValid(false, "a"), "b", "", ""},
-      {"value, selected", select("a", true), "a", "a", ""},
-      {"null, selected", select("a", false), "a", "", ""},
-      {"value, none selected", select("a", true), "", "a", ""},
-      {"null, none selected", select("a", false), "", "a", ""},
-      {"value, other selected", select("a", true), "b", "b", plain + "[b]" + rest},
-      {"null, other selected", select("a", false), "b", "b", ""},
-      {"items, selected", changed("a", 2), "a", "a", ""},
-      {"no items, selected", changed("a", 0), "a", "", ""},
-      {"items, none selected", changed("a", 2), "", "a", ""},
-      {"no items, none selected", changed("a", 0), "", "", ""},
-      {"items, other selected", changed("a", 2), "b", "b", plain + "[b]" + rest},
-      {"no items, other selected", changed("a", 0), "b", "b", ""},
+      // clang-format off
+      {setValid(true, "a"), "a", "a", ""}, {setValid(true, "a"), "", "", plain + rest},
+      {setValid(true, "a"), "b", "b", plain + "b" + rest}, {setValid(false, "a"), "a", "", ""},
+      {setValid(false, "a"), "b", "", ""}, {select("a", true), "a", "a", ""}, {select("a", false), "a", "", ""},
+      {select("a", true), "", "a", ""}, {select("a", false), "", "a", ""},
+      {select("a", true), "b", "b", plain + "[b]" + rest}, {select("a", false), "b", "b", ""},
+      {changed("a", 2), "a", "a", ""}, {changed("a", 0), "a", "", ""}, {changed("a", 2), "", "a", ""},
+      {changed("a", 0), "", "", ""}, {changed("a", 2), "b", "b", plain + "[b]" + rest},
+      {changed("a", 0), "b", "b", ""},
+      // clang-format on
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(&row - rows);
     std::string selected = row.before;
     if (row.message.empty()) {
       EXPECT_NO_THROW(row.guard(selected));
@@ -360,55 +327,17 @@ TEST_F(CXmlObjectBaseTest, ReadsTheCollectionOfAChoice) {
   EXPECT_EQ(3, collection.GetCount());
 }
 
-// --- Events
-
-TEST_F(CXmlObjectBaseTest, EventsSayWhatHappenedToWhich) {
-  struct CSink final : IEventSink {
-    void OnEvent(CXmlObjectBase* source, MsgType type, void* data) override {
-      isFromCollection = isFromCollection && source == expectedSource;
-      log += std::to_string(type);
-      log += data == nullptr ? "-"
-             : data == item  ? "item"
-                             : std::to_string(*static_cast<int*>(data));
-      log += ' ';
-    }
-    CXmlObjectBase* expectedSource = nullptr;
-    void* item = nullptr;
-    bool isFromCollection = true;
-    std::string log;
-  } sink;
-  Ci4Col collection("i", "", 0, Ci4Col::kUnbounded, CPrimitiveRestrictions(), kCollapse);
-  long item = 0;
-  sink.expectedSource = &collection;
-  sink.item = &item;
-  CXmlObjectBase::FireOnCollectionChangeEvent(&sink, &collection);
-  CXmlObjectBase::FireOnCollectionAddEvent(&sink, &collection, &item);
-  CXmlObjectBase::FireOnCollectionAddCompleteEvent(&sink, &collection, &item);
-  CXmlObjectBase::FireOnCollectionRemoveEvent(&sink, &collection, 7);
-  CXmlObjectBase::FireOnCollectionRemoveEvent(&sink, &collection, -1);
-  CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(&sink, &collection, 0);
-  CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(&sink, &collection, -1);
-  EXPECT_EQ("0- 1item 2item 37 3- 40 4- ", sink.log);
-  EXPECT_TRUE(sink.isFromCollection);
-  // An object that does not care is no obstacle.
-  EXPECT_NO_THROW(CXmlObjectBase::FireOnCollectionAddEvent(&object, &collection, &item));
-}
-
 // --- Names and namespaces
 
+// With the options it is tested through the members.
 TEST_F(CXmlObjectBaseTest, MatchesNames) {
   CXmlDocument document;
   document.LoadXml("<p:n xmlns:p='urn:p'/>");
   const CXmlElement* const element = document.GetDocumentElement();
-  const CSerializationContext ignoring = qv_test::Context("N");
-  const CSerializationContext localNames = qv_test::Context("L");
   EXPECT_TRUE(object.DoesElementNameMatch(ctx, element, "n", "urn:p"));
-  EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "n", "urn:P"));
   EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "N", "urn:p"));
   EXPECT_FALSE(object.DoesElementNameMatch(ctx, element, "n", nullptr));
-  EXPECT_TRUE(object.DoesElementNameMatch(ignoring, element, "n", "urn:x"));
-  EXPECT_FALSE(object.DoesElementNameMatch(ignoring, element, "x", "urn:p"));
-  EXPECT_TRUE(object.DoesElementNameMatch(localNames, element, "n", "urn:x"));
+  EXPECT_FALSE(object.DoesElementNameMatch(qv_test::Context("N"), element, "x", "urn:p"));
   EXPECT_FALSE(object.DoesElementNameMatch(ctx, nullptr, "n", ""));
 }
 
@@ -418,22 +347,20 @@ TEST_F(CXmlObjectBaseTest, TestsNamespacesAgainstAList) {
     bool expected;
   } rows[] = {
       // clang-format off
-      {"##any", "urn:t", "urn:x", true}, {"##any", "urn:t", "", true},
-      {"##other", "urn:t", "urn:t", false}, {"##other", "urn:t", "urn:x", true},
-      {"##other", "urn:t", "", true}, {"##other", "", "", false}, {"##local", "urn:t", "", true},
-      {"##local", "urn:t", "urn:t", false}, {"##targetNamespace", "urn:t", "urn:t", true},
-      {"##targetNamespace", "urn:t", "", false},
-      {"##local ##targetNamespace", "urn:t", "urn:t", true},
-      {"##local ##targetNamespace", "urn:t", "", true},
+      {"##any", "urn:t", "urn:x", true}, {"##any", "urn:t", "", true}, {"##other", "urn:t", "urn:t", false},
+      {"##other", "urn:t", "urn:x", true}, {"##other", "urn:t", "", true}, {"##other", "", "", false},
+      {"##local", "urn:t", "", true}, {"##local", "urn:t", "urn:t", false},
+      {"##targetNamespace", "urn:t", "urn:t", true}, {"##targetNamespace", "urn:t", "", false},
+      {"##local ##targetNamespace", "urn:t", "urn:t", true}, {"##local ##targetNamespace", "urn:t", "", true},
       {"##local ##targetNamespace", "urn:t", "urn:x", false}, {"urn:a", "urn:t", "urn:a", true},
       {"urn:a", "urn:t", "urn:b", false}, {"urn:a", "urn:t", "", true},
       // Kept: the whole list is the URI.
       {"urn:a urn:b", "urn:t", "urn:a", false}, {"urn:a urn:b", "urn:t", "urn:b", false},
       {"urn:a urn:b", "urn:t", "urn:a urn:b", true}, {"urn:a urn:b", "urn:t", "", true},
-      {"##targetNamespace urn:a", "urn:t", "urn:t", true},
-      {"##targetNamespace urn:a", "urn:t", "urn:a", false}, {"##Any", "urn:t", "urn:x", false},
-      {"", "urn:t", "", false}, {"", "", "", false}, {"  ", "urn:t", "", false},
-      {"  ##any ", "urn:t", "urn:x", true}, {"##any##other", "urn:t", "urn:x", false},
+      {"##targetNamespace urn:a", "urn:t", "urn:t", true}, {"##targetNamespace urn:a", "urn:t", "urn:a", false},
+      {"##Any", "urn:t", "urn:x", false}, {"", "urn:t", "", false}, {"", "", "", false},
+      {"  ", "urn:t", "", false}, {"  ##any ", "urn:t", "urn:x", true},
+      {"##any##other", "urn:t", "urn:x", false},
       // clang-format on
   };
   for (const auto& row : rows) {

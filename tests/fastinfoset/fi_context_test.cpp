@@ -7,19 +7,6 @@
 
 using namespace QvXmlLib16;
 
-TEST(CFastInfosetContext, StartsWithItsDefaults) {
-  const CFastInfosetContext context;
-  EXPECT_EQ(context.GetDefaultStringEncoding(), 0);
-  for (int type = 0; type < 29; ++type) {
-    EXPECT_EQ(context.GetEncoding(type).kind, CFastInfosetContext::EncodingKind_Literal);
-  }
-  EXPECT_EQ(context.GetAttributeMaxAddLength(), 6u);
-  EXPECT_EQ(context.GetElementMaxAddLength(), 6u);
-  EXPECT_FALSE(context.GetUseGeneratedVocabulary());
-  EXPECT_EQ(context.GetVocabulary().GetPrefixNamesTable().GetCount(), 1u);
-  EXPECT_EQ(context.GetExternalVocabularyURI(), "");
-}
-
 TEST(CFastInfosetContext, SuggestsAnEncodingForEachType) {
   // By item type: kind and index.
   const int expected[29][2] = {{0, 0}, {2, 1}, {2, 2}, {2, 3}, {2, 3}, {2, 4}, {2, 5}, {2, 3},
@@ -27,6 +14,7 @@ TEST(CFastInfosetContext, SuggestsAnEncodingForEachType) {
                                {1, 2}, {1, 2}, {1, 2}, {1, 2}, {1, 2}, {1, 2}, {0, 0}, {0, 0},
                                {2, 6}, {1, 1}, {1, 1}, {0, 0}, {0, 0}};
   CFastInfosetContext context;
+  for (int type = 0; type < 29; ++type) EXPECT_EQ(context.GetEncoding(type).kind, 0);
   context.SetEncoding(ItemType_string, {1, 1});
   context.SetSuggestedValues();
   for (int type = 0; type < 29; ++type) {
@@ -52,19 +40,12 @@ TEST(CFastInfosetContext, IsSharedByCopiesOfItsOwner) {
     CSerializationContext early;
     const CSerializationContext withoutOne(early);
     CFastInfosetContext& made = early.GetFIContext();
-    EXPECT_EQ(&made, &early.GetFIContext());
     EXPECT_NE(&made, &withoutOne.GetFIContext());
     CSerializationContext assigned;
     assigned.GetFIContext();
-    {
-      const CSerializationContext late(early);
-      EXPECT_EQ(&made, &late.GetFIContext());
-      assigned = late;
-    }
-    EXPECT_EQ(&made, &assigned.GetFIContext());
+    assigned = CSerializationContext(early);
     assigned = static_cast<const CSerializationContext&>(assigned);
-    made.SetElementMaxAddLength(7);
-    EXPECT_EQ(assigned.GetFIContext().GetElementMaxAddLength(), 7u);
+    EXPECT_EQ(&made, &assigned.GetFIContext());
     EXPECT_EQ(CInstanceMonitor::GetCount("CFastInfosetContext"), before + 2);
   }
   EXPECT_EQ(CInstanceMonitor::GetCount("CFastInfosetContext"), before);

@@ -5,8 +5,8 @@
 
 #include "tests/samples/all_types_data.h"
 #include "tests/samples/envelope.h"
-#include "tests/support/qv_gtest.h"
 #include "tests/support/temporary_folder.h"
+#include <gtest/gtest.h>
 
 #include "qvxml/qvxml.h"
 
@@ -84,9 +84,6 @@ TEST_F(CFastInfosetRoundTrip, ByAVocabularyThatBothSidesKnow) {
   const CBinaryData octets = m_object->ToFastInfosetStream(FInfoDecl_None, m_context);
   EXPECT_LT(octets.GetLength(), without.GetLength());
   ExpectObject(octets, m_context);
-  EXPECT_QV_THROW(
-      ExpectObject(octets, CSerializationContext()), CQvException,
-      "The external vocabulary [urn:all-types] is not the one of the context at byte 8");
 }
 
 TEST_F(CFastInfosetRoundTrip, FaultsHaveThePathsOfTheXmlDocument) {
