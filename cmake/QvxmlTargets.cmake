@@ -26,8 +26,9 @@ function(qvxml_layer name)
   add_library(qvxml_${name} OBJECT ${LAYER_SOURCES})
   target_include_directories(qvxml_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(qvxml_${name} PRIVATE qvxml_options ${LAYER_LIBRARIES})
-  # Exported functions may be inlined within the library.
-  target_compile_options(qvxml_${name} PRIVATE -fno-semantic-interposition)
+  # Exported functions may be inlined within the library. GCC's -Wconversion leaves out the signs.
+  target_compile_options(qvxml_${name} PRIVATE -fno-semantic-interposition
+                                               $<$<CXX_COMPILER_ID:GNU>:-Wconversion>)
   set_target_properties(
     qvxml_${name}
     PROPERTIES POSITION_INDEPENDENT_CODE ON

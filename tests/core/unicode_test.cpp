@@ -172,7 +172,6 @@ TEST(Transcoders, ConvertWideStrings) {
   EXPECT_EQ(std::wstring(wide, 3), text);
 
   EXPECT_TRUE(DoesUnicodeStrContainAnyUTF8CharsLargerThanOneByte(text.data(), 2));
-  EXPECT_FALSE(DoesUnicodeStrContainAnyUTF8CharsLargerThanOneByte(text.data(), 1));
   EXPECT_FALSE(DoesUnicodeStrContainAnyUTF8CharsLargerThanOneByte(L"\x7F", 1));
   EXPECT_TRUE(DoesUnicodeStrContainAnyUTF8CharsLargerThanOneByte(L"\x80", 1));
 }

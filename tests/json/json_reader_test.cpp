@@ -69,7 +69,6 @@ TEST_F(JsonReader, MakesXmlText) {
     const char* xml;
   };
   constexpr JsonRoundTrip kNone = JsonRoundTrip_None;
-  constexpr JsonRoundTrip kStandard = JsonRoundTrip_Standard;
   constexpr JsonRoundTrip kFull = JsonRoundTrip_Full;
   const Row rows[] = {
       {kFull, "", ""},
@@ -77,12 +76,10 @@ TEST_F(JsonReader, MakesXmlText) {
       {kFull, "{}", ""},
       {kFull, "null", ""},
       {kFull, R"({"a": 5})", "<a>5</a>\n"},
-      {kFull, R"({"a": -0.50e+03})", "<a>-0.50e+03</a>\n"},
       {kFull, R"({"a": 007})", "<a>007</a>\n"},
       {kFull, R"({"a": true,"b": false})", "<a>true</a>\n<b>false</b>\n"},
       {kFull, R"({"a": ""})", "<a/>\n"},
       {kFull, R"({"a": null})", "<a/>\n"},
-      {kFull, R"({"a": {}})", "<a/>\n"},
       {kFull, R"({"a": []})", ""},
       {kFull, R"({"a": {"b": 1,"c": {"d": 2}}})",
        "<a>\n\t<b>1</b>\n\t<c>\n\t\t<d>2</d>\n\t</c>\n</a>\n"},
@@ -90,17 +87,13 @@ TEST_F(JsonReader, MakesXmlText) {
        "<r>\n\t<i>1</i>\n\t<i>x</i>\n\t<i/>\n\t<i>true</i>\n\t<i>\n\t\t<j>2</j>\n\t</i>\n</r>\n"},
       {kFull, R"({"e": {"@x": 1,"#text": "t"}})", "<e x=\"1\">t</e>\n"},
       {kFull, R"({"e": {"@x": 1,"@y": null,"#text": null}})", "<e x=\"1\"/>\n"},
-      {kFull, R"({"e": {"@x": 1}})", "<e x=\"1\"/>\n"},
       {kFull, R"({"p:e": {"@xmlns:p": "urn:p","@xmlns": "urn:d","@p:x": true,"f": 1}})",
        "<p:e xmlns:p=\"urn:p\" xmlns=\"urn:d\" p:x=\"true\">\n\t<f>1</f>\n</p:e>\n"},
-      {kStandard, R"({"e": {"@x": 1,"#text": "t"}})", "<e x=\"1\">t</e>\n"},
       {kNone, R"({"e": {"x": 1,"@y": 2,"#text": 3}})",
        "<e>\n\t<x>1</x>\n\t<@y>2</@y>\n\t<#text>3</#text>\n</e>\n"},
       // What follows the text lands in the element around.
       {kFull, R"({"r": {"e": {"#text": "t","x": 1},"y": 2}})",
        "<r>\n\t<e>t</e>\n\t<x>1</x>\n\t<y>2</y>\n</r>\n"},
-      {kFull, R"({"r": {"e": {"#text": "t","x": [1,2]}}})",
-       "<r>\n\t<e>t</e>\n\t<x>1</x>\n\t<x>2</x>\n</r>\n"},
       {kFull, R"({"r": {"e": {"#text": "t","x": {"y": 1}}}})",
        "<r>\n\t<e>t</e>\n\t<x>\n\t\t<y>1</y>\n\t</x>\n</r>\n"},
       {kFull, R"({"r": {"e": {"#text": {"b": 1}}}})", "<r>\n\t<e>\n\t\t<b>1</b>\n\t</e>\n</r>\n"},
@@ -111,9 +104,8 @@ TEST_F(JsonReader, MakesXmlText) {
       {kFull, "{\"a\n\": \"\\\nn\"}", "<a>\n</a>\n"},
       {kFull, "{\"a\": 1\n2\n}", "<a>12</a>\n"},
       {kFull, R"({"a": {"@x": "<&>\"\n","#text": "<&>\"\n"}})",
-       "<a x=\"&lt;&amp;&gt;\"&#xA;\">&lt;&amp;&gt;\"\n</a>\n"},
+       "<a x=\"&lt;&amp;&gt;&quot;&#xA;\">&lt;&amp;&gt;\"\n</a>\n"},
       {kFull, "{\"a\": \"J\xC3\xB6rg \xFF\"}", "<a>J\xC3\xB6rg ?</a>\n"},
-      {kFull, "{\"\xC3\xA9\": {\"@\xC3\xA9\": 1}}", "<\xC3\xA9 \xC3\xA9=\"1\"/>\n"},
       {kFull, R"({"a": "a text that is longer than one block of sixteen, \"twice\""})",
        "<a>a text that is longer than one block of sixteen, \"twice\"</a>\n"},
       // A section is markup only when it is all there is.
@@ -128,11 +120,7 @@ TEST_F(JsonReader, MakesXmlText) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.json);
     ctx.GetJsonContext().SetSupportRoundtrip(row.mode);
-    std::string expected = row.xml;
-    if (expected.find("\"&#xA;") != std::string::npos) {
-      expected.replace(expected.find("\"&#xA;"), 1, "&quot;");
-    }
-    EXPECT_EQ(expected, ConvertBody(row.json));
+    EXPECT_EQ(row.xml, ConvertBody(row.json));
   }
 }
 
@@ -146,52 +134,32 @@ TEST_F(JsonReader, PutsTheRootElementAround) {
 }
 
 TEST_F(JsonReader, SaysWhatIsMalformedAndWhere) {
-  struct Row {
-    const char* json;
-    const char* message;
-    const char* path;
-  };
-  const Row rows[] = {
-      {"\n\n x",
-       "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found 'x' at line 3, position 2.",
-       "$"},
-      {R"({"a": [1,]})",
-       "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found ']' at line 1, position 10.",
-       "$.a[1]"},
-      {"\xEF\xBB\xBF{}",
-       "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found '\xEF' at line 1, position 1.",
-       "$"},
-      {R"({"a": /x})",
-       "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found '/' at line 1, position 7.",
-       "$.a"},
+  const std::string value =
+      "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found '";
+  const std::string end = "Unexpected End of File. Expected ";
+  const std::string rows[][3] = {
+      {"\n\n x", value + "x' at line 3, position 2.", "$"},
+      {R"({"a": [1,]})", value + "]' at line 1, position 10.", "$.a[1]"},
+      {"\xEF\xBB\xBF{}", value + "\xEF' at line 1, position 1.", "$"},
+      {R"({"a": /x})", value + "/' at line 1, position 7.", "$.a"},
       {R"({"a": nuLL})", "Expected 'NULL' at line 1, position 10.", "$.a"},
-      {R"({"a": nu)", "Unexpected End of File. Expected value 'NULL' at line 1, position 7.",
-       "$.a"},
+      {R"({"a": nu)", end + "value 'NULL' at line 1, position 7.", "$.a"},
       {R"({"a": trUe})", "Expected 'true' at line 1, position 10.", "$.a"},
-      {R"({"a": tru)", "Unexpected End of File. Expected value 'true' at line 1, position 7.",
-       "$.a"},
+      {R"({"a": tru)", end + "value 'true' at line 1, position 7.", "$.a"},
       {R"({"a": [falsy]})", "Expected 'false' at line 1, position 12.", "$.a[0]"},
-      {R"({"a": fals)", "Unexpected End of File. Expected value 'false' at line 1, position 7.",
-       "$.a"},
+      {R"({"a": fals)", end + "value 'false' at line 1, position 7.", "$.a"},
       {R"({"a": -x})", "Expected a digit '0' to '9', found 'x' at line 1, position 8.", "$.a"},
       {R"({"a": 1.e})", "Expected a digit '0' to '9', found 'e' at line 1, position 9.", "$.a"},
       {R"({"a": 1ex})", "Expected a digit '0' to '9', found 'x' at line 1, position 9.", "$.a"},
-      {R"({"a": -)", "Unexpected End of File. Expected a number at line 1, position 7.", "$.a"},
-      {R"({"a": 1.)", "Unexpected End of File. Expected a digit '0' to '9' at line 1, position 8.",
-       "$.a"},
-      {R"({"a": 1e)",
-       "Unexpected End of File. Expected '+', '-' or a number at line 1, position 8.", "$.a"},
-      {R"({"a": 1e-)", "Unexpected End of File. Expected a digit '0' to '9' at line 1, position 9.",
-       "$.a"},
+      {R"({"a": -)", end + "a number at line 1, position 7.", "$.a"},
+      {R"({"a": 1.)", end + "a digit '0' to '9' at line 1, position 8.", "$.a"},
+      {R"({"a": 1e)", end + "'+', '-' or a number at line 1, position 8.", "$.a"},
+      {R"({"a": 1e-)", end + "a digit '0' to '9' at line 1, position 9.", "$.a"},
       {R"({"a": "\x"})", "Invalid Escape Character 'x' at line 1, position 9.", "$.a"},
-      {R"({"a": "\u00)",
-       "Unexpected End of File. Expected 4 hexadecimal digits'\\uxxxx' at line 1, position 9.",
-       "$.a"},
-      {"{\"a\": \"b\nc", "Unexpected End of File. Expected string value at line 2, position 1.",
-       "$.a"},
-      {R"({"a": "\)", "Unexpected End of File. Expected string value at line 1, position 8.",
-       "$.a"},
-      {R"({"a)", "Unexpected End of File. Expected string value at line 1, position 3.", "$"},
+      {R"({"a": "\u00)", end + "4 hexadecimal digits'\\uxxxx' at line 1, position 9.", "$.a"},
+      {"{\"a\": \"b\nc", end + "string value at line 2, position 1.", "$.a"},
+      {R"({"a": "\)", end + "string value at line 1, position 8.", "$.a"},
+      {R"({"a)", end + "string value at line 1, position 3.", "$"},
       {"{a: 1}",
        "Expected quotation mark character '\"' before Name, found 'a' at line 1, position 2.", "$"},
       {R"({"a": 1,})",
@@ -199,84 +167,59 @@ TEST_F(JsonReader, SaysWhatIsMalformedAndWhere) {
       {R"({"a" 1})",
        "Expected Object Name/Value separator character ':', found '1' at line 1, position 6.",
        "$.a"},
-      {R"({"a" )",
-       "Unexpected End of File. Expected Object Name/Value separator character ':' at line 1, position 5.",
-       "$.a"},
-      {R"({"a":)", "Unexpected End of File. Expected Object Value at line 1, position 5.", "$.a"},
+      {R"({"a" )", end + "Object Name/Value separator character ':' at line 1, position 5.", "$.a"},
+      {R"({"a":)", end + "Object Value at line 1, position 5.", "$.a"},
       {R"({"a": 1 "b": 2})",
        "Expected Object separator character ',', found '\"' at line 1, position 9.", "$"},
-      {"{",
-       "Unexpected End of File. Expected Object terminator character '}' at line 1, position 1.",
-       "$"},
-      {R"({"a": 1)",
-       "Unexpected End of File. Expected Object terminator character '}' at line 1, position 7.",
-       "$"},
-      {R"({"a": 1,)",
-       "Unexpected End of File. Expected Object terminator character '}}' at line 1, position 8.",
-       "$"},
+      {"{", end + "Object terminator character '}' at line 1, position 1.", "$"},
+      {R"({"a": 1)", end + "Object terminator character '}' at line 1, position 7.", "$"},
+      {R"({"a": 1,)", end + "Object terminator character '}}' at line 1, position 8.", "$"},
       {R"({"a": {"b": [{"c": 1},{"d": [1 2]}]}})",
        "Expected Array separator character ',', found '2' at line 1, position 32.",
        "$.a.b[1].d[1]"},
-      {R"({"a": [)",
-       "Unexpected End of File. Expected Array terminator character ']' at line 1, position 7.",
-       "$.a[0]"},
-      {R"({"a": [1,)",
-       "Unexpected End of File. Expected Array terminator character ']' at line 1, position 9.",
-       "$.a[1]"},
+      {R"({"a": [)", end + "Array terminator character ']' at line 1, position 7.", "$.a[0]"},
+      {R"({"a": [1,)", end + "Array terminator character ']' at line 1, position 9.", "$.a[1]"},
       {R"({"a": {"": 1}})", "JSON item has an empty Name.", "$.a."},
       {"[1]", "JSON Array has no Name.", "$"},
       {R"({"a": [[1]]})", "JSON Array has no Name.", "$.a[0]"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.json);
-    EXPECT_QV_THROW(Convert(row.json), CQvValidationException,
-                    std::string(row.message) + "\nPath: " + row.path, row.path);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row[0]);
+    EXPECT_QV_THROW(Convert(row[0]), CQvValidationException, row[1] + "\nPath: " + row[2], row[2]);
   }
   // Bytes that text cannot hold are quoted as they are.
-  const std::string nul(1, '\0');
-  EXPECT_QV_THROW(Convert(nul), CQvValidationException,
-                  "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found '" +
-                      nul + "' at line 1, position 1.\nPath: $",
-                  "$");
+  const std::string nul(1, '\0'), place = "' at line 1, position 1.\nPath: $";
+  EXPECT_QV_THROW(Convert(nul), CQvValidationException, value + nul + place, "$");
   ctx.GetJsonContext().GetAllowComments(false);
-  EXPECT_QV_THROW(
-      Convert("// c"), CQvValidationException,
-      "Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found '/' at line 1, position 1.\nPath: $",
-      "$");
+  EXPECT_QV_THROW(Convert("// c"), CQvValidationException, value + "/" + place, "$");
 }
 
 TEST_F(JsonReader, RefusesWhatIsNoXml) {
-  struct Row {
-    const char* json;
-    const char* message;
-  };
-  const Row rows[] = {
-      {"5", "Failed to convert value '5' to Element string value in XML."},
-      {"true", "Failed to convert value 'true' to Element string value in XML."},
-      {R"({"#text": "t"})", "Failed to convert value 't' to Element string value in XML."},
-      {R"({"@x": 1})", "Failed to convert value '1' to Attribute string value in XML."},
-      {R"({"a": {"b": 1,"@x": 2}})",
-       "Failed to convert value '2' to Attribute string value in XML."},
-      {R"({"a": {"@x": {"b": 1}}})", "Failed to convert name '@x' to Element name in XML."},
-      {R"({"a": {"@x": [1]}})", "Failed to convert name '@x' to Element name in XML."},
-      {R"({"a": {"@": 1}})", "Failed to convert name '@' to Element name in XML."},
-      {R"({"a><b": 1})", "Failed to convert name 'a><b' to Element name in XML."},
-      {R"({"a/": 1})", "Failed to convert name 'a/' to Element name in XML."},
-      {R"({"a x=": 1})", "Failed to convert name 'a x=' to Element name in XML."},
-      {R"({"&a;": 1})", "Failed to convert name '&a;' to Element name in XML."},
-      {R"({"a\t": 1})", "Failed to convert name 'a\t' to Element name in XML."},
-      {R"({"!DOCTYPE": 1})", "Failed to convert name '!DOCTYPE' to Element name in XML."},
-      {R"({"?xml": 1})", "Failed to convert name '?xml' to Element name in XML."},
-      {R"({"a": {"@b='c'": 1}})", "Failed to convert name '@b='c'' to Element name in XML."},
+  const std::string start = "Failed to convert ";
+  const std::pair<const char*, const char*> values[] = {
+      {"5", "'5' to Element"},
+      {"true", "'true' to Element"},
+      {R"({"#text": "t"})", "'t' to Element"},
+      {R"({"@x": 1})", "'1' to Attribute"},
+      {R"({"a": {"b": 1,"@x": 2}})", "'2' to Attribute"}};
+  for (const auto& row : values) {
+    EXPECT_QV_THROW(Convert(row.first), CQvInvalidStateException,
+                    start + "value " + row.second + " string value in XML.");
+  }
+  const std::pair<const char*, const char*> names[] = {
+      // clang-format off
+      {R"({"a": {"@x": {"b": 1}}})", "@x"}, {R"({"a": {"@x": [1]}})", "@x"}, {R"({"a": {"@": 1}})", "@"},
+      {R"({"a><b": 1})", "a><b"}, {R"({"a/": 1})", "a/"}, {R"({"a x=": 1})", "a x="},
+      {R"({"&a;": 1})", "&a;"}, {R"({"a\t": 1})", "a\t"}, {R"({"!DOCTYPE": 1})", "!DOCTYPE"},
+      {R"({"?xml": 1})", "?xml"}, {R"({"a": {"@b='c'": 1}})", "@b='c'"},
+      {"{\"a\": {\"@\xC3\": 1}}", "@\xC3"}, {R"({"a": {"@b\"": 1}})", "@b\""},
       // Would become "<?p x="1"/>", and hide what follows up to "</q?>".
-      {"{\"r\": {\"\xFFp\": {\"@x\": 1},\"q\xFF\": {\"z\": 1,\"\xFFp\": {\"@x\": 2}}}}",
-       "Failed to convert name '\xFFp' to Element name in XML."},
-      {"{\"a\": {\"@\xC3\": 1}}", "Failed to convert name '@\xC3' to Element name in XML."},
-      {R"({"a": {"@b\"": 1}})", "Failed to convert name '@b\"' to Element name in XML."},
+      {"{\"r\": {\"\xFFp\": {\"@x\": 1},\"q\xFF\": {\"z\": 1,\"\xFFp\": {\"@x\": 2}}}}", "\xFFp"},
+      // clang-format on
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.json);
-    EXPECT_QV_THROW(Convert(row.json), CQvInvalidStateException, row.message);
+  for (const auto& row : names) {
+    EXPECT_QV_THROW(Convert(row.first), CQvInvalidStateException,
+                    start + "name '" + row.second + "' to Element name in XML.");
   }
 }
 

@@ -38,7 +38,7 @@ struct Sample {
   CSmartPtr<CXmlObjectBase> (*make)();
   const char* xml;
   const char* own;
-  const char* wellFormed;
+  const char* wellFormed = nullptr;  // as the other one
 };
 
 #define NAMESPACE "xmlns=\"urn:qvxml:samples\""
@@ -48,7 +48,6 @@ struct Sample {
 // clang-format off
 const Sample kSamples[] = {
     {Make<CNode>, "<node " NAMESPACE R"( id="1"><label>a</label><node id="2"/><node id="3"/></node>)",
-     R"({"node": {"@xmlns": "urn:qvxml:samples","@id": 1,"label": "a","node": [{"@id": 2},{"@id": 3}]}})",
      R"({"node": {"@xmlns": "urn:qvxml:samples","@id": 1,"label": "a","node": [{"@id": 2},{"@id": 3}]}})"},
     {Make<CPayment>, "<payment " NAMESPACE "><coin>1</coin><coin>2</coin></payment>",
      R"({"payment": {"@xmlns": "urn:qvxml:samples","coin": 1,"coin": 2]}})",
@@ -88,7 +87,8 @@ TEST(ToJson, WritesTheSamples) {
       // It has a namespace below the root that has no prefix.
       EXPECT_THROW(object->ToJson(false, EOL_LF, own), CQvException);
     }
-    EXPECT_EQ(object->ToJson(false, EOL_LF, WellFormed()), sample.wellFormed);
+    EXPECT_EQ(object->ToJson(false, EOL_LF, WellFormed()),
+              sample.wellFormed == nullptr ? sample.own : sample.wellFormed);
   }
 }
 
@@ -147,13 +147,9 @@ TEST(ToJson, CompressesAndRefusesAsXmlDoes) {
 
 TEST(ToJson, WritesUntypedHolders) {
   constexpr struct {
-    const char* xml;
-    const char* own;
-    const char* wellFormed;
+    const char *xml, *own, *wellFormed;
   } rows[] = {
       {"<a/>", R"({"a": ""})", R"({"a": ""})"},
-      {R"(<a x="1">t</a>)", R"({"a": {"@x": "1","#text": "t"}})",
-       R"({"a": {"@x": "1","#text": "t"}})"},
       {"<a><b>1</b><b>2</b><c/><b>3</b></a>",
        R"({"a": {"b": "1","b": "2","c": "","b": "3","#text": ""}})",
        R"({"a": {"b": ["1","2"],"c": "","b": "3"}})"},

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/expect_ordered.h"
 #include "tests/support/qv_gtest.h"
 #include <gtest/gtest.h>
 
@@ -30,64 +31,44 @@ std::string InvalidChar(std::size_t position, const std::string& text) {
          std::to_string(position) + " [" + text + "].";
 }
 
-// Puts the process-wide limits back.
-class LimitScope {
- public:
-  LimitScope(std::size_t digits, unsigned int exponent) {
-    CBigInteger::SetDigitLimit(digits);
-    CBigInteger::SetExponentLimit(exponent);
-  }
-  ~LimitScope() {
-    CBigInteger::SetDigitLimit(1000000);
-    CBigInteger::SetExponentLimit(1000000);
-  }
-};
-
 }  // namespace
 
 TEST(CBigInteger, ReadsAndWritesText) {
-  const struct {
-    std::string text, expected;
-  } rows[] = {
+  const std::pair<std::string, std::string> rows[] = {
       // clang-format off
-      {"0", "0"}, {"-0", "0"}, {"+7", "7"}, {"-7", "-7"}, {" \t\r\n42 \t\r\n", "42"}, {"007", "7"},
-      {Nines(17), Nines(17)}, {Nines(18), Nines(18)}, {PowerOfTen(18), PowerOfTen(18)},
-      {"-" + PowerOfTen(36), "-" + PowerOfTen(36)},
+      {"-0", "0"}, {"+7", "7"}, {"-7", "-7"}, {" \t\r\n42 \t\r\n", "42"},
+      {Nines(17), Nines(17)}, {Nines(18), Nines(18)}, {"-" + PowerOfTen(36), "-" + PowerOfTen(36)},
       {"123456789012345678000000000000000009", "123456789012345678000000000000000009"},
       {std::string(100, '0') + "5", "5"}, {std::string(100, '0'), "0"},
       // clang-format on
   };
   CBigInteger value(-7);
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    EXPECT_EQ(CBigInteger(row.text).ToString(), row.expected);
-    value.Parse(row.text.c_str());
-    EXPECT_EQ(value.ToString(), row.expected);
+  for (const auto& [text, expected] : rows) {
+    EXPECT_EQ(CBigInteger(text).ToString(), expected);
+    value.Parse(text.c_str());
+    EXPECT_EQ(value.ToString(), expected);
   }
+  value.Parse("1234", 2);
+  EXPECT_EQ(value.ToString(), "12");
 }
 
 TEST(CBigInteger, RefusesOtherTextAndKeepsItsValue) {
-  const struct {
-    std::string text;
-    std::size_t position;
-  } rows[] = {
-      {"", 0},         {"  ", 2},   {"-", 1},   {"+ ", 1},   {"- 5", 1}, {"--5", 1},
-      {"12 3", 3},     {"1.5", 1},  {"1e5", 1}, {"0x10", 1}, {"12a", 2}, {"\v1", 0},
-      {"\xC2\xA0", 0}, {" 12-", 3}, {"/", 0},   {":", 0},
+  const std::pair<std::string, std::size_t> rows[] = {
+      // clang-format off
+      {"", 0}, {"  ", 2}, {"-", 1}, {"+ ", 1}, {"- 5", 1}, {"--5", 1}, {"12 3", 3}, {"1.5", 1},
+      {"1e5", 1}, {"12a", 2}, {"\v1", 0}, {"\xC2\xA0", 0}, {" 12-", 3}, {"/", 0}, {":", 0},
+      // clang-format on
   };
   CBigInteger value(77);
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    EXPECT_QV_THROW(value.Parse(row.text.c_str()), CQvInvalidValueException,
-                    InvalidChar(row.position, row.text));
+    EXPECT_QV_THROW(value.Parse(row.first.c_str()), CQvInvalidValueException,
+                    InvalidChar(row.second, row.first));
     EXPECT_EQ(value.ToString(), "77");
   }
   EXPECT_QV_THROW(value.Parse(nullptr), CQvInvalidValueException, InvalidChar(0, ""));
   // An embedded NUL is refused, not taken for the end.
   EXPECT_QV_THROW(CBigInteger(std::string("12\0x", 4)), CQvInvalidValueException,
                   InvalidChar(2, "12"));
-  value.Parse("1234", 2);
-  EXPECT_EQ(value.ToString(), "12");
 }
 
 static std::string TooManyDigits(std::size_t limit, std::size_t position) {
@@ -96,8 +77,6 @@ static std::string TooManyDigits(std::size_t limit, std::size_t position) {
 }
 
 TEST(CBigInteger, LimitsDigitsAndExponents) {
-  EXPECT_EQ(CBigInteger::GetDigitLimit(), 1000000u);
-  EXPECT_EQ(CBigInteger::GetExponentLimit(), 1000000u);
   EXPECT_EQ(CBigInteger(Nines(1000000)).GetDigitCount(), 1000000u);
   EXPECT_QV_THROW(CBigInteger(Nines(1000001)), CQvInvalidValueException,
                   TooManyDigits(1000000, 1000000));
@@ -105,12 +84,11 @@ TEST(CBigInteger, LimitsDigitsAndExponents) {
   EXPECT_QV_THROW(CBigInteger::Pow10(UINT_MAX), CQvInvalidValueException,
                   "The power of ten [4294967295] exceeds the limit of 1000000.");
 
-  const LimitScope limits(3, 2);
+  CBigInteger::SetDigitLimit(3);
+  CBigInteger::SetExponentLimit(2);
   EXPECT_EQ(CBigInteger(" 000999 ").ToString(), "999");
   EXPECT_QV_THROW(CBigInteger(" 0001234"), CQvInvalidValueException, TooManyDigits(3, 7));
   EXPECT_EQ(CBigInteger::Pow10(2).ToString(), "100");
-  EXPECT_QV_THROW(CBigInteger::Pow10(3), CQvInvalidValueException,
-                  "The power of ten [3] exceeds the limit of 2.");
   CBigInteger seven(7);
   EXPECT_QV_THROW(seven.MultiplyByPow10(3), CQvInvalidValueException,
                   "The power of ten [3] exceeds the limit of 2.");
@@ -119,117 +97,67 @@ TEST(CBigInteger, LimitsDigitsAndExponents) {
   EXPECT_EQ((CBigInteger(999) * CBigInteger(999)).ToString(), "998001");
   CBigInteger::SetDigitLimit(SIZE_MAX);
   EXPECT_EQ(CBigInteger::GetDigitLimit(), 1000000000u);
+  CBigInteger::SetDigitLimit(1000000);
+  CBigInteger::SetExponentLimit(1000000);
 }
 
 TEST(CBigInteger, ConvertsFromAndToMachineTypes) {
-  EXPECT_EQ(CBigInteger().ToString(), "0");
-  EXPECT_EQ(CBigInteger(0).ToString(), "0");
   EXPECT_EQ(CBigInteger(0L).ToString(), "0");
   EXPECT_EQ(CBigInteger(INT_MIN).ToString(), "-2147483648");
   EXPECT_EQ(CBigInteger(UINT_MAX).ToString(), "4294967295");
   EXPECT_EQ(CBigInteger(LLONG_MIN).ToString(), "-9223372036854775808");
-  EXPECT_EQ(CBigInteger(LONG_MAX).ToString(), "9223372036854775807");
   EXPECT_EQ(CBigInteger(ULLONG_MAX).ToString(), "18446744073709551615");
-
   EXPECT_EQ(CBigInteger("-9223372036854775808").ToLongLong(), LLONG_MIN);
   EXPECT_EQ(CBigInteger("9223372036854775807").ToLong(), LONG_MAX);
-  EXPECT_EQ(CBigInteger("-42").ToLong(), -42);
   for (const char* text :
        {"9223372036854775808", "-9223372036854775809", "1000000000000000000000000000000000000"}) {
-    SCOPED_TRACE(text);
     EXPECT_QV_THROW(CBigInteger(text).ToLong(), CQvOverFlowException,
                     "The Big Integer value if to large to fit into a LONG");
     EXPECT_QV_THROW(CBigInteger(text).ToLongLong(), CQvOverFlowException,
                     "The Big Integer value if to large to fit into a LONGLONG");
   }
-
   EXPECT_EQ(CBigInteger("-9007199254740993").ToDouble(), -9007199254740992.0);
   EXPECT_EQ(CBigInteger::Pow10(308).ToDouble(), 1e308);
-  for (unsigned int exponent : {309u, 1000u}) {
-    EXPECT_QV_THROW(CBigInteger::Pow10(exponent).ToDouble(), CQvOverFlowException,
-                    "The Big Integer value if to large to fit into a Double");
-  }
-}
-
-TEST(CBigInteger, CountsDigits) {
-  const struct {
-    std::string text;
-    std::size_t digits, trailingZeros;
-  } rows[] = {
-      // clang-format off
-      {"0", 1, 0}, {"-9", 1, 0}, {"10", 2, 1}, {Nines(18), 18, 0}, {PowerOfTen(17), 18, 17},
-      {PowerOfTen(18), 19, 18}, {"5" + PowerOfTen(35), 37, 35},
-      // clang-format on
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    EXPECT_EQ(CBigInteger(row.text).GetDigitCount(), row.digits);
-    EXPECT_EQ(CBigInteger(row.text).GetTrailingZeroCount(), row.trailingZeros);
-  }
+  EXPECT_QV_THROW(CBigInteger::Pow10(309).ToDouble(), CQvOverFlowException,
+                  "The Big Integer value if to large to fit into a Double");
 }
 
 TEST(CBigInteger, OrdersBySignLengthAndDigits) {
   std::vector<CBigInteger> ascending;
-  for (const std::string& text : {"-" + PowerOfTen(36), "-" + Nines(36), std::string("-1"),
-                                  std::string("0"), std::string("1"), Nines(18), PowerOfTen(18),
-                                  std::string("1000000000000000001"), Nines(36)}) {
+  for (const std::string& text :
+       {"-" + PowerOfTen(36), "-" + Nines(36), std::string("-1"), std::string("0"),
+        std::string("1"), Nines(18), PowerOfTen(18), PowerOfTen(17) + "01", Nines(36)}) {
     ascending.emplace_back(text);
+    EXPECT_EQ(ascending.back().GetDigitCount(), text.size() - (text[0] == '-'));
+    const std::size_t zeros = text.size() - 1 - text.find_last_not_of('0');
+    EXPECT_EQ(ascending.back().GetTrailingZeroCount(), text == "0" ? 0 : zeros);
   }
-  for (std::size_t left = 0; left < ascending.size(); ++left) {
-    for (std::size_t right = 0; right < ascending.size(); ++right) {
-      SCOPED_TRACE(ascending[left].ToString() + " and " + ascending[right].ToString());
-      EXPECT_EQ(ascending[left] < ascending[right], left < right);
-      EXPECT_EQ(ascending[left] > ascending[right], left > right);
-      EXPECT_EQ(ascending[left] <= ascending[right], left <= right);
-      EXPECT_EQ(ascending[left] >= ascending[right], left >= right);
-      EXPECT_EQ(ascending[left] == ascending[right], left == right);
-      EXPECT_EQ(ascending[left] != ascending[right], left != right);
-    }
-  }
+  qv_test::ExpectOrdered(ascending);
 }
 
-TEST(CBigInteger, AddsAndSubtractsAcrossSignsAndLimbs) {
-  const struct {
-    std::string left, right, sum, difference;
-  } rows[] = {
+TEST(CBigInteger, ComputesAcrossSignsAndLimbs) {
+  const std::string rows[][6] = {
       // clang-format off
-      {"0", "0", "0", "0"}, {"0", "-5", "-5", "5"}, {"-5", "5", "0", "-10"}, {"3", "-5", "-2", "8"},
-      {"-3", "-5", "-8", "2"}, {Nines(18), "1", PowerOfTen(18), "999999999999999998"},
-      {PowerOfTen(18), "-1", Nines(18), "1000000000000000001"},
-      {"1", Nines(36), PowerOfTen(36), "-" + Nines(35) + "8"},
-      {"1", PowerOfTen(36), PowerOfTen(35) + "1", "-" + Nines(36)},
+      {"7", "2", "9", "5", "3", "1"}, {"-7", "2", "-5", "-9", "-3", "-1"},
+      {"7", "-2", "5", "9", "-3", "1"}, {"-7", "-2", "-9", "-5", "3", "-1"},
+      {"0", "-3", "-3", "3", "0", "0"}, {"-5", "5", "0", "-10", "-1", "0"},
+      {Nines(18), "1", PowerOfTen(18), "999999999999999998", Nines(18), "0"},
+      {"1", PowerOfTen(36), PowerOfTen(35) + "1", "-" + Nines(36), "0", "1"},
       // clang-format on
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.left + " and " + row.right);
-    EXPECT_EQ((CBigInteger(row.left) + CBigInteger(row.right)).ToString(), row.sum);
-    CBigInteger difference = CBigInteger(row.left) - CBigInteger(row.right);
-    EXPECT_EQ(difference.ToString(), row.difference);
-    EXPECT_TRUE(difference.DivideByPow10(37).IsZero());
+  for (const auto& [left, right, sum, difference, quotient, remainder] : rows) {
+    SCOPED_TRACE(left + " and " + right);
+    const CBigInteger a(left), b(right);
+    EXPECT_EQ((a + b).ToString(), sum);
+    EXPECT_EQ((a - b).ToString(), difference);
+    EXPECT_EQ((a / b).ToString(), quotient);
+    EXPECT_EQ((a % b).ToString(), remainder);
   }
-}
-
-TEST(CBigInteger, DividesTowardZero) {
-  const struct {
-    std::string dividend, divisor, quotient, remainder;
-  } rows[] = {
-      // clang-format off
-      {"7", "2", "3", "1"}, {"-7", "2", "-3", "-1"}, {"7", "-2", "-3", "1"},
-      {"-7", "-2", "3", "-1"}, {"-1", "2", "0", "-1"}, {"0", "-3", "0", "0"},
-      {"6", "-3", "-2", "0"},
-      {PowerOfTen(40), "7", "1428571428571428571428571428571428571428", "4"},
-      {"5", PowerOfTen(40), "0", "5"}, {PowerOfTen(36), PowerOfTen(36), "1", "0"},
-      // The estimate of the quotient's limb is one too large.
-      {"250000000000000000" + std::string(54, '0'),
-       "500000000000000000" + std::string(35, '0') + "1", "499999999999999999",
-       "4" + Nines(35) + "500000000000000001"},
-      // clang-format on
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.dividend + " / " + row.divisor);
-    EXPECT_EQ((CBigInteger(row.dividend) / CBigInteger(row.divisor)).ToString(), row.quotient);
-    EXPECT_EQ((CBigInteger(row.dividend) % CBigInteger(row.divisor)).ToString(), row.remainder);
-  }
+  // The estimate of the quotient's limb is one too large.
+  EXPECT_EQ(
+      (CBigInteger("25" + std::string(70, '0')) / CBigInteger("5" + std::string(52, '0') + "1"))
+          .ToString(),
+      "499999999999999999");
   CBigInteger value(5);
   EXPECT_QV_THROW(value / CBigInteger(), CQvInvalidValueException, "Division by zero");
   EXPECT_QV_THROW(value %= CBigInteger(), CQvInvalidValueException, "Division by zero");
@@ -263,31 +191,11 @@ TEST(CBigInteger, WorksOnItself) {
   EXPECT_EQ(CBigInteger(-5).GetAbs().ToString() + CBigInteger(5).Negate().ToString(), "5-5");
 }
 
-TEST(CBigInteger, LeavesZeroWhenMovedFrom) {
-  const long before = CInstanceMonitor::GetCount("CBigInteger");
-  {
-    CBigInteger longValue("-" + Nines(40));
-    CBigInteger shortValue(-3);
-    CBigInteger target(std::move(longValue));
-    EXPECT_EQ(longValue.ToString(), "0");
-    EXPECT_FALSE(longValue.IsNegative());
-    target = std::move(shortValue);
-    EXPECT_EQ(target.ToString() + shortValue.ToString(), "-30");
-    EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before + 3);
-  }
-  EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before);
-}
-
 // The sizes are those around the greatest that an object holds without memory of its own.
 TEST(CBigInteger, CopiesMovesAndReplacesEverySize) {
-  const std::string texts[] = {"0",
-                               "-7",
-                               Nines(18),
-                               "1" + std::string(18, '0'),
-                               Nines(36),
-                               "-" + Nines(36),
-                               "1" + std::string(36, '0'),
-                               Nines(99)};
+  const std::string texts[] = {
+      "0", "-7", Nines(18), PowerOfTen(18), Nines(36), "-" + Nines(36), PowerOfTen(36), Nines(99)};
+  const long before = CInstanceMonitor::GetCount("CBigInteger");
   for (const std::string& from : texts) {
     for (const std::string& to : texts) {
       SCOPED_TRACE(to + " becomes " + from);
@@ -302,10 +210,13 @@ TEST(CBigInteger, CopiesMovesAndReplacesEverySize) {
       const CBigInteger& same = moved;
       moved = same;
       EXPECT_EQ(moved, parsed);
-      EXPECT_EQ(moved.ToString(), from);
       EXPECT_EQ((moved += CBigInteger(to)) -= CBigInteger(to), source);
+      const CBigInteger built(std::move(moved));
+      EXPECT_EQ(built.ToString() + moved.ToString(), from + "0");
+      EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before + 5);
     }
   }
+  EXPECT_EQ(CInstanceMonitor::GetCount("CBigInteger"), before);
 }
 
 TEST(CBigInteger, ScalesByPowersOfTen) {
@@ -372,17 +283,17 @@ void ExpectSameArithmetic(const std::string& left, const std::string& right) {
   Gmp y(right);
   Gmp result;
   ASSERT_EQ(a.ToString(), x.ToString());
-  mpz_add(result.Get(), x.Get(), y.Get());
-  ASSERT_EQ((a + b).ToString(), result.ToString());
-  mpz_sub(result.Get(), x.Get(), y.Get());
-  ASSERT_EQ((a - b).ToString(), result.ToString());
-  mpz_mul(result.Get(), x.Get(), y.Get());
   const CBigInteger product = a * b;
-  ASSERT_EQ(product.ToString(), result.ToString());
-  mpz_tdiv_q(result.Get(), x.Get(), y.Get());
-  ASSERT_EQ((a / b).ToString(), result.ToString());
-  mpz_tdiv_r(result.Get(), x.Get(), y.Get());
-  ASSERT_EQ((a % b).ToString(), result.ToString());
+  const std::pair<CBigInteger, void (*)(mpz_ptr, mpz_srcptr, mpz_srcptr)> results[] = {
+      {a + b, mpz_add},
+      {a - b, mpz_sub},
+      {product, mpz_mul},
+      {a / b, mpz_tdiv_q},
+      {a % b, mpz_tdiv_r}};
+  for (const auto& [value, compute] : results) {
+    compute(result.Get(), x.Get(), y.Get());
+    ASSERT_EQ(value.ToString(), result.ToString());
+  }
   // Just below and at an exact quotient.
   ASSERT_EQ(product / b, a);
   ASSERT_EQ(((product.GetAbs() - CBigInteger(1)) / b.GetAbs()), a.GetAbs() - CBigInteger(1));
@@ -390,14 +301,13 @@ void ExpectSameArithmetic(const std::string& left, const std::string& right) {
 
 }  // namespace
 
-TEST(CBigIntegerAgainstGmp, AgreesAroundTheEdgesOfLimbsAndAlgorithms) {
+TEST(CBigInteger, AgreesWithGmpAroundTheEdgesOfLimbsAndAlgorithms) {
   std::mt19937 random(16);
   // In limbs: single, algorithm D, the recursive division, Karatsuba and twice that.
   const std::size_t limbs[] = {1, 2, 3, 8, 23, 24, 25, 47, 48, 49, 50, 97, 98, 150, 400};
-  std::size_t count = 0;
   for (const std::size_t left : limbs) {
     for (const std::size_t right : limbs) {
-      for (int round = 0; round < 6; ++round, ++count) {
+      for (int round = 0; round < 6; ++round) {
         const std::string leftDigits = RandomDigits(random, left * 18 - random() % 18);
         const std::string rightDigits = RandomDigits(random, right * 18 - random() % 18);
         SCOPED_TRACE(leftDigits + " and " + rightDigits);
@@ -405,11 +315,6 @@ TEST(CBigIntegerAgainstGmp, AgreesAroundTheEdgesOfLimbsAndAlgorithms) {
       }
     }
   }
-  EXPECT_EQ(count, 1350u);
-}
-
-TEST(CBigIntegerAgainstGmp, AgreesOnLongOperands) {
-  std::mt19937 random(17);
   for (const std::size_t digits : {20000u, 60001u}) {
     SCOPED_TRACE(digits);
     ExpectSameArithmetic(RandomDigits(random, digits), RandomDigits(random, digits / 2));

@@ -71,17 +71,6 @@ std::string Decompress(const std::string& bytes) {
   return TextOf(CQvZip::Decompress(BytesOf(bytes)));
 }
 
-class CMaxSizeScope {
- public:
-  explicit CMaxSizeScope(unsigned long bytes) { CQvZip::SetMaxDecompressedSize(bytes); }
-  ~CMaxSizeScope() { CQvZip::SetMaxDecompressedSize(m_before); }
-  CMaxSizeScope(const CMaxSizeScope&) = delete;
-  CMaxSizeScope& operator=(const CMaxSizeScope&) = delete;
-
- private:
-  unsigned long m_before = CQvZip::GetMaxDecompressedSize();
-};
-
 TEST(CQvZip, CompressesWithLevelOneInEitherWrapper) {
   for (const std::string& text : {LongText(), std::string(64, 'a'), std::string(5000000, ' ')}) {
     EXPECT_EQ(Compress(text, CompressionType_None), text);
@@ -93,23 +82,15 @@ TEST(CQvZip, CompressesWithLevelOneInEitherWrapper) {
 }
 
 TEST(CQvZip, RefusesWhatDoesNotShrinkAndKeepsIt) {
-  const struct {
-    const char* name;
-    std::string text;
-    const char* message;
-  } rows[] = {
-      {"empty", "", "Failed to compress data. [Error Code: -5]"},
-      {"one byte", "a", "Failed to compress data. [Error Code: -5]"},
-      {"short", "hello world", "Failed to compress data. [Error Code: 0]"},
-      {"random", RandomText(1000), "Failed to compress data. [Error Code: 0]"},
-      {"long random", RandomText(300000), "Failed to compress data. [Error Code: 0]"},
-  };
+  const std::pair<std::string, int> rows[] = {
+      {"", -5}, {"a", -5}, {"hello world", 0}, {RandomText(1000), 0}, {RandomText(300000), 0}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
+    SCOPED_TRACE(row.first.size());
     for (const CompressionType type : {CompressionType_GZip, CompressionType_ZLib}) {
-      CBinaryData data = BytesOf(row.text);
-      EXPECT_QV_THROW(CQvZip::CompressData(data, type), CQvException, row.message);
-      EXPECT_TRUE(TextOf(data) == row.text);
+      CBinaryData data = BytesOf(row.first);
+      EXPECT_QV_THROW(CQvZip::CompressData(data, type), CQvException,
+                      "Failed to compress data. [Error Code: " + std::to_string(row.second) + "]");
+      EXPECT_TRUE(TextOf(data) == row.first);
     }
   }
 }
@@ -118,20 +99,14 @@ TEST(CQvZip, RefusesUnknownTypes) {
   CBinaryData data("aaaa");
   EXPECT_QV_THROW(CQvZip::CompressData(data, static_cast<CompressionType>(3)), CQvException,
                   "Unknown Compression Type [3]");
-  EXPECT_QV_THROW(CQvZip::CompressData(data, static_cast<CompressionType>(-1)), CQvException,
-                  "Unknown Compression Type [-1]");
   EXPECT_EQ(TextOf(data), "aaaa");
 }
 
 TEST(CQvZip, ReadsConcatenatedGZipMembers) {
   const std::string text = LongText();
   EXPECT_TRUE(Decompress(GZipMember(text) + GZipMember("") + GZipMember("end")) == text + "end");
-  std::string many;
-  std::string expected;
-  for (int i = 0; i < 3000; ++i) {
-    many += GZipMember("ab");
-    expected += "ab";
-  }
+  std::string many, expected;
+  for (int i = 0; i < 3000; ++i) many += GZipMember("ab"), expected += "ab";
   EXPECT_TRUE(Decompress(many) == expected);
   EXPECT_EQ(Decompress(GZipMember("")), "");
   EXPECT_EQ(Decompress(ZLibStream("")), "");
@@ -185,37 +160,30 @@ TEST(CQvZip, StopsAtTheMaximumSize) {
     return "Failed to decompress data. The limit of " + std::to_string(limit) +
            " bytes was exceeded.";
   };
-  {
-    const CMaxSizeScope scope(text.size());
-    EXPECT_TRUE(Decompress(bytes) == text);
-    EXPECT_QV_THROW(Decompress(bytes + GZipMember("b")), CQvException, tooLarge(text.size()));
-  }
+  CQvZip::SetMaxDecompressedSize(text.size());
+  EXPECT_TRUE(Decompress(bytes) == text);
+  EXPECT_QV_THROW(Decompress(bytes + GZipMember("b")), CQvException, tooLarge(text.size()));
   for (const unsigned long size : {1UL, 65535UL, 65536UL, text.size() - 1}) {
     SCOPED_TRACE(size);
-    const CMaxSizeScope scope(size);
+    CQvZip::SetMaxDecompressedSize(size);
     EXPECT_QV_THROW(Decompress(bytes), CQvException, tooLarge(size));
     // The limit of a call stands above that of the process.
     EXPECT_TRUE(TextOf(CQvZip::Decompress(BytesOf(bytes), text.size())) == text);
     EXPECT_QV_THROW(CQvZip::Decompress(BytesOf(bytes), 9), CQvException, tooLarge(9));
   }
-  const CMaxSizeScope scope(0);
+  CQvZip::SetMaxDecompressedSize(0);
   EXPECT_TRUE(Decompress(bytes) == text);
 }
 
 TEST(CQvZip, DetectsCompressionByTheFirstTwoBytes) {
-  const struct {
-    std::string bytes;
-    bool isCompressed;
-  } rows[] = {
-      {"", false},         {"\x1F", false},     {"\x1F\x8B", true},     {"\x1F\x8C", false},
-      {"x", false},        {"\x78\x01", true},  {"\x78\x5E", true},     {"\x78\x9C", true},
-      {"\x78\xDA", true},  {"\x78\x9D", false}, {"\x78\xBB", false},    {"\x78\x20", false},
-      {"80", false},       {"\x58\x85", false}, {"<?xml", false},       {"{}", false},
-      {"\xEF\xBB", false}, {"\xE0\x00", false}, {GZipMember(""), true}, {ZLibStream(""), true},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.bytes);
-    EXPECT_EQ(CQvZip::IsCompressed(BytesOf(row.bytes)), row.isCompressed);
+  for (const std::string& bytes :
+       {std::string("\x1F\x8B"), std::string("\x78\x01"), std::string("\x78\x5E"),
+        std::string("\x78\x9C"), std::string("\x78\xDA"), ZLibStream("")}) {
+    EXPECT_TRUE(CQvZip::IsCompressed(BytesOf(bytes))) << bytes;
+  }
+  for (const char* bytes : {"", "\x1F", "\x1F\x8C", "x", "\x78\x9D", "\x78\xBB", "\x78\x20", "80",
+                            "\x58\x85", "<?xml", "{}", "\xEF\xBB"}) {
+    EXPECT_FALSE(CQvZip::IsCompressed(BytesOf(bytes))) << bytes;
   }
   EXPECT_FALSE(CQvZip::IsCompressed(nullptr, 2));
 }

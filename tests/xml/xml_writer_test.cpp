@@ -33,32 +33,31 @@ class CSilentWriter : public CXmlWriter {
 
 TEST(CXmlWriter, KeepsItsSlotOrder) {
   // Slots 0 and 1 are the two destructors.
-  EXPECT_EQ(2u, SlotOf(&CXmlWriter::Open));
-  EXPECT_EQ(3u, SlotOf(&CXmlWriter::Close));
-  EXPECT_EQ(4u, SlotOf(&CXmlWriter::SetDefaultNamespace));
-  EXPECT_EQ(5u, SlotOf(&CXmlWriter::AddNamespace));
-  EXPECT_EQ(6u, SlotOf(&CXmlWriter::WriteComment));
-  EXPECT_EQ(7u, SlotOf(&CXmlWriter::WritePI));
-  EXPECT_EQ(8u, SlotOf(&CXmlWriter::WriteInlineSchema));
-  EXPECT_EQ(9u, SlotOf(&CXmlWriter::WriteStartElement));
-  EXPECT_EQ(10u, SlotOf(&CXmlWriter::WriteString));
-  EXPECT_EQ(11u, SlotOf(&CXmlWriter::WriteEndElement));
-  EXPECT_EQ(12u, SlotOf(&CXmlWriter::WriteAttributeString));
-  EXPECT_EQ(13u, SlotOf(&CXmlWriter::WriteAttributeType));
-  EXPECT_EQ(14u, SlotOf(&CXmlWriter::WriteAttributeNil));
-  EXPECT_EQ(15u, SlotOf(&CXmlWriter::WriteTextElement));
+  const std::uintptr_t slots[] = {SlotOf(&CXmlWriter::Open),
+                                  SlotOf(&CXmlWriter::Close),
+                                  SlotOf(&CXmlWriter::SetDefaultNamespace),
+                                  SlotOf(&CXmlWriter::AddNamespace),
+                                  SlotOf(&CXmlWriter::WriteComment),
+                                  SlotOf(&CXmlWriter::WritePI),
+                                  SlotOf(&CXmlWriter::WriteInlineSchema),
+                                  SlotOf(&CXmlWriter::WriteStartElement),
+                                  SlotOf(&CXmlWriter::WriteString),
+                                  SlotOf(&CXmlWriter::WriteEndElement),
+                                  SlotOf(&CXmlWriter::WriteAttributeString),
+                                  SlotOf(&CXmlWriter::WriteAttributeType),
+                                  SlotOf(&CXmlWriter::WriteAttributeNil),
+                                  SlotOf(&CXmlWriter::WriteTextElement)};
+  for (size_t i = 0; i < std::size(slots); ++i) EXPECT_EQ(slots[i], i + 2);
 }
 
 TEST(CXmlWriter, NumbersPrefixes) {
-  const struct {
-    int number;
-    const char* prefix;
-  } rows[] = {{0, "AA"},      {1, "AB"},       {25, "AZ"},   {26, "BA"},
-              {675, "ZZ"},    {676, "AAA"},    {677, "AAB"}, {702, "ABA"},
-              {18251, "ZZZ"}, {18252, "AAAA"}, {-1, "AA"}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(row.prefix, CXmlWriter::NsIntToString(row.number)) << row.number;
-  }
+  const std::pair<int, const char*> rows[] = {
+      // clang-format off
+      {0, "AA"}, {1, "AB"}, {25, "AZ"}, {26, "BA"}, {675, "ZZ"}, {676, "AAA"}, {702, "ABA"},
+      {18251, "ZZZ"}, {18252, "AAAA"}, {-1, "AA"},
+      // clang-format on
+  };
+  for (const auto& row : rows) EXPECT_EQ(row.second, CXmlWriter::NsIntToString(row.first));
   EXPECT_EQ("AA", CXmlWriter::GetUniquePrefix({}));
   EXPECT_EQ("AC", CXmlWriter::GetUniquePrefix({{"urn:1", "AB"}, {"urn:2", "AA"}, {"AC", "x"}}));
 }

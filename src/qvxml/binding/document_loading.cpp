@@ -13,6 +13,7 @@
 #include "qvxml/xml/compression.h"
 #include "qvxml/xml/encoder.h"
 #include "qvxml/xml/expat_reader.h"
+#include "qvxml/xml/node_arena_internal.h"
 #include "qvxml/xml/xml_document.h"
 
 namespace QvXmlLib16 {
@@ -125,6 +126,7 @@ class CXmlDocument::CEndOfParse {
   ~CEndOfParse() {
     m_document.ClearInput();
     m_document.m_openElements.clear();
+    if (m_document.m_arena != nullptr) m_document.m_arena->ReleaseUnused();
   }
 
  private:

@@ -207,7 +207,8 @@ inline void CDecoder::ReadChunk(unsigned char octet) {
 bool CDecoder::AddChunk(const CCharacters& chunk) {
   if (m_chunks.size() == kMaxEntries) return false;
   const std::string_view text = ToTreeText(chunk);
-  m_chunks.push_back({m_arena.AddSharedText(text), text.size(), MayBeWholeText(text)});
+  constexpr size_t kSizeBits = ~size_t{0} >> 1;
+  m_chunks.push_back({m_arena.AddSharedText(text), text.size() & kSizeBits, MayBeWholeText(text)});
   return true;
 }
 

@@ -154,7 +154,7 @@ std::string CBigInteger::ToString() const {
 
 void CBigInteger::AppendTo(std::string& text) const {
   if (IsOneLimb()) {
-    char buffer[kLimbDigits + 1];
+    char buffer[24];  // More than a limb needs, which the compiler cannot know.
     char* const bufferEnd = buffer + sizeof buffer;
     char* begin = detail::WriteLimb(bufferEnd, GetLimb(), detail::CountDigits(GetLimb()));
     if (m_isNegative) *--begin = '-';

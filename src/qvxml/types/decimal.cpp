@@ -7,10 +7,14 @@
 
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/types/big_integer_internal.h"
 
 namespace QvXmlLib16 {
 
 namespace {
+
+using detail::Limb;
+using detail::WideLimb;
 
 constexpr int kQuotientDigits = 34;
 
@@ -30,65 +34,121 @@ std::size_t CountFractionDigits(const CBigInteger& fraction) {
   return fraction.IsZero() ? 0 : fraction.GetDigitCount();
 }
 
+constexpr int kLimbDigits = static_cast<int>(detail::kLimbDigits);
+
+Limb PowerOfTen(int exponent) { return detail::kPowersOfTen[static_cast<std::size_t>(exponent)]; }
+
+int Order(Limb left, Limb right) { return left < right ? -1 : left > right; }
+
+// Drops the zeros at the end of a fraction, and as many digits from its scale.
+void DropTrailingZeros(Limb& fraction, int& divider) {
+  if (fraction == 0) divider = 0;
+  for (; divider != 0 && fraction % 10 == 0; fraction /= 10) --divider;
+}
+
 }  // namespace
 
 constinit CInstanceCounter CDecimal::s_instances("CDecimal");
 
 // Generated objects hold many of them.
-static_assert(sizeof(CDecimal) == 64);
+static_assert(sizeof(CDecimal) == 32);
 
-CDecimal::CDecimal(const CBigInteger& integerPart, const CBigInteger& fractionPart, int divider)
-    : m_integerPart(integerPart), m_fractionPart(fractionPart), m_fractionalDivider(divider) {
+CDecimal::CDecimal(const CBigInteger& value) : CDecimal(CBigInteger(value)) {}
+
+CDecimal::CDecimal(CBigInteger&& value) {
+  if (value.IsOneLimb()) {
+    SetSmall(value.GetLimb(), 0, 0, value.IsNegative());
+  } else {
+    SetParts({std::move(value), CBigInteger()}, 0);
+  }
+}
+
+CDecimal::CDecimal(const CBigInteger& integerPart, const CBigInteger& fractionPart, int divider) {
   CheckScaleLimit(divider);
   if (divider < 0 || fractionPart.IsNegative() ||
       CountFractionDigits(fractionPart) > static_cast<std::size_t>(divider)) {
     ThrowInvalidDivider(divider);
   }
+  SetParts({integerPart, fractionPart}, divider);
 }
 
-CDecimal::CDecimal(CDecimal&& other) noexcept
-    : TInstanceCounted<CDecimal>(),
-      m_integerPart(std::move(other.m_integerPart)),
-      m_fractionPart(std::move(other.m_fractionPart)),
-      m_fractionalDivider(std::exchange(other.m_fractionalDivider, 0)),
-      m_isNegativeFraction(std::exchange(other.m_isNegativeFraction, false)) {}
-
-CDecimal& CDecimal::operator=(CDecimal&& other) noexcept {
-  if (this == &other) return *this;
-  m_integerPart = std::move(other.m_integerPart);
-  m_fractionPart = std::move(other.m_fractionPart);
-  m_fractionalDivider = std::exchange(other.m_fractionalDivider, 0);
-  m_isNegativeFraction = std::exchange(other.m_isNegativeFraction, false);
-  return *this;
+const CDecimal::Parts& CDecimal::GetParts(Parts& room) const noexcept {
+  if (m_isLong) return *m_storage.parts;
+  room.integer.SetInline(m_storage.small.integer, 0, m_isNegative);
+  room.fraction.SetInline(m_storage.small.fraction, 0, false);
+  return room;
 }
 
-CDecimal& CDecimal::AssignCopy(const CDecimal& other) {
-  // A copy first, so that running out of memory halfway leaves no mixed value.
-  return *this = CDecimal(other);
+// The sign of a value between -1 and 1 is to be set afterwards.
+void CDecimal::SetParts(Parts parts, int divider) {
+  const bool isNegative = parts.integer.IsNegative();
+  if (parts.integer.IsOneLimb() && parts.fraction.IsOneLimb()) {
+    return SetSmall(parts.integer.GetLimb(), parts.fraction.GetLimb(), divider, isNegative);
+  }
+  if (m_isLong) {
+    *m_storage.parts = std::move(parts);
+  } else {
+    m_storage.parts = new Parts(std::move(parts));
+    m_isLong = true;
+  }
+  m_fractionalDivider = divider;
+  m_isNegative = isNegative;
+}
+
+void CDecimal::CopyParts(const CDecimal& other) {
+  m_storage.parts = new Parts(*other.m_storage.parts);
+}
+
+void CDecimal::ReleaseParts() noexcept { delete m_storage.parts; }
+
+CBigInteger CDecimal::GetIntegerPart() const {
+  Parts room;
+  return GetParts(room).integer;
+}
+
+CBigInteger CDecimal::GetFractionPart() const {
+  Parts room;
+  return GetParts(room).fraction;
 }
 
 long CDecimal::ToLong() const {
-  if (!m_integerPart.FitsLongLong()) {
+  Parts room;
+  const CBigInteger& integer = GetParts(room).integer;
+  if (!integer.FitsLongLong()) {
     throw CQvOverFlowException("The Decimal value if to large to fit into a LONG");
   }
-  return m_integerPart.ToLong();
+  return integer.ToLong();
 }
 
 long long CDecimal::ToLongLong() const {
-  if (!m_integerPart.FitsLongLong()) {
+  Parts room;
+  const CBigInteger& integer = GetParts(room).integer;
+  if (!integer.FitsLongLong()) {
     throw CQvOverFlowException("The Decimal value if to large to fit into a LONGLONG");
   }
-  return m_integerPart.ToLongLong();
+  return integer.ToLongLong();
 }
 
 std::size_t CDecimal::GetIntegerDigitCount() const noexcept {
-  if (m_integerPart.IsZero() && !m_fractionPart.IsZero()) return 0;
-  return m_integerPart.GetDigitCount();
+  if (!m_isLong) {
+    const SmallParts& small = m_storage.small;
+    return small.integer == 0 && small.fraction != 0 ? 0 : detail::CountDigits(small.integer);
+  }
+  const Parts& parts = *m_storage.parts;
+  if (parts.integer.IsZero() && !parts.fraction.IsZero()) return 0;
+  return parts.integer.GetDigitCount();
 }
 
 std::size_t CDecimal::GetFractionDigitCount() const noexcept {
-  if (m_fractionPart.IsZero()) return 0;
-  return static_cast<std::size_t>(m_fractionalDivider) - m_fractionPart.GetTrailingZeroCount();
+  if (!m_isLong) {
+    Limb fraction = m_storage.small.fraction;
+    int divider = m_fractionalDivider;
+    DropTrailingZeros(fraction, divider);
+    return static_cast<std::size_t>(divider);
+  }
+  const CBigInteger& fraction = m_storage.parts->fraction;
+  if (fraction.IsZero()) return 0;
+  return static_cast<std::size_t>(m_fractionalDivider) - fraction.GetTrailingZeroCount();
 }
 
 // Orders two fractions, each read with its own scale.
@@ -109,13 +169,27 @@ int CDecimal::CompareFractions(const CBigInteger& left, int leftDivider, const C
 }
 
 int CDecimal::Compare(const CDecimal& other) const {
-  const bool isNegative = GetNegative();
-  if (isNegative != other.GetNegative()) return isNegative ? -1 : 1;
-  const int order = m_integerPart.Compare(other.m_integerPart);
+  if (m_isNegative != other.m_isNegative) return m_isNegative ? -1 : 1;
+  const int divider = std::max(m_fractionalDivider, other.m_fractionalDivider);
+  if (!m_isLong && !other.m_isLong && divider <= kLimbDigits) {
+    const SmallParts& left = m_storage.small;
+    const SmallParts& right = other.m_storage.small;
+    int order = Order(left.integer, right.integer);
+    if (order == 0) {
+      order = Order(left.fraction * PowerOfTen(divider - m_fractionalDivider),
+                    right.fraction * PowerOfTen(divider - other.m_fractionalDivider));
+    }
+    return m_isNegative ? -order : order;
+  }
+  Parts room;
+  Parts otherRoom;
+  const Parts& parts = GetParts(room);
+  const Parts& otherParts = other.GetParts(otherRoom);
+  const int order = parts.integer.Compare(otherParts.integer);
   if (order != 0) return order;
-  const int fractionOrder = CompareFractions(m_fractionPart, m_fractionalDivider,
-                                             other.m_fractionPart, other.m_fractionalDivider);
-  return isNegative ? -fractionOrder : fractionOrder;
+  const int fractionOrder = CompareFractions(parts.fraction, m_fractionalDivider,
+                                             otherParts.fraction, other.m_fractionalDivider);
+  return m_isNegative ? -fractionOrder : fractionOrder;
 }
 
 void CDecimal::ChangeFractionalDivider(int divider) {
@@ -129,13 +203,33 @@ void CDecimal::CheckDivider(int divider) const {
 }
 
 void CDecimal::Rescale(int divider) {
-  if (divider >= m_fractionalDivider) {
-    m_fractionPart.Shift(static_cast<std::size_t>(divider - m_fractionalDivider));
+  if (divider == m_fractionalDivider || (!m_isLong && RescaleSmall(divider))) return;
+  Parts room;
+  Parts parts = GetParts(room);
+  if (divider > m_fractionalDivider) {
+    parts.fraction.Shift(static_cast<std::size_t>(divider - m_fractionalDivider));
   } else {
-    m_fractionPart.DivideByPow10(static_cast<std::size_t>(m_fractionalDivider - divider));
-    if (m_fractionPart.IsZero()) m_isNegativeFraction = false;
+    parts.fraction.DivideByPow10(static_cast<std::size_t>(m_fractionalDivider - divider));
+  }
+  const bool isNegative = m_isNegative;
+  SetParts(std::move(parts), divider);
+  m_isNegative = isNegative && !IsZero();
+}
+
+// False when the fraction becomes too long.
+bool CDecimal::RescaleSmall(int divider) noexcept {
+  SmallParts& parts = m_storage.small;
+  if (parts.fraction != 0 && divider > m_fractionalDivider) {
+    const int added = divider - m_fractionalDivider;
+    if (added >= kLimbDigits || parts.fraction >= PowerOfTen(kLimbDigits - added)) return false;
+    parts.fraction *= PowerOfTen(added);
+  } else if (parts.fraction != 0) {
+    const int dropped = m_fractionalDivider - divider;
+    parts.fraction = dropped >= kLimbDigits ? 0 : parts.fraction / PowerOfTen(dropped);
   }
   m_fractionalDivider = divider;
+  if (IsZero()) m_isNegative = false;
+  return true;
 }
 
 void CDecimal::Normalize(CDecimal& a, CDecimal& b) {
@@ -149,11 +243,8 @@ void CDecimal::Normalize(CDecimal& a, CDecimal& b) {
 void CDecimal::Rationalise() { Rescale(static_cast<int>(GetFractionDigitCount())); }
 
 CDecimal& CDecimal::Negate() noexcept {
-  if (m_integerPart.IsZero()) {
-    m_isNegativeFraction = !m_isNegativeFraction && !m_fractionPart.IsZero();
-  } else {
-    m_integerPart.Negate();
-  }
+  m_isNegative = !m_isNegative && !IsZero();
+  if (m_isLong) m_storage.parts->integer.Negate();
   return *this;
 }
 
@@ -177,12 +268,23 @@ CDecimal CDecimal::operator--(int) {
 
 // The value times 10^divider, which is at least the scale.
 CBigInteger CDecimal::ToScaled(int divider) const {
-  CBigInteger scaled(m_integerPart);
-  scaled.Shift(static_cast<std::size_t>(m_fractionalDivider));
-  if (GetNegative()) {
-    scaled -= m_fractionPart;
+  CBigInteger scaled;
+  if (!m_isLong && m_fractionalDivider <= kLimbDigits) {
+    const SmallParts& parts = m_storage.small;
+    Limb low = 0;
+    const Limb high = detail::SplitLimb(
+        WideLimb{parts.integer} * PowerOfTen(m_fractionalDivider) + parts.fraction, low);
+    scaled.SetInline(low, high, m_isNegative);
   } else {
-    scaled += m_fractionPart;
+    Parts room;
+    const Parts& parts = GetParts(room);
+    scaled = parts.integer;
+    scaled.Shift(static_cast<std::size_t>(m_fractionalDivider));
+    if (m_isNegative) {
+      scaled -= parts.fraction;
+    } else {
+      scaled += parts.fraction;
+    }
   }
   scaled.Shift(static_cast<std::size_t>(divider - m_fractionalDivider));
   return scaled;
@@ -192,12 +294,22 @@ CBigInteger CDecimal::ToScaled(int divider) const {
 CDecimal CDecimal::FromScaled(CBigInteger scaled, int divider) {
   CDecimal result;
   const bool isNegative = scaled.IsNegative();
-  scaled.DivideByPow10(static_cast<std::size_t>(divider), &result.m_fractionPart);
-  if (result.m_fractionPart.IsNegative()) result.m_fractionPart.Negate();
-  result.m_integerPart = std::move(scaled);
-  result.m_fractionalDivider = divider;
-  result.m_isNegativeFraction = isNegative && result.m_integerPart.IsZero();
-  result.Rationalise();
+  if (scaled.IsOneLimb() && divider <= kLimbDigits) {
+    const Limb power = PowerOfTen(divider);
+    Limb fraction = scaled.GetLimb() % power;
+    DropTrailingZeros(fraction, divider);
+    result.SetSmall(scaled.GetLimb() / power, fraction, divider, isNegative);
+    return result;
+  }
+  Parts parts;
+  scaled.DivideByPow10(static_cast<std::size_t>(divider), &parts.fraction);
+  if (parts.fraction.IsNegative()) parts.fraction.Negate();
+  parts.integer = std::move(scaled);
+  const std::size_t zeros = parts.fraction.IsZero() ? static_cast<std::size_t>(divider)
+                                                    : parts.fraction.GetTrailingZeroCount();
+  parts.fraction.DivideByPow10(zeros);
+  result.SetParts(std::move(parts), divider - static_cast<int>(zeros));
+  result.m_isNegative = isNegative;
   return result;
 }
 

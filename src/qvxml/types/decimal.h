@@ -24,7 +24,8 @@ struct DecimalDigits;  // types/decimal_text.cpp
 ///
 /// A value: copies are independent, zero is never negative, a moved-from object is zero. Two values
 /// are equal when they are the same number, whatever their scales. The results of arithmetic have
-/// no trailing zeros in their fraction.
+/// no trailing zeros in their fraction. Up to 18 digits on either side of the point take no heap
+/// memory.
 ///
 /// Operations whose result needs memory throw std::bad_alloc or std::length_error when there is not
 /// enough, and leave their operands as they were. Text is limited by CBigInteger::SetDigitLimit,
@@ -37,12 +38,12 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
 
   /// Zero.
   CDecimal() noexcept = default;
-  CDecimal(int value) : m_integerPart(value) {}
-  CDecimal(long value) : m_integerPart(value) {}
-  CDecimal(long long value) : m_integerPart(value) {}
-  CDecimal(unsigned int value) : m_integerPart(value) {}
-  CDecimal(unsigned long value) : m_integerPart(value) {}
-  CDecimal(unsigned long long value) : m_integerPart(value) {}
+  CDecimal(int value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(long value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(long long value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(unsigned int value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(unsigned long value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(unsigned long long value) : CDecimal(CBigInteger(value)) {}
   /// The value that the 17 significant digits of "%.17g" name, so 0.1 is 0.10000000000000001. A NaN
   /// or an infinity throws as Parse does for its text ("nan", "inf", "-inf").
   CDecimal(double value);
@@ -50,26 +51,45 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   CDecimal(const char* text);
   /// The value of the whole of `text`: an embedded NUL is an invalid character.
   explicit CDecimal(const std::string& text);
-  CDecimal(const CBigInteger& value) : m_integerPart(value) {}
-  CDecimal(CBigInteger&& value) noexcept : m_integerPart(std::move(value)) {}
+  CDecimal(const CBigInteger& value);
+  CDecimal(CBigInteger&& value);
   /// integerPart + fractionPart * 10^-divider with the sign of `integerPart`; trailing zeros of the
   /// fraction are kept. For a value between -1 and 0, negate the positive one.
   ///
   /// A scale below 0, above the exponent limit, or less than the number of digits of `fractionPart`
   /// throws as said above, and so does a negative `fractionPart`.
   CDecimal(const CBigInteger& integerPart, const CBigInteger& fractionPart, int divider);
-  CDecimal(const CDecimal&) = default;
-  CDecimal(CDecimal&& other) noexcept;
+  CDecimal(const CDecimal& other)
+      : TInstanceCounted<CDecimal>(),
+        m_storage(other.m_storage),
+        m_fractionalDivider(other.m_fractionalDivider),
+        m_isNegative(other.m_isNegative),
+        m_isLong(other.m_isLong) {
+    if (m_isLong) CopyParts(other);
+  }
+  CDecimal(CDecimal&& other) noexcept
+      : TInstanceCounted<CDecimal>(),
+        m_storage(other.m_storage),
+        m_fractionalDivider(other.m_fractionalDivider),
+        m_isNegative(other.m_isNegative),
+        m_isLong(other.m_isLong) {
+    other.Forget();
+  }
   CDecimal& operator=(const CDecimal& other) {
-    if (!other.IsInline()) return AssignCopy(other);
-    m_integerPart = other.m_integerPart;
-    m_fractionPart = other.m_fractionPart;
-    m_fractionalDivider = other.m_fractionalDivider;
-    m_isNegativeFraction = other.m_isNegativeFraction;
+    if (m_isLong || other.m_isLong) return *this = CDecimal(other);
+    Take(other);
     return *this;
   }
-  CDecimal& operator=(CDecimal&& other) noexcept;
-  virtual ~CDecimal() = default;
+  CDecimal& operator=(CDecimal&& other) noexcept {
+    if (this == &other) return *this;
+    if (m_isLong) ReleaseParts();
+    Take(other);
+    other.Forget();
+    return *this;
+  }
+  virtual ~CDecimal() {
+    if (m_isLong) ReleaseParts();
+  }
 
   // Text.
 
@@ -108,17 +128,19 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   /// The integer part. Throws "The Decimal value if to large to fit into a LONGLONG".
   long long ToLongLong() const;
   /// The integer part: truncates toward zero.
-  CBigInteger ToBigInteger() const { return m_integerPart; }
+  CBigInteger ToBigInteger() const { return GetIntegerPart(); }
 
   // Inspection.
 
   /// True when the value is below zero.
-  bool GetNegative() const noexcept { return m_isNegativeFraction || m_integerPart.IsNegative(); }
-  bool IsZero() const noexcept { return m_integerPart.IsZero() && m_fractionPart.IsZero(); }
+  bool GetNegative() const noexcept { return m_isNegative; }
+  bool IsZero() const noexcept {
+    return !m_isLong && m_storage.small.integer == 0 && m_storage.small.fraction == 0;
+  }
   /// The whole-number part, with the sign of the value; 0 for -0.5.
-  const CBigInteger& GetIntegerPart() const noexcept { return m_integerPart; }
+  CBigInteger GetIntegerPart() const;
   /// The fraction digits read as an integer, never negative.
-  const CBigInteger& GetFractionPart() const noexcept { return m_fractionPart; }
+  CBigInteger GetFractionPart() const;
   /// Number of decimal digits that the fraction part stands for, zeros in front included.
   int GetFractionalDivider() const noexcept { return m_fractionalDivider; }
   /// Digits before the point, the sign not counted: 0 when the integer part is zero and the
@@ -183,31 +205,69 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   friend class TInstanceCounted<CDecimal>;
   static CInstanceCounter s_instances;
 
-  // Without heap memory, so that a copy cannot fail.
-  bool IsInline() const noexcept { return m_integerPart.IsInline() && m_fractionPart.IsInline(); }
-  CDecimal& AssignCopy(const CDecimal& other);
+  // The integer part has the sign of the value.
+  struct Parts {
+    CBigInteger integer;
+    CBigInteger fraction;
+  };
+  // The magnitudes of parts that have up to 18 digits each; other parts are on the heap.
+  struct SmallParts {
+    std::uint64_t integer;
+    std::uint64_t fraction;
+  };
+  union Storage {
+    SmallParts small;
+    Parts* parts;
+  };
+
+  // The parts, which are made in `room` when the value has none.
+  const Parts& GetParts(Parts& room) const noexcept;
+  void SetParts(Parts parts, int divider);
+  void SetSmall(std::uint64_t integer, std::uint64_t fraction, int divider,
+                bool isNegative) noexcept {
+    if (m_isLong) ReleaseParts();
+    m_storage.small = {integer, fraction};
+    m_fractionalDivider = divider;
+    m_isNegative = isNegative && (integer != 0 || fraction != 0);
+    m_isLong = false;
+  }
+  void CopyParts(const CDecimal& other);
+  // Afterwards the storage is to be set anew.
+  void ReleaseParts() noexcept;
+  // The other must not release what this one has then.
+  void Take(const CDecimal& other) noexcept {
+    m_storage = other.m_storage;
+    m_fractionalDivider = other.m_fractionalDivider;
+    m_isNegative = other.m_isNegative;
+    m_isLong = other.m_isLong;
+  }
+  void Forget() noexcept {
+    m_storage.small = {0, 0};
+    m_fractionalDivider = 0;
+    m_isNegative = false;
+    m_isLong = false;
+  }
 
   bool ParseShort(std::string_view text) noexcept;
   void Assign(const detail::DecimalDigits& digits);
-  static void AssignParts(const detail::DecimalDigits& digits, CBigInteger& integer,
-                          CBigInteger& fraction);
   void AppendShortTo(std::string& text) const;
-  std::size_t GetTextLength() const noexcept;
-  void WriteText(char* target) const noexcept;
+  std::size_t GetTextLength(const Parts& parts) const noexcept;
+  void WriteText(const Parts& parts, char* target) const noexcept;
 
   static int CompareFractions(const CBigInteger& left, int leftDivider, const CBigInteger& right,
                               int rightDivider);
   static void Shift(CBigInteger& value, std::size_t digits) { value.Shift(digits); }
   void CheckDivider(int divider) const;
   void Rescale(int divider);
+  bool RescaleSmall(int divider) noexcept;
   CBigInteger ToScaled(int divider) const;
   static CDecimal FromScaled(CBigInteger scaled, int divider);
 
-  CBigInteger m_integerPart;
-  CBigInteger m_fractionPart;
+  Storage m_storage = {{0, 0}};
   std::int32_t m_fractionalDivider = 0;
-  // The sign of a value whose integer part is zero; false for every other value.
-  bool m_isNegativeFraction = false;
+  // Below zero.
+  bool m_isNegative = false;
+  bool m_isLong = false;
 };
 
 }  // namespace QvXmlLib16

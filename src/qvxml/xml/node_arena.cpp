@@ -61,6 +61,16 @@ char* MapRegion(size_t size) noexcept {
   return region;
 }
 
+// Gives back what lies behind the first `used` bytes; false when the system does not take it.
+bool ShrinkRegion(char* region, size_t size, size_t used) noexcept {
+  if (munmap(region + used, size - used) != 0) return false;
+  if (__lsan_unregister_root_region != nullptr) {
+    __lsan_unregister_root_region(region, size);
+    __lsan_register_root_region(region, used);
+  }
+  return true;
+}
+
 void UnmapRegion(char* region, size_t size) noexcept {
   if (__lsan_unregister_root_region != nullptr) __lsan_unregister_root_region(region, size);
   munmap(region, size);
@@ -76,9 +86,9 @@ CNodeArena::~CNodeArena() {
     std::destroy_n(m_textChunks->Texts(), size_t{m_textChunks->sharedTexts});
     m_textChunks = FreeChunk(m_textChunks);
   }
-  for (char* const region : m_regions) {
-    Unpoison(region, kRegionSize);
-    UnmapRegion(region, kRegionSize);
+  for (const CRegion& region : m_regions) {
+    Unpoison(region.begin, region.size);
+    UnmapRegion(region.begin, region.size);
   }
 }
 
@@ -88,15 +98,22 @@ void CNodeArena::Abandon() noexcept {
 }
 
 void CNodeArena::NoteLongText(std::string* text) noexcept {
+  // They would add up while elements of a long document come and go.
+  if (!m_isRegular) return;
   try {
-    m_longTexts.push_back(text);
+    if (m_longTexts == nullptr || m_longTexts->count == kLongTextsInList) {
+      m_longTexts = ::new (Allocate(sizeof(CLongTexts))) CLongTexts{m_longTexts, 0, {}};
+    }
   } catch (const std::bad_alloc&) {
-    SetIrregular();
+    return SetIrregular();
   }
+  m_longTexts->texts[m_longTexts->count++] = text;
 }
 
 void CNodeArena::DestroyAll() noexcept {
-  for (std::string* const text : m_longTexts) std::destroy_at(text);
+  for (CLongTexts* list = m_longTexts; list != nullptr; list = list->next) {
+    for (size_t index = 0; index < list->count; ++index) std::destroy_at(list->texts[index]);
+  }
   delete this;
 }
 
@@ -121,11 +138,20 @@ void* CNodeArena::TakeFromRegion() {
     m_regions.reserve(m_regions.size() + 1);
     char* const region = MapRegion(kRegionSize);
     if (region == nullptr) return nullptr;
-    m_regions.push_back(region);
+    m_regions.push_back({region, kRegionSize});
     m_regionNext = region;
     m_regionEnd = region + kRegionSize;
   }
   return std::exchange(m_regionNext, m_regionNext + kChunkSize);
+}
+
+void CNodeArena::ReleaseUnused() noexcept {
+  if (m_regionNext == m_regionEnd) return;
+  CRegion& region = m_regions.back();
+  const size_t used = static_cast<size_t>(m_regionNext - region.begin);
+  if (!ShrinkRegion(region.begin, region.size, used)) return;
+  region.size = used;
+  m_regionEnd = m_regionNext;
 }
 
 CNodeArena::CChunk* CNodeArena::FreeChunk(CChunk* chunk) noexcept {

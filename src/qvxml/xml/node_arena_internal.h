@@ -95,6 +95,8 @@ class CNodeArena {
 
   /// Null once the document has let go of its nodes.
   const CXmlDocument* GetDocument() const noexcept { return m_document; }
+  /// Gives memory back that only more nodes would need; called when there probably are no more.
+  void ReleaseUnused() noexcept;
   /// Called by the document in place of deleting the arena, which lives on while elements do.
   void Abandon() noexcept;
 
@@ -167,7 +169,7 @@ class CNodeArena {
   // What malloc keeps beside a block, so that aligned chunks lie next to each other.
   static constexpr size_t kHeapOverhead = 16;
   static constexpr size_t kUsableChunkSize = kChunkSize - kHeapOverhead;
-  // Documents below 1 MB have none, as the end of a region stays unused.
+  // Documents below 1 MB have none, as the end of a region is taken from the system in vain.
   static constexpr size_t kChunksBeforeRegions = 32;
   static constexpr size_t kRegionSize = size_t{2} << 20;
   static constexpr size_t kGranularity = 16;
@@ -186,6 +188,17 @@ class CNodeArena {
     size_t isInRegion : 1;
 
     std::string* Texts() noexcept { return reinterpret_cast<std::string*>(this + 1); }
+  };
+  struct CRegion {
+    char* begin;
+    size_t size;
+  };
+  static constexpr size_t kLongTextsInList = 62;
+  // In the arena, so that noting a text takes no more memory than a pointer.
+  struct CLongTexts {
+    CLongTexts* next;
+    size_t count;
+    std::array<std::string*, kLongTextsInList> texts;
   };
   struct CFreeBlock {
     CFreeBlock* next;
@@ -232,14 +245,14 @@ class CNodeArena {
   size_t m_liveElements = 0;
   size_t m_attributes = 0;
   bool m_isRegular = true;
-  std::vector<std::string*> m_longTexts;
+  CLongTexts* m_longTexts = nullptr;
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
   CChunk* m_chunks = nullptr;
   size_t m_heapChunks = 0;
   char* m_regionNext = nullptr;
   char* m_regionEnd = nullptr;
-  std::vector<char*> m_regions;
+  std::vector<CRegion> m_regions;
   CChunk* m_textChunks = nullptr;
   std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
   std::set<CXmlName, CNameOrder> m_names;

@@ -197,11 +197,7 @@ void CXmlTextWriter::WriteString(const std::string& text, ItemType, bool isDefau
     m_stream.Append('>');
     context.SetStartTagOpen(false);
   }
-  if (m_writesCDATA && IsRawText(text)) {
-    m_stream.Append(text);
-  } else {
-    PadAndAppend<false>(text);
-  }
+  AppendText(text);
   FlushIfFull();
 }
 
@@ -245,6 +241,14 @@ void CXmlTextWriter::AppendTextElement(const std::string& prefix, const std::str
   m_stream.AdvanceTo(to);
 }
 
+void CXmlTextWriter::AppendText(std::string_view text) {
+  if (m_writesCDATA && IsRawText(text)) {
+    m_stream.Append(text.data(), text.size());
+  } else {
+    PadAndAppend<false>(text);
+  }
+}
+
 void CXmlTextWriter::AppendLongTextElement(const std::string* prefix, const std::string& localName,
                                            std::string_view text) {
   AppendTag("<", prefix, localName);
@@ -252,11 +256,7 @@ void CXmlTextWriter::AppendLongTextElement(const std::string* prefix, const std:
     m_stream.Append('/');
   } else {
     m_stream.Append('>');
-    if (IsRawText(text)) {
-      m_stream.Append(text.data(), text.size());
-    } else {
-      PadAndAppend<false>(text);
-    }
+    AppendText(text);
     AppendTag("</", prefix, localName);
   }
   m_stream.Append('>');

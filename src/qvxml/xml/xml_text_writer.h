@@ -114,6 +114,8 @@ class QVXML_API CXmlTextWriter : public CXmlWriter {
   // The same where it takes more than one step; a prefix of null is none.
   void AppendLongTextElement(const std::string* prefix, const std::string& localName,
                              std::string_view text);
+  // The text of an element.
+  void AppendText(std::string_view text);
   void AppendAttribute(const std::string* prefix, const std::string& localName,
                        std::string_view value);
   void WriteStartTag(CXmlWriterContext& context);

@@ -57,7 +57,8 @@ class QVXML_API TMandatory : public TPlaced<kGroup, TKind, ElementOccurrence::Ma
                 bool check) const override;
 
  private:
-  bool ReadInSequence(const CMemberReading& at, bool hasParentOwnElement) const;
+  // Once a sequence did not find the member at the cursor.
+  bool ReadPastOthers(const CMemberReading& at, bool hasParentOwnElement) const;
 };
 
 /// A member that may be absent, or one alternative of a choice.

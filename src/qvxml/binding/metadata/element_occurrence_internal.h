@@ -85,8 +85,9 @@ bool TMandatory<kGroup, TKind>::ElementFromXml(const CSerializationContext& ctx,
                                                CXmlElement** cursor, const char*,
                                                XmlElementType parentElementType) {
   if constexpr (kGroup == Group::Seq) {
-    return ReadInSequence({ctx, object, parent, cursor, false},
-                          parentElementType == QvXmlLib16::XmlElementType_Element);
+    const CMemberReading at{ctx, object, parent, cursor, false};
+    return this->Read(at) ||
+           ReadPastOthers(at, parentElementType == QvXmlLib16::XmlElementType_Element);
   } else {
     // The order is free, so the member is only tried: unknown elements may be its neighbours'.
     return *cursor != nullptr && this->Read({ctx, object, parent, cursor, true});
@@ -94,9 +95,9 @@ bool TMandatory<kGroup, TKind>::ElementFromXml(const CSerializationContext& ctx,
 }
 
 template <XmlElementGroupType kGroup, class TKind>
-bool TMandatory<kGroup, TKind>::ReadInSequence(const CMemberReading& at,
+bool TMandatory<kGroup, TKind>::ReadPastOthers(const CMemberReading& at,
                                                bool hasParentOwnElement) const {
-  while (!this->Read(at)) {
+  do {
     if (this->NeedsNoElement()) return true;
     if (hasParentOwnElement && at.ctx.GetIgnoreMissingMandatoryElements()) return true;
     if (!at.ctx.GetIgnoreUnknownElements() || *at.cursor == nullptr ||
@@ -105,7 +106,7 @@ bool TMandatory<kGroup, TKind>::ReadInSequence(const CMemberReading& at,
       return false;
     }
     *at.cursor = (*at.cursor)->GetNextSiblingElement();
-  }
+  } while (!this->Read(at));
   return true;
 }
 

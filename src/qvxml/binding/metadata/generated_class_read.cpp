@@ -73,31 +73,29 @@ CXmlElement* CXmlGeneratedClass::ReadElement(CXmlElement* element, CXmlElement* 
       GetElementName() != element->GetLocalName()) {
     SetElementName(element->GetLocalName().c_str());
   }
-  ProcessAttributesFromXml(ctx, element, classInfo.GetReportUnknownAttributes());
+  ProcessAttributesFromXml(classInfo, ctx, element);
   const INillable* nillable = detail::FindNillable(*this, classInfo);
   if (nillable != nullptr && nillable->IsNil()) return cursor;
-  cursor = ReadMembers(element, cursor, ctx, optional);
-  if (classInfo.HasValue()) ReadValue(element);
+  cursor = ReadMembers(classInfo, element, cursor, ctx, optional);
+  if (classInfo.HasValue()) ReadValue(classInfo, element);
   return cursor;
 }
 
-CXmlElement* CXmlGeneratedClass::ReadMembers(CXmlElement* element, CXmlElement* cursor,
+CXmlElement* CXmlGeneratedClass::ReadMembers(const CParentElementInfo& classInfo,
+                                             CXmlElement* element, CXmlElement* cursor,
                                              const CSerializationContext& ctx, bool optional) {
-  const CParentElementInfo& classInfo = *GetClassInfo();
-  const XmlElementType elementType = classInfo.GetElementType();
   switch (classInfo.GetGroupType()) {
     case XmlElementGroupType_Sequence:
-      return ProcessElementSeqFromXml(ctx, element, cursor, elementType);
+      return ProcessElementSeqFromXml(classInfo, ctx, element, cursor);
     case XmlElementGroupType_Choice:
-      return ProcessElementChoiceFromXml(ctx, element, cursor, elementType, optional);
+      return ProcessElementChoiceFromXml(classInfo, ctx, element, cursor, optional);
     case XmlElementGroupType_All:
-      return ProcessElementAllFromXml(ctx, element, cursor, elementType, optional);
+      return ProcessElementAllFromXml(classInfo, ctx, element, cursor, optional);
   }
   throw CQvException("Unknown Group Type");
 }
 
-void CXmlGeneratedClass::ReadValue(CXmlElement* element) {
-  const CParentElementInfo& classInfo = *GetClassInfo();
+void CXmlGeneratedClass::ReadValue(const CParentElementInfo& classInfo, CXmlElement* element) {
   QvVariant value;
   if (classInfo.IsRawText()) {
     value.SetString(element->GetText());
@@ -107,22 +105,23 @@ void CXmlGeneratedClass::ReadValue(CXmlElement* element) {
   AccessProperty(classInfo.GetValuePropertyIndex(), false, value);
 }
 
-void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& ctx,
-                                                  CXmlElement* element, bool reportUnknown) {
+void CXmlGeneratedClass::ProcessAttributesFromXml(const CParentElementInfo& classInfo,
+                                                  const CSerializationContext& ctx,
+                                                  CXmlElement* element) {
   CAttributeInfo** infos = GetClassAttributeInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isFound(count);
   for (CXmlAttribute* attribute : detail::CNodeAccess::AttributesOf(*element)) {
     if (attribute->IsNamespaceAttribute()) continue;
     if (attribute->IsNilAttribute()) {
-      ReadNilAttribute(*attribute);
+      ReadNilAttribute(classInfo, *attribute);
       continue;
     }
     size_t index = 0;
     while (index < count && !infos[index]->AttributeFromXml(ctx, this, attribute)) ++index;
     if (index < count) {
       isFound.Set(index, true);
-    } else if (reportUnknown && !ctx.GetIgnoreUnknownAttributes()) {
+    } else if (classInfo.GetReportUnknownAttributes() && !ctx.GetIgnoreUnknownAttributes()) {
       throw CQvValidationException("Unexpected Attribute found.", attribute->GetXPath());
     }
   }
@@ -131,8 +130,8 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
   }
 }
 
-void CXmlGeneratedClass::ReadNilAttribute(const CXmlAttribute& attribute) {
-  const CParentElementInfo& classInfo = *GetClassInfo();
+void CXmlGeneratedClass::ReadNilAttribute(const CParentElementInfo& classInfo,
+                                          const CXmlAttribute& attribute) {
   // On a pseudo child's parent the attribute is the parent's affair.
   if (classInfo.GetElementType() != XmlElementType_Element) return;
   INillable* nillable = detail::FindNillable(*this, classInfo);
@@ -151,12 +150,14 @@ void CXmlGeneratedClass::ReadNilAttribute(const CXmlAttribute& attribute) {
   }
 }
 
-CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationContext& ctx,
-                                                          CXmlElement* element, CXmlElement* cursor,
-                                                          XmlElementType elementType) {
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CParentElementInfo& classInfo,
+                                                          const CSerializationContext& ctx,
+                                                          CXmlElement* element,
+                                                          CXmlElement* cursor) {
   CElementInfo** info = GetClassElementInfo();
+  const XmlElementType elementType = classInfo.GetElementType();
   if (info == nullptr) return EndOfMembers(ctx, element, cursor, elementType);
-  const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
+  const char* const namespaceUri = classInfo.GetNamespace().c_str();
   const std::string* name = NameOf(cursor);
   CXmlElement* unread = cursor;
   while (*info != nullptr) {
@@ -180,12 +181,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
   return EndOfMembers(ctx, element, cursor, elementType);
 }
 
-CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializationContext& ctx,
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CParentElementInfo& classInfo,
+                                                             const CSerializationContext& ctx,
                                                              CXmlElement* element,
-                                                             CXmlElement* cursor,
-                                                             XmlElementType elementType,
-                                                             bool optional) {
-  const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
+                                                             CXmlElement* cursor, bool optional) {
+  const char* const namespaceUri = classInfo.GetNamespace().c_str();
+  const XmlElementType elementType = classInfo.GetElementType();
   CElementInfo** infos = GetClassElementInfo();
   CXmlElement* const start = cursor;
   while (true) {
@@ -208,11 +209,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CSerializatio
   return EndOfMembers(ctx, element, start, elementType);
 }
 
-CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationContext& ctx,
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CParentElementInfo& classInfo,
+                                                          const CSerializationContext& ctx,
                                                           CXmlElement* element, CXmlElement* cursor,
-                                                          XmlElementType elementType,
                                                           bool optional) {
-  const char* const namespaceUri = GetClassInfo()->GetNamespace().c_str();
+  const char* const namespaceUri = classInfo.GetNamespace().c_str();
+  const XmlElementType elementType = classInfo.GetElementType();
   CElementInfo** infos = GetClassElementInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isRead(count);

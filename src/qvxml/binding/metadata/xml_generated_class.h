@@ -93,20 +93,23 @@ class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
   // Reading: generated_class_read.cpp.
   CXmlElement* ReadElement(CXmlElement* element, CXmlElement* cursor,
                            const CSerializationContext& ctx, bool optional);
-  CXmlElement* ReadMembers(CXmlElement* element, CXmlElement* cursor,
+  CXmlElement* ReadMembers(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                           CXmlElement* element, CXmlElement* cursor,
                            const CSerializationContext& ctx, bool optional);
-  void ReadValue(CXmlElement* element);
-  void ProcessAttributesFromXml(const CSerializationContext& ctx, CXmlElement* element,
-                                bool reportUnknown);
-  void ReadNilAttribute(const CXmlAttribute& attribute);
-  CXmlElement* ProcessElementSeqFromXml(const CSerializationContext& ctx, CXmlElement* element,
-                                        CXmlElement* cursor, XmlElementType elementType);
-  CXmlElement* ProcessElementChoiceFromXml(const CSerializationContext& ctx, CXmlElement* element,
-                                           CXmlElement* cursor, XmlElementType elementType,
-                                           bool optional);
-  CXmlElement* ProcessElementAllFromXml(const CSerializationContext& ctx, CXmlElement* element,
-                                        CXmlElement* cursor, XmlElementType elementType,
-                                        bool optional);
+  void ReadValue(const QvXmlLib16Data::CParentElementInfo& classInfo, CXmlElement* element);
+  void ProcessAttributesFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                                const CSerializationContext& ctx, CXmlElement* element);
+  void ReadNilAttribute(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                        const CXmlAttribute& attribute);
+  CXmlElement* ProcessElementSeqFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                                        const CSerializationContext& ctx, CXmlElement* element,
+                                        CXmlElement* cursor);
+  CXmlElement* ProcessElementChoiceFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                                           const CSerializationContext& ctx, CXmlElement* element,
+                                           CXmlElement* cursor, bool optional);
+  CXmlElement* ProcessElementAllFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
+                                        const CSerializationContext& ctx, CXmlElement* element,
+                                        CXmlElement* cursor, bool optional);
 };
 
 }  // namespace QvXmlLib16
