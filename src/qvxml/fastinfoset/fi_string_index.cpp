@@ -5,14 +5,16 @@
 
 namespace QvXmlLib16::detail {
 
-void CFIStringBytes::Grow(size_t count) {
+size_t CFIStringBytes::AddWithMoreRoom(std::string_view text) {
   constexpr size_t kFirstCapacity = 1024;
-  const size_t capacity = std::max({kFirstCapacity, 2 * m_capacity, m_length + count});
+  const size_t capacity = std::max({kFirstCapacity, 2 * m_capacity, m_length + text.size()});
   // Not value-initialised: all of it is written before it is read.
   std::unique_ptr<char[]> bytes(new char[capacity]);
   if (m_length != 0) std::memcpy(bytes.get(), m_bytes.get(), m_length);
-  m_bytes = std::move(bytes);
+  // Until the text is copied, the bytes of before stay: it may be among them.
+  m_bytes.swap(bytes);
   m_capacity = capacity;
+  return Add(text);
 }
 
 void CFIStringIndex::AddNew(std::string_view text, std::uint64_t tag, std::uint32_t hash) {

@@ -17,9 +17,10 @@ namespace QvXmlLib16::detail {
 /// The bytes of the strings of several indices, one after the other.
 class CFIStringBytes {
  public:
+  /// The text may be one of those that are here.
   size_t Add(std::string_view text) {
+    if (m_capacity - m_length < text.size()) return AddWithMoreRoom(text);
     const size_t offset = m_length;
-    if (m_capacity - m_length < text.size()) Grow(text.size());
     CopyShort(m_bytes.get() + offset, text.data(), text.size());
     m_length += text.size();
     return offset;
@@ -27,7 +28,7 @@ class CFIStringBytes {
   const char* At(size_t offset) const noexcept { return m_bytes.get() + offset; }
 
  private:
-  void Grow(size_t count);
+  size_t AddWithMoreRoom(std::string_view text);
 
   std::unique_ptr<char[]> m_bytes;
   size_t m_length = 0;
