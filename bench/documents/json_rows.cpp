@@ -24,7 +24,7 @@ void AddForm(const std::string& form, const CBoundDocument& document, const CObj
   programs.push_back(
       Kept("ToJson" + form, [object, ctx] { return object->ToJson(false, EOL_LF, ctx); }));
   if (!IsReadBack(document, json, ctx)) {
-    programs.push_back({"FromJson" + form, {}, "arrays of values are not read back"});
+    programs.push_back({"FromJson" + form, {}, "what is written is not read back"});
     return;
   }
   programs.push_back(Reading("FromJson" + form, document, [json, ctx](CXmlObjectBase& read) {
