@@ -11,8 +11,12 @@ namespace qv_test {
 
 /// Two upper-case digits for each octet, with blanks between.
 inline std::string Hex(const QvXmlLib16::CBinaryData& data) {
-  std::string text = data.GetAsHexString();
-  for (size_t at = 2; at < text.size(); at += 3) text.insert(at, 1, ' ');
+  const std::string digits = data.GetAsHexString();
+  std::string text;
+  for (size_t at = 0; at < digits.size(); at += 2) {
+    if (at != 0) text += ' ';
+    text.append(digits, at, 2);
+  }
   return text;
 }
 
