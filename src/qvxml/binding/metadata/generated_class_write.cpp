@@ -12,7 +12,6 @@
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
-#include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/xml/untyped/attribute_col.h"
 #include "qvxml/xml/xml_writer.h"
 
@@ -172,13 +171,8 @@ void CXmlGeneratedClass::WriteValue(const CParentElementInfo& classInfo, CXmlWri
     writer->WriteAttributeNil();
     return;
   }
-  const std::string* text = value.PeekString();
-  if (text == nullptr) {
-    std::string& room = writer->GetValueRoom();
-    detail::AppendText(value, classInfo.GetValueFormat().c_str(), room);
-    text = &room;
-  }
-  writer->WriteString(*text, classInfo.GetValueItemType(), false);
+  writer->WriteString(detail::TextOf(value, classInfo.GetValueFormat(), *writer),
+                      classInfo.GetValueItemType(), false);
 }
 
 }  // namespace QvXmlLib16

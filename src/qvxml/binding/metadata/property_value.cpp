@@ -1,12 +1,10 @@
 #include "qvxml/binding/metadata/property_value_internal.h"
-#include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/item_text_internal.h"
 #include "qvxml/core/whitespace_internal.h"
-#include "qvxml/xml/xml_writer.h"
 
 namespace QvXmlLib16::detail {
 
@@ -47,7 +45,7 @@ CXmlCollectionBase* CollectionIn(const QvVariant& value) {
   return collection;
 }
 
-std::string_view TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
+const std::string& TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer) {
   if (const std::string* const text = value.PeekString()) return *text;
   std::string& room = writer.GetValueRoom();
   AppendText(value, format.c_str(), room);

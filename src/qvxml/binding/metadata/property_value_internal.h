@@ -6,7 +6,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "qvxml/binding/metadata/xml_generated_class.h"
 #include "qvxml/binding/xml_collection_base.h"
@@ -82,12 +81,13 @@ CXmlCollectionBase* CollectionIn(const QvVariant& value);
 
 /// The text of a primitive value that is not nil, in the variant or in the room of the writer.
 /// Throws what QvVariant::ToString throws.
-std::string_view TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer);
+const std::string& TextOf(const QvVariant& value, const std::string& format, CXmlWriter& writer);
 
 /// The text of the enumeration's value that the property holds as a number, valid for good. Throws
 /// CQvException when it holds none, and when the enumeration has no such value.
 const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
                        const std::string& name);
+
 /// What a property that refuses its value is reported as.
 class CSetFailure {
  public:
