@@ -33,15 +33,16 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   /// Invalid and not nil.
   QvVariant() noexcept {}  // Not "= default": m_place is left as it is.
   QvVariant(const QvVariant& other);
-  /// Leaves `other` invalid.
-  QvVariant(QvVariant&& other) noexcept;
+  /// Leaves `other` invalid. Allocates nothing, except where a property setter moves the value that
+  /// it was handed: that may still be the document's own, and is copied then.
+  QvVariant(QvVariant&& other);
   virtual ~QvVariant() {
     if (m_ownership != Ownership::None) ReleaseValue();
   }
 
   /// Copies the nil flag, the tag and the owned value.
   QvVariant& operator=(const QvVariant& other);
-  QvVariant& operator=(QvVariant&& other) noexcept;
+  QvVariant& operator=(QvVariant&& other);
 
   // State
 
@@ -227,7 +228,7 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   template <class TObject>
   TObject TakeOwned();
   void CopyValue(const QvVariant& other);
-  void MoveValue(QvVariant& other) noexcept;
+  void MoveValue(QvVariant& other);
 
   void ReleaseValue() noexcept;
   bool CheckInvariants() const;
