@@ -196,17 +196,13 @@ const CXmlName* CNodeArena::Intern(std::string_view namespaceUri, std::string_vi
   return Intern(m_key, namespaceUri.size());
 }
 
-const std::string* CNodeArena::FindSharedText(std::string_view text) {
-  constexpr std::string_view kWhitespace = " \n\t";
+const std::string* CNodeArena::FindSharedWhitespace(std::string_view text) {
   const size_t size = text.size();
-  if (size > kMaxSharedText || kWhitespace.find(text.front()) == std::string_view::npos) {
-    return nullptr;
-  }
   const size_t hash = size * 31 + static_cast<unsigned char>(text[size / 2]) +
                       static_cast<unsigned char>(text[size / 3]) * 7u;
   std::string& slot = m_sharedTexts[hash % (kSharedTexts - 1) + 1];
   // A taken slot is never given to another text: elements point to it.
-  if (slot.empty() && text.find_first_not_of(kWhitespace) == std::string_view::npos) slot = text;
+  if (slot.empty() && text.find_first_not_of(" \n\t") == std::string_view::npos) slot = text;
   return slot == text ? &slot : nullptr;
 }
 

@@ -156,7 +156,11 @@ class CNodeArena {
   /// A string equal to `text`, which is not empty, that no node owns, or null when such a text is
   /// not worth sharing. Whitespace between elements is: every record of a formatted document has
   /// the same.
-  const std::string* FindSharedText(std::string_view text);
+  const std::string* FindSharedText(std::string_view text) {
+    // No other character that documents hold is below a blank, and few texts begin with one.
+    const bool mayBeWhitespace = text.front() >= '\0' && text.front() <= ' ';
+    return mayBeWhitespace && text.size() <= kMaxSharedText ? FindSharedWhitespace(text) : nullptr;
+  }
   /// A copy of `text` that no node owns; it lives as long as the arena.
   const std::string* AddSharedText(std::string_view text);
   bool IsSharedText(const std::string* text) const noexcept {
@@ -235,6 +239,7 @@ class CNodeArena {
     return reinterpret_cast<const CChunk*>(address);
   }
   void NoteLongText(std::string* text) noexcept;
+  const std::string* FindSharedWhitespace(std::string_view text);
   CChunk* MakeChunk(CChunk* next);
   void* TakeFromRegion();
   void AddChunk();
