@@ -110,10 +110,20 @@ void CNodeArena::NoteLongText(std::string* text) noexcept {
   m_longTexts->texts[m_longTexts->count++] = text;
 }
 
-void CNodeArena::DestroyAll() noexcept {
-  for (CLongTexts* list = m_longTexts; list != nullptr; list = list->next) {
-    for (size_t index = 0; index < list->count; ++index) std::destroy_at(list->texts[index]);
+// The texts, and the memory of each, lie far from each other and are no longer in a cache: they are
+// asked for some texts ahead.
+void CNodeArena::CLongTexts::DestroyTexts() noexcept {
+  constexpr size_t kAhead = 8;
+  for (size_t index = 0; index < count + 2 * kAhead; ++index) {
+    if (index < count) __builtin_prefetch(texts[index]);
+    if (index >= kAhead && index - kAhead < count)
+      __builtin_prefetch(texts[index - kAhead]->data());
+    if (index >= 2 * kAhead) std::destroy_at(texts[index - 2 * kAhead]);
   }
+}
+
+void CNodeArena::DestroyAll() noexcept {
+  for (CLongTexts* list = m_longTexts; list != nullptr; list = list->next) list->DestroyTexts();
   delete this;
 }
 

@@ -203,6 +203,8 @@ class CNodeArena {
     CLongTexts* next;
     size_t count;
     std::array<std::string*, kLongTextsInList> texts;
+
+    void DestroyTexts() noexcept;
   };
   struct CFreeBlock {
     CFreeBlock* next;
