@@ -4,15 +4,7 @@
 #include <memory>
 #include <new>
 
-#include <sys/mman.h>
-
 #include "qvxml/xml/node_arena_internal.h"
-
-// Of the leak sanitizer, where the program has it: texts in regions own memory.
-extern "C" {
-__attribute__((weak)) void __lsan_register_root_region(const void* begin, size_t size);
-__attribute__((weak)) void __lsan_unregister_root_region(const void* begin, size_t size);
-}
 
 namespace QvXmlLib16 {
 namespace detail {
@@ -32,50 +24,6 @@ void NoteReadingAttribute(CXmlName& name) {
                               name.localName == "noNamespaceSchemaLocation";
 }
 
-char* Map(size_t size) noexcept {
-  void* const memory =
-      mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  return memory != MAP_FAILED ? static_cast<char*>(memory) : nullptr;
-}
-
-// Memory aligned to its size, a power of two, or null.
-char* MapRegion(size_t size) noexcept {
-  const auto beyond = [size](const char* memory) {
-    return reinterpret_cast<uintptr_t>(memory) & (size - 1);
-  };
-  char* region = Map(size);
-  if (region != nullptr && beyond(region) != 0) {
-    munmap(region, size);
-    region = Map(2 * size);
-    if (region == nullptr) return nullptr;
-    const size_t unused = (size - beyond(region)) & (size - 1);
-    if (unused != 0) munmap(region, unused);
-    region += unused;
-    munmap(region + size, size - unused);
-  }
-  // Only a wish: without it, or where it is refused, memory comes page by page.
-  if (region != nullptr) madvise(region, size, MADV_HUGEPAGE);
-  if (region != nullptr && __lsan_register_root_region != nullptr) {
-    __lsan_register_root_region(region, size);
-  }
-  return region;
-}
-
-// Gives back what lies behind the first `used` bytes; false when the system does not take it.
-bool ShrinkRegion(char* region, size_t size, size_t used) noexcept {
-  if (munmap(region + used, size - used) != 0) return false;
-  if (__lsan_unregister_root_region != nullptr) {
-    __lsan_unregister_root_region(region, size);
-    __lsan_register_root_region(region, used);
-  }
-  return true;
-}
-
-void UnmapRegion(char* region, size_t size) noexcept {
-  if (__lsan_unregister_root_region != nullptr) __lsan_unregister_root_region(region, size);
-  munmap(region, size);
-}
-
 }  // namespace
 
 CNodeArena::CNodeArena(const CXmlDocument* document) : m_document(document) {}
@@ -86,9 +34,9 @@ CNodeArena::~CNodeArena() {
     std::destroy_n(m_textChunks->Texts(), size_t{m_textChunks->sharedTexts});
     m_textChunks = FreeChunk(m_textChunks);
   }
-  for (const CRegion& region : m_regions) {
+  for (CMemoryRegion& region : m_regions) {
     Unpoison(region.begin, region.size);
-    UnmapRegion(region.begin, region.size);
+    region.Release();
   }
 }
 
@@ -146,22 +94,19 @@ CNodeArena::CChunk* CNodeArena::MakeChunk(CChunk* next) {
 void* CNodeArena::TakeFromRegion() {
   if (m_regionNext == m_regionEnd) {
     m_regions.reserve(m_regions.size() + 1);
-    char* const region = MapRegion(kRegionSize);
-    if (region == nullptr) return nullptr;
-    m_regions.push_back({region, kRegionSize});
-    m_regionNext = region;
-    m_regionEnd = region + kRegionSize;
+    const CMemoryRegion region = CMemoryRegion::Take();
+    if (region.begin == nullptr) return nullptr;
+    m_regions.push_back(region);
+    m_regionNext = region.begin;
+    m_regionEnd = region.begin + region.size;
   }
   return std::exchange(m_regionNext, m_regionNext + kChunkSize);
 }
 
 void CNodeArena::ReleaseUnused() noexcept {
   if (m_regionNext == m_regionEnd) return;
-  CRegion& region = m_regions.back();
-  const size_t used = static_cast<size_t>(m_regionNext - region.begin);
-  if (!ShrinkRegion(region.begin, region.size, used)) return;
-  region.size = used;
-  m_regionEnd = m_regionNext;
+  CMemoryRegion& region = m_regions.back();
+  if (region.Shrink(static_cast<size_t>(m_regionNext - region.begin))) m_regionEnd = m_regionNext;
 }
 
 CNodeArena::CChunk* CNodeArena::FreeChunk(CChunk* chunk) noexcept {

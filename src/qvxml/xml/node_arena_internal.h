@@ -7,8 +7,7 @@
 //   +---|----+-------+------+-------+      [64] -> element -> element
 //       +--> arena                         ...
 //
-// The chunks of a large document are cut from regions, which are large enough for the huge pages of
-// the system: touching memory for the first time costs more than all else otherwise.
+// The chunks of a large document are cut from regions.
 //
 // A node finds its arena, and through it its document, by rounding its own address down to the
 // chunk. So `delete element` needs no pointer in the element, and an element that was removed from
@@ -28,6 +27,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "qvxml/xml/memory_region_internal.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define QVXML_POISONS_FREE_NODES 1
@@ -175,7 +176,6 @@ class CNodeArena {
   static constexpr size_t kUsableChunkSize = kChunkSize - kHeapOverhead;
   // Documents below 1 MB have none, as the end of a region is taken from the system in vain.
   static constexpr size_t kChunksBeforeRegions = 32;
-  static constexpr size_t kRegionSize = size_t{2} << 20;
   static constexpr size_t kGranularity = 16;
   static constexpr size_t kMaxPooledSize = 1024;
   static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
@@ -192,10 +192,6 @@ class CNodeArena {
     size_t isInRegion : 1;
 
     std::string* Texts() noexcept { return reinterpret_cast<std::string*>(this + 1); }
-  };
-  struct CRegion {
-    char* begin;
-    size_t size;
   };
   static constexpr size_t kLongTextsInList = 62;
   // In the arena, so that noting a text takes no more memory than a pointer.
@@ -259,7 +255,7 @@ class CNodeArena {
   size_t m_heapChunks = 0;
   char* m_regionNext = nullptr;
   char* m_regionEnd = nullptr;
-  std::vector<CRegion> m_regions;
+  std::vector<CMemoryRegion> m_regions;
   CChunk* m_textChunks = nullptr;
   std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
   std::set<CXmlName, CNameOrder> m_names;
