@@ -53,6 +53,8 @@ constexpr size_t kMaxToken = kMaxBuffer - (size_t{64} << 20);
 constexpr size_t kRepeatedNameShare = 4;
 
 constexpr size_t kFirstOpenText = 1024;
+// What is copied without a call.
+constexpr size_t kShortText = 16;
 
 // The parser does not report every allocation that fails: it may say that a prefix is unbound, or
 // nothing. So it allocates through functions that take note, each thread for itself.
@@ -228,8 +230,8 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
   for (size_t i = 0; i < count; ++i) {
     const CXmlName* name = ReadName(atts[2 * i]);
     const char* value = atts[2 * i + 1];
-    const std::string converted = m_convertsText ? ToInternalText(value) : std::string();
-    const std::string_view text = m_convertsText ? std::string_view(converted) : value;
+    if (m_convertsText) value = (m_converted = ToInternalText(value)).c_str();
+    const std::string_view text = value;
     // Attributes that the document type adds cost the input nothing.
     if (i >= specified) ChargeRepetition(sizeof(CXmlAttribute) + text.size());
     element->AppendAttribute(*m_arena, name, text);
@@ -238,16 +240,18 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
 
 // Gives an element the text from `start` on.
 inline void CExpatReader::TakeOpenText(CXmlElement& element, size_t start) {
-  const std::string_view text(m_openText.data() + start, m_openTextSize - start);
-  if (!m_hasReturn) {
-    element.AppendWholeText(*m_arena, text);
-  } else {
-    std::string kept;
-    detail::AppendExcludingCR(kept, text.data(), text.size());
-    element.AppendWholeText(*m_arena, kept);
-  }
+  if (m_openTextSize == start) return;
+  std::string_view text(m_openText.data() + start, m_openTextSize - start);
+  if (m_hasReturn) text = WithoutReturns(text);
+  element.AppendWholeText(*m_arena, text);
   m_openTextSize = start;
   if (start == 0) m_hasReturn = false;
+}
+
+std::string_view CExpatReader::WithoutReturns(std::string_view text) {
+  m_converted.clear();
+  detail::AppendExcludingCR(m_converted, text.data(), text.size());
+  return m_converted;
 }
 
 inline void CExpatReader::EndElement() {
@@ -259,10 +263,14 @@ inline void CExpatReader::EndElement() {
   m_document.CloseElement();
 }
 
-inline void CExpatReader::AppendText(const char* text, size_t length) {
-  // The parser turns line ends into line feeds; only a character reference, which it reports by
-  // itself, makes a carriage return.
+// The parser turns line ends into line feeds; only a character reference, which it reports by
+// itself, makes a carriage return.
+inline void CExpatReader::NoteReturn(const char* text, size_t length) {
   if (length == 1 && *text == '\r') m_hasReturn = true;
+}
+
+inline void CExpatReader::AppendText(const char* text, size_t length) {
+  NoteReturn(text, length);
   if (m_convertsText) {
     AppendOpenText(Utf8ToLocalCodePage(text, length));
   } else {
@@ -352,17 +360,22 @@ void CExpatReader::FnEndElement(void* userData, const char*) {
   Guard(userData, [](CExpatReader& reader) { reader.EndElement(); });
 }
 
+// Called several times for an element, mostly with a few characters that there is room for: those
+// are copied with nothing to save and restore.
 void CExpatReader::FnText(void* userData, const char* text, int length) {
   CExpatReader& reader = *static_cast<CExpatReader*>(userData);
-  // Called several times for an element: with nothing to save and restore where there is room.
-  if (!reader.m_convertsText && reader.m_failure == nullptr &&
-      reader.m_openText.size() - reader.m_openTextSize >= static_cast<size_t>(length)) {
-    return reader.AppendText(text, static_cast<size_t>(length));
+  const size_t size = static_cast<size_t>(length);
+  if (size > kShortText || size > reader.m_openText.size() - reader.m_openTextSize ||
+      reader.m_convertsText || reader.m_failure != nullptr) {
+    return FnOtherText(userData, text, length);
   }
-  const auto append = [](void* data, const char* bytes, int count) __attribute__((noinline)) {
-    Guard(data, [&](CExpatReader& self) { self.AppendText(bytes, static_cast<size_t>(count)); });
-  };
-  append(userData, text, length);
+  reader.NoteReturn(text, size);
+  detail::CopyShort(reader.m_openText.data() + reader.m_openTextSize, text, size);
+  reader.m_openTextSize += size;
+}
+
+void CExpatReader::FnOtherText(void* userData, const char* text, int length) {
+  Guard(userData, [&](CExpatReader& self) { self.AppendText(text, static_cast<size_t>(length)); });
 }
 
 void CExpatReader::FnStartCDATA(void* userData) {
