@@ -85,7 +85,7 @@ void CAttributeInfo::SetStore(const QvXmlLib16::detail::CTextStore& store) {
 
 void CAttributeInfo::ReadValue(CXmlGeneratedClass* object, const CXmlAttribute& attribute,
                                QvVariant& room) const {
-  m_store.Store(object, attribute.GetValue(), room, CAttributeSetFailure(attribute));
+  m_store.Store(object, {attribute.GetValue(), false}, room, CAttributeSetFailure(attribute));
 }
 
 void CAttributeInfo::Validate(const CSerializationContext&, bool found) const {

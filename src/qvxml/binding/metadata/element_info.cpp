@@ -269,7 +269,12 @@ void CElementInfo::ReadValue(const CSerializationContext& ctx, CXmlGeneratedClas
                              const CXmlElement& element, QvVariant& room) const {
   // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
   if (HasNil(ctx, element, m_isNillable)) return;
-  m_store.Store(object, TextOrDefault(element.GetText()), room, CElementSetFailure(element));
+  // A short text is copied as fast as it is moved.
+  constexpr size_t kShort = 15;
+  const std::string& text = element.GetText();
+  const bool isExpendable =
+      text.size() > kShort && QvXmlLib16::detail::CNodeAccess::IsTextExpendable(element);
+  m_store.Store(object, {TextOrDefault(text), isExpendable}, room, CElementSetFailure(element));
 }
 
 void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGeneratedClass* object,

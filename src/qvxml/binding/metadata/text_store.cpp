@@ -36,33 +36,37 @@ CTextStore::CTextStore(int propertyIndex, TextToEnum textToEnum, const std::stri
       m_name(&name) {}
 
 template <class TTraits>
-void CTextStore::StoreValue(const CTextStore& store, CXmlGeneratedClass* object,
-                            const std::string& text, QvVariant& room, const CSetFailure& failure) {
+void CTextStore::StoreValue(const CTextStore& store, CXmlGeneratedClass* object, CValueText text,
+                            QvVariant& room, const CSetFailure& failure) {
   if constexpr (TTraits::kType == ItemType_string) {
-    if (IsUnchanged(text, store.m_rule)) {
-      TTraits::Lend(room, text);
+    if (IsUnchanged(text.text, store.m_rule)) {
+      if (text.isExpendable) {
+        TTraits::Offer(room, const_cast<std::string&>(text.text));
+      } else {
+        TTraits::Lend(room, text.text);
+      }
       SetProperty(object, store.m_propertyIndex, room, failure);
       return room.Clear();
     }
   }
   typename TTraits::Carrier value{};
-  ParseInto<TTraits::kType>(text, store.m_rule, value);
+  ParseInto<TTraits::kType>(text.text, store.m_rule, value);
   TTraits::Offer(room, value);
   SetProperty(object, store.m_propertyIndex, room, failure);
   if constexpr (TTraits::kHolding == ItemHolding::Owned) room.Clear();
 }
 
-void CTextStore::StoreEnum(const CTextStore& store, CXmlGeneratedClass* object,
-                           const std::string& text, QvVariant& room, const CSetFailure& failure) {
+void CTextStore::StoreEnum(const CTextStore& store, CXmlGeneratedClass* object, CValueText text,
+                           QvVariant& room, const CSetFailure& failure) {
   if (store.m_textToEnum == nullptr) {
     throw CQvException(
-        FormatString("Invalid Value for %s [%s].", store.m_name->c_str(), text.c_str()));
+        FormatString("Invalid Value for %s [%s].", store.m_name->c_str(), text.text.c_str()));
   }
-  room.SetI4(store.m_textToEnum(text.c_str()));
+  room.SetI4(store.m_textToEnum(text.text.c_str()));
   SetProperty(object, store.m_propertyIndex, room, failure);
 }
 
-void CTextStore::ThrowNotPrimitive(const CTextStore& store, CXmlGeneratedClass*, const std::string&,
+void CTextStore::ThrowNotPrimitive(const CTextStore& store, CXmlGeneratedClass*, CValueText,
                                    QvVariant&, const CSetFailure&) {
   throw CQvException(
       FormatString("Invalid Type %d to convert from string", static_cast<int>(store.m_type)));

@@ -17,6 +17,12 @@ namespace detail {
 
 class CSetFailure;  // binding/metadata/property_value_internal.h
 
+/// The text of a value, and whether it may be moved out of its string.
+struct CValueText {
+  const std::string& text;
+  bool isExpendable;
+};
+
 /// One property, and how text becomes its value, which is found out once for all objects.
 class CTextStore {
  public:
@@ -31,23 +37,22 @@ class CTextStore {
 
   /// Stores the value of the text. What its conversion throws passes as it is; an exception of the
   /// property is put inside the one of `failure`. The value passes through `room`.
-  void Store(CXmlGeneratedClass* object, const std::string& text, QvVariant& room,
+  void Store(CXmlGeneratedClass* object, CValueText text, QvVariant& room,
              const CSetFailure& failure) const {
     m_store(*this, object, text, room, failure);
   }
 
  private:
-  using StoreText = void (*)(const CTextStore& store, CXmlGeneratedClass* object,
-                             const std::string& text, QvVariant& room, const CSetFailure& failure);
+  using StoreText = void (*)(const CTextStore& store, CXmlGeneratedClass* object, CValueText text,
+                             QvVariant& room, const CSetFailure& failure);
 
   template <class TTraits>
-  static void StoreValue(const CTextStore& store, CXmlGeneratedClass* object,
-                         const std::string& text, QvVariant& room, const CSetFailure& failure);
-  static void StoreEnum(const CTextStore& store, CXmlGeneratedClass* object,
-                        const std::string& text, QvVariant& room, const CSetFailure& failure);
+  static void StoreValue(const CTextStore& store, CXmlGeneratedClass* object, CValueText text,
+                         QvVariant& room, const CSetFailure& failure);
+  static void StoreEnum(const CTextStore& store, CXmlGeneratedClass* object, CValueText text,
+                        QvVariant& room, const CSetFailure& failure);
   static void ThrowNotPrimitive(const CTextStore& store, CXmlGeneratedClass* object,
-                                const std::string& text, QvVariant& room,
-                                const CSetFailure& failure);
+                                CValueText text, QvVariant& room, const CSetFailure& failure);
 
   StoreText m_store;
   int m_propertyIndex;
