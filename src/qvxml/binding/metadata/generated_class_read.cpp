@@ -83,7 +83,7 @@ CXmlElement* CXmlGeneratedClass::ReadElement(CReading& reading, CXmlElement* cur
   const CParentElementInfo& classInfo = reading.classInfo;
   const std::string& name = reading.element->GetLocalName();
   if (classInfo.GetElementType() == XmlElementType_Element && GetElementName() != name) {
-    SetElementName(name.c_str());
+    AdoptElementName(name);
   }
   ProcessAttributesFromXml(reading);
   const INillable* nillable = detail::FindNillable(*this, classInfo);
@@ -125,8 +125,9 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CReading& reading) {
   detail::CFlagSet isFound(count);
   size_t expected = 0;
   for (CXmlAttribute* attribute : detail::CNodeAccess::AttributesOf(*reading.element)) {
-    if (attribute->IsNamespaceAttribute()) continue;
-    if (attribute->IsNilAttribute()) {
+    const detail::CXmlName& name = detail::CNodeAccess::NameOf(*attribute);
+    if (name.isNamespaceAttribute) continue;
+    if (name.isNilAttribute) {
       ReadNilAttribute(classInfo, *attribute);
       continue;
     }
@@ -144,16 +145,18 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(CReading& reading) {
 }
 
 // Returns the index of the metadata that took the attribute, or `count`. Most often that is the
-// expected one, behind that of the attribute before.
+// expected one, behind that of the attribute before, or follows soon.
 size_t CXmlGeneratedClass::ReadAttribute(CReading& reading, CAttributeInfo* const* infos,
                                          size_t count, size_t expected, CXmlAttribute* attribute) {
   const std::uint64_t number = detail::CNodeAccess::NameOf(*attribute).attributeMatch.Get();
-  if (expected < count && infos[expected]->IsValueOf(number) &&
-      !reading.ctx.GetIgnoreNamespaces()) {
-    infos[expected]->ReadValue(this, *attribute, reading.room);
-    return expected;
+  // Another one may come first for a context that ignores namespaces.
+  size_t index = reading.ctx.GetIgnoreNamespaces() ? count : expected;
+  while (index < count && !infos[index]->IsValueOf(number)) ++index;
+  if (index < count) {
+    infos[index]->ReadValue(this, *attribute, reading.room);
+    return index;
   }
-  size_t index = 0;
+  index = 0;
   while (index < count && !infos[index]->AttributeFromXml(reading.ctx, this, attribute)) ++index;
   return index;
 }
