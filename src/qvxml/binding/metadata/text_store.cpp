@@ -19,22 +19,6 @@ bool IsUnchanged(const std::string& text, CWhitespaceUtils::WhitespaceRule rule)
 
 }  // namespace
 
-CTextStore::CTextStore(int propertyIndex, ItemType type, CWhitespaceUtils::WhitespaceRule rule)
-    : m_store(VisitItemType(
-          type, [](auto traits) -> StoreText { return &StoreValue<decltype(traits)>; },
-          []() -> StoreText { return &ThrowNotPrimitive; })),
-      m_propertyIndex(propertyIndex),
-      m_type(type),
-      m_rule(rule) {}
-
-CTextStore::CTextStore(int propertyIndex, TextToEnum textToEnum, const std::string& name)
-    : m_store(&StoreEnum),
-      m_propertyIndex(propertyIndex),
-      m_type(ItemType_i4),
-      m_rule(CWhitespaceUtils::ws_none),
-      m_textToEnum(textToEnum),
-      m_name(&name) {}
-
 template <class TTraits>
 void CTextStore::StoreValue(const CTextStore& store, CXmlGeneratedClass* object, CValueText text,
                             QvVariant& room, const CSetFailure& failure) {
@@ -71,5 +55,21 @@ void CTextStore::ThrowNotPrimitive(const CTextStore& store, CXmlGeneratedClass*,
   throw CQvException(
       FormatString("Invalid Type %d to convert from string", static_cast<int>(store.m_type)));
 }
+
+CTextStore::CTextStore(int propertyIndex, ItemType type, CWhitespaceUtils::WhitespaceRule rule)
+    : m_store(VisitItemType(
+          type, [](auto traits) -> StoreText { return &StoreValue<decltype(traits)>; },
+          []() -> StoreText { return &ThrowNotPrimitive; })),
+      m_propertyIndex(propertyIndex),
+      m_type(type),
+      m_rule(rule) {}
+
+CTextStore::CTextStore(int propertyIndex, TextToEnum textToEnum, const std::string& name)
+    : m_store(&StoreEnum),
+      m_propertyIndex(propertyIndex),
+      m_type(ItemType_i4),
+      m_rule(CWhitespaceUtils::ws_none),
+      m_textToEnum(textToEnum),
+      m_name(&name) {}
 
 }  // namespace QvXmlLib16::detail
