@@ -123,6 +123,10 @@ class CNodeArena {
   size_t GetLiveElements() const noexcept { return m_liveElements; }
   /// Counts while the arena is regular.
   size_t GetAttributes() const noexcept { return m_attributes; }
+  /// For a document that is read once and then goes, and that only its reader sees: it may move the
+  /// texts of the nodes out.
+  void SetExpendable() noexcept { m_isExpendable = true; }
+  bool IsExpendable() const noexcept { return m_isExpendable; }
   /// Destroys all nodes of a regular document, and the arena.
   void DestroyAll() noexcept;
 
@@ -248,6 +252,7 @@ class CNodeArena {
   size_t m_liveElements = 0;
   size_t m_attributes = 0;
   bool m_isRegular = true;
+  bool m_isExpendable = false;
   CLongTexts* m_longTexts = nullptr;
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
