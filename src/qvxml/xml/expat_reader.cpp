@@ -111,9 +111,8 @@ void CExpatReader::CreateParser() {
   if (!m_document.StripsCDATA()) {
     XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
   }
-  if (m_document.RefusesDocumentType()) {
-    XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
-  }
+  m_hasDocumentType = false;
+  XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
   SetEntityLimit();
 }
 
@@ -263,10 +262,12 @@ inline void CExpatReader::EndElement() {
   m_document.CloseElement();
 }
 
-// The parser turns line ends into line feeds; only a character reference, which it reports by
-// itself, makes a carriage return.
+// The parser turns line ends into line feeds; only a character reference makes a carriage return.
+// It is reported by itself, or within the text of an entity.
 inline void CExpatReader::NoteReturn(const char* text, size_t length) {
-  if (length == 1 && *text == '\r') m_hasReturn = true;
+  const bool isReturn =
+      length == 1 ? *text == '\r' : m_hasDocumentType && std::memchr(text, '\r', length) != nullptr;
+  if (isReturn) m_hasReturn = true;
 }
 
 inline void CExpatReader::AppendText(const char* text, size_t length) {
@@ -387,7 +388,10 @@ void CExpatReader::FnEndCDATA(void* userData) {
 }
 
 void CExpatReader::FnStartDocumentType(void* userData, const char*, const char*, const char*, int) {
-  Guard(userData, [](CExpatReader& reader) { reader.ThrowDocumentTypeRefused(); });
+  Guard(userData, [](CExpatReader& reader) {
+    if (reader.m_document.RefusesDocumentType()) reader.ThrowDocumentTypeRefused();
+    reader.m_hasDocumentType = true;
+  });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri) {

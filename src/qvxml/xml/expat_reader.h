@@ -110,6 +110,7 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   size_t m_openTextSize = 0;
   // Whether there may be a carriage return in it.
   bool m_hasReturn = false;
+  bool m_hasDocumentType = false;
   std::vector<size_t> m_openTextStarts;
   // A text that had to be changed, until the next one.
   std::string m_converted;
