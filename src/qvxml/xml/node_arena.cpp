@@ -10,8 +10,10 @@
 
 // Of the leak sanitizer, where the program has it: texts in regions own memory.
 extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer chose the names.
 __attribute__((weak)) void __lsan_register_root_region(const void* begin, size_t size);
 __attribute__((weak)) void __lsan_unregister_root_region(const void* begin, size_t size);
+// NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace QvXmlLib16 {
@@ -203,7 +205,7 @@ const std::string* CNodeArena::FindSharedText(std::string_view text) {
     return nullptr;
   }
   const size_t hash = size * 31 + static_cast<unsigned char>(text[size / 2]) +
-                      static_cast<unsigned char>(text[size / 3]) * 7u;
+                      size_t{7} * static_cast<unsigned char>(text[size / 3]);
   std::string& slot = m_sharedTexts[hash % (kSharedTexts - 1) + 1];
   // A taken slot is never given to another text: elements point to it.
   if (slot.empty() && text.find_first_not_of(kWhitespace) == std::string_view::npos) slot = text;

@@ -86,6 +86,7 @@ void QvVariant::MoveValue(QvVariant& other) noexcept {
           using Traits = decltype(traits);
           if constexpr (kIsOwned<Traits>) {
             using Carrier = typename Traits::Carrier;
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): the slot holds numbers and pointers.
             auto* const source = reinterpret_cast<Carrier*>(m_slot);
             const bool isOwn = m_ownership == Ownership::InPlace;
             Carrier value =
