@@ -24,7 +24,7 @@ class CDepthGuard {
   /// The same for a step of the recursion that is no level of its own.
   static void CheckStack() {
     // Room for one level of user code and of ours, and for building and throwing the exception.
-    constexpr size_t kReserve = 48 * 1024;
+    constexpr size_t kReserve = size_t{48} * 1024;
     if (RemainingStackBytes() < kReserve) ThrowTooDeep();
   }
 

@@ -65,7 +65,8 @@ bool BreaksBound(const typename TTraits::Carrier& value, const CPrimitiveRestric
       return Order(value, TTraits::View(*kept));
     }
     QvVariant room;
-    return Order(value, TTraits::View(bound.As(TTraits::kType, room)));
+    const QvVariant& converted = bound.As(TTraits::kType, room);
+    return Order(value, TTraits::View(converted));
   };
   return (facets.MinInclusive().IsPresent() && order(facets.MinInclusive()) < 0) ||
          (facets.MaxInclusive().IsPresent() && order(facets.MaxInclusive()) > 0) ||

@@ -73,7 +73,7 @@ CBinaryData CInputFile::ReadAll() {
 CBinaryData CInputFile::Peek(size_t size) {
   const size_t all = m_left;
   const std::unique_ptr<unsigned char[]> bytes(new unsigned char[size]);
-  const CBinaryData start(bytes.get(), Read(bytes.get(), size));
+  CBinaryData start(bytes.get(), Read(bytes.get(), size));
   if (lseek(m_descriptor, 0, SEEK_SET) != 0) ThrowUnreadable(true);
   m_left = all;
   return start;

@@ -16,6 +16,8 @@ const char* TextOf(const char* value) { return value != nullptr ? value : ""; }
 
 constinit CInstanceCounter CSerializationContext::s_instances("CSerializationContext");
 // Before the objects of programs that are linked with the static library, which may use it already.
+// A process that has no memory for it may as well not start.
+// NOLINTNEXTLINE(cert-err58-cpp)
 __attribute__((init_priority(101))) CSerializationContext CSerializationContext::m_defaultContext;
 
 CSerializationContext::CSerializationContext() = default;

@@ -2,6 +2,7 @@
 
 #include "qvxml/binding/xml_object_base.h"
 
+#include <cstdint>
 #include <string_view>
 
 #include "qvxml/binding/namespace_constraint.h"
@@ -70,7 +71,7 @@ long long CXmlObjectBase::Release() {
 // An object destroys those that it holds, by recursion. From some depth on they wait until the
 // outermost one is gone, in a list that needs no memory: a dead object's count is its next one.
 void CXmlObjectBase::Destroy(CXmlObjectBase* object) {
-  static_assert(sizeof(object) <= sizeof(long long));
+  static_assert(sizeof(uintptr_t) <= sizeof(long long));
   constexpr int kMaxDepth = 200;
   struct CWaiting {
     int depth;
@@ -89,6 +90,7 @@ void CXmlObjectBase::Destroy(CXmlObjectBase* object) {
   if (waiting.depth == 1) {
     while (waiting.first != nullptr) {
       CXmlObjectBase* const next = waiting.first;
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): what was a pointer when it was stored above.
       waiting.first = reinterpret_cast<CXmlObjectBase*>(
           next->m_references.exchange(1, std::memory_order_relaxed));
       delete next;

@@ -25,9 +25,9 @@ std::atomic<unsigned long> s_maxSteps{CPatternLimits::kDefaultSteps};
 std::atomic<size_t> s_maxMemory{CPatternLimits::kDefaultMemory};
 std::atomic<unsigned long> s_maxWork{CPatternLimits::kDefaultWork};
 
-constexpr size_t kMinMemory = 32 * 1024;
-constexpr size_t kMaxMemory = 1024 * 1024 * 1024;
-constexpr size_t kMaxPatternLength = 1024 * 1024;
+constexpr size_t kMinMemory = size_t{32} * 1024;
+constexpr size_t kMaxMemory = size_t{1024} * 1024 * 1024;
+constexpr size_t kMaxPatternLength = size_t{1024} * 1024;
 
 // PCRE_ANCHORED changes nothing for a pattern that is one expression. It keeps one with unbalanced
 // brackets, in which "^" is only part of an alternative, from being tried at every position.
@@ -91,8 +91,8 @@ std::string TranslateToPerl(const std::string& pattern) {
 // 64 KB.
 void CheckStack(const std::string& pattern, const std::string& perl) {
   const auto groups = static_cast<size_t>(std::count(perl.begin(), perl.end(), '('));
-  const size_t needed = 28 * 1024 + std::min<size_t>(groups, 252) * 900 +
-                        std::min<size_t>(perl.size() * 16, 64 * 1024);
+  const size_t needed = size_t{28} * 1024 + std::min<size_t>(groups, 252) * 900 +
+                        std::min(perl.size() * 16, size_t{64} * 1024);
   if (detail::RemainingStackBytes() < needed) {
     ThrowInvalid(pattern, "the thread has too little stack left");
   }

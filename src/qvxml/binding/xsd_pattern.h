@@ -18,7 +18,7 @@ namespace QvXmlLib16 {
 class QVXML_API CPatternLimits {
  public:
   static constexpr unsigned long kDefaultSteps = 1'000'000;
-  static constexpr size_t kDefaultMemory = 32 * 1024 * 1024;
+  static constexpr size_t kDefaultMemory = size_t{32} * 1024 * 1024;
   static constexpr unsigned long kDefaultWork = 400'000'000;
 
   /// Steps that matching may take, backtracking included: at the default some 3 ms, more than ten

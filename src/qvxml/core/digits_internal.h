@@ -78,7 +78,7 @@ inline constexpr auto kDigitPairs = [] {
 
 /// Writes a number below 100 as two digits.
 inline char* WriteTwoDigits(char* out, unsigned number) {
-  std::memcpy(out, &kDigitPairs[2 * number], 2);
+  std::memcpy(out, &kDigitPairs[std::size_t{2} * number], 2);
   return out + 2;
 }
 

@@ -60,11 +60,11 @@ std::string FormatSafely(const char* format, va_list arguments) {
   } else {
     try {
       text.resize(static_cast<size_t>(length));
+      if (std::vsnprintf(text.data(), text.size() + 1, format, again) < 0) text = format;
     } catch (...) {
       va_end(again);
       throw;
     }
-    std::vsnprintf(text.data(), text.size() + 1, format, again);
   }
   va_end(again);
   return text;

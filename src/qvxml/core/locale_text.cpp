@@ -55,6 +55,7 @@ std::string DecodeByLocale(const char* text, size_t length) {
   std::mbstate_t state{};
   while (length != 0) {
     wchar_t character = 0;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): it is safe with a state of the caller's own.
     size_t used = std::mbrtowc(&character, text, length, &state);
     // Both failures are the largest values of size_t.
     if (used > length || !detail::IsScalarValue(static_cast<char32_t>(character))) {
@@ -77,6 +78,7 @@ class CLocaleEncoder {
   void Append(char32_t character) {
     char bytes[MB_LEN_MAX];
     const size_t count = detail::IsScalarValue(character)
+                             // NOLINTNEXTLINE(concurrency-mt-unsafe): as above.
                              ? std::wcrtomb(bytes, static_cast<wchar_t>(character), &m_state)
                              : static_cast<size_t>(-1);
     if (count == static_cast<size_t>(-1)) {

@@ -91,8 +91,9 @@ void SkipAsciiBlocks(const TSource*& source, const TSource* sourceEnd, TTarget* 
                      size_t capacity, size_t& count) {
   while (sourceEnd - source >= kBlock && capacity - count >= kBlock && IsAsciiBlock(source)) {
     if (target != nullptr) {
-      std::transform(source, source + kBlock, target + count,
-                     [](TSource unit) { return static_cast<TTarget>(unit); });
+      std::transform(source, source + kBlock, target + count, [](TSource unit) {
+        return static_cast<TTarget>(static_cast<std::make_unsigned_t<TSource>>(unit));
+      });
     }
     source += kBlock;
     count += kBlock;

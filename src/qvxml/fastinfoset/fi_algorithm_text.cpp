@@ -1,6 +1,7 @@
 // What the octets of the built-in encoding algorithms stand for.
 
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 #include "qvxml/core/value/conversions_internal.h"
@@ -43,7 +44,7 @@ std::string_view WriteNumber(TInteger value, NumberBuffer& buffer) {
 template <class TReal>
 std::string_view WriteExactReal(TReal value, NumberBuffer& buffer) {
   const std::string_view usual = WriteReal(value, nullptr, buffer);
-  if (value - value != 0) return usual;
+  if (!std::isfinite(value)) return usual;
   TReal back = 0;
   const auto result = std::from_chars(usual.data(), usual.data() + usual.size(), back);
   if (result.ec == std::errc() && back == value) return usual;
@@ -107,12 +108,13 @@ bool DecodeHexadecimal(std::string_view octets, std::string& text) {
 
 bool DecodeUuids(std::string_view octets, std::string& text) {
   constexpr size_t kUuidSize = 16;
+  constexpr size_t kGroups[] = {4, 2, 2, 2, 6};
   if (octets.size() % kUuidSize != 0) return false;
   text.clear();
   for (size_t i = 0; i < octets.size(); i += kUuidSize) {
     if (i != 0) text += ' ';
     size_t position = i;
-    for (const size_t group : {4, 2, 2, 2, 6}) {
+    for (const size_t group : kGroups) {
       if (position != i) text += '-';
       AppendHex(octets.substr(position, group), "0123456789abcdef", text);
       position += group;

@@ -117,9 +117,11 @@ class CFIEncoder {
     explicit NameTable(CFIStringBytes& bytes) : index(bytes) {}
     unsigned& RecentOf(const std::string& name) noexcept {
       const size_t length = name.size();
-      const auto at = [&name](size_t place) { return static_cast<unsigned char>(name[place]); };
+      const auto at = [&name](size_t place) -> size_t {
+        return static_cast<unsigned char>(name[place]);
+      };
       const size_t last = length != 0 ? length - 1 : 0;
-      return recent[(length * 7 + at(0) + at(length / 2) * 5u + at(last) * 29u) % kRecent];
+      return recent[(length * 7 + at(0) + at(length / 2) * 5 + at(last) * 29) % kRecent];
     }
     static constexpr size_t kRecent = 128;
     CFIStringIndex index;

@@ -57,6 +57,7 @@ bool AppendQuoted(CTextStream& stream, std::string_view text) {
 inline bool AppendName(CTextStream& stream, std::string_view mark, std::string_view prefix,
                        std::string_view localName) {
   constexpr size_t kMarks = std::string_view("\":\": ").size();
+  constexpr char kEnd[] = {'"', ':', ' '};
   char* to = stream.FindRoom(mark.size() + prefix.size() + localName.size() + kMarks);
   if (to == nullptr) return false;
   *to++ = '"';
@@ -66,8 +67,8 @@ inline bool AppendName(CTextStream& stream, std::string_view mark, std::string_v
     *to++ = ':';
   }
   to = PutShort(to, localName);
-  std::memcpy(to, "\": ", 3);
-  stream.AdvanceTo(to + 3);
+  std::memcpy(to, kEnd, sizeof kEnd);
+  stream.AdvanceTo(to + sizeof kEnd);
   return true;
 }
 

@@ -25,7 +25,9 @@ void RegisterGeneratedCode(int generatedForVersion, LicenceKind kind) {
     g_hasUnservedVersion.store(true, std::memory_order_release);
   }
   if (kind == LicenceKind_Evaluation && !g_isEvaluation.exchange(true)) {
-    std::fputs("QvXmlLib16: the generated code in this program is for evaluation only.\n", stderr);
+    // Whether anybody reads it changes nothing.
+    static_cast<void>(std::fputs(
+        "QvXmlLib16: the generated code in this program is for evaluation only.\n", stderr));
   }
 }
 

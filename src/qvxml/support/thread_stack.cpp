@@ -8,7 +8,7 @@ __thread CStackBounds t_stackBounds = {0, 0};
 
 namespace {
 
-constexpr size_t kUnknownRemainder = 128 * 1024;
+constexpr size_t kUnknownRemainder = size_t{128} * 1024;
 
 CStackBounds ReadBounds() {
   // Not 0 and 0, which stand for bounds that nobody asked for.

@@ -19,7 +19,6 @@
 namespace QvXmlLib16 {
 
 using detail::IsDigit;
-using detail::kLimbBase;
 using detail::kLimbDigits;
 using detail::Limb;
 

@@ -178,7 +178,7 @@ void CBinaryData::SetBuffer(const unsigned char* bytes, unsigned long length) {
 void CBinaryData::SetBuffer(const char* text) { *this = CBinaryData(text); }
 
 void CBinaryData::Clear() noexcept {
-  if (CDataHolder* holder = std::exchange(m_holder, nullptr)) holder->Release(false);
+  if (CDataHolder* holder = std::exchange(m_holder, nullptr)) holder->Release();
 }
 
 unsigned char* CBinaryData::ReleaseData() {
@@ -269,20 +269,23 @@ void CBinaryData::CDataHolder::AddRef() {
   m_refCount.fetch_add(1, std::memory_order_relaxed);
 }
 
+long CBinaryData::CDataHolder::DropReference() noexcept {
+  const CQVCriticalSectionGuard guard(m_section);
+  return m_refCount.fetch_sub(1, std::memory_order_release) - 1;
+}
+
+// Destroyed outside the lock, which must not be held then. Nobody else can come in: the last
+// reference is gone.
+void CBinaryData::CDataHolder::Release() noexcept {
+  if (DropReference() <= 0) delete this;
+}
+
 void CBinaryData::CDataHolder::Release(bool keepData) {
-  long remaining = 0;
-  {
-    const CQVCriticalSectionGuard guard(m_section);
-    remaining = m_refCount.fetch_sub(1, std::memory_order_release) - 1;
+  if (!keepData) return Release();
+  if (const long remaining = DropReference(); remaining > 0) {
+    throw CQvException(FormatString("Failed to release data. [RefCount=%ld]", remaining));
   }
-  // Outside the lock, which must not be held when it is destroyed. Nobody else can come in: the
-  // last reference is gone.
-  if (remaining > 0) {
-    if (keepData)
-      throw CQvException(FormatString("Failed to release data. [RefCount=%ld]", remaining));
-    return;
-  }
-  if (keepData) m_data = nullptr;
+  m_data = nullptr;
   delete this;
 }
 

@@ -162,6 +162,10 @@ class QVXML_API CBinaryData::CDataHolder : private TInstanceCounted<CBinaryData:
 
   ~CDataHolder();
 
+  // How many references are left.
+  long DropReference() noexcept;
+  // Release(false), which cannot fail.
+  void Release() noexcept;
   // Without the lock; for a caller whose reference is the only one.
   void AppendExclusive(const unsigned char* bytes, unsigned long length);
   bool HasOneReference() const noexcept { return GetRefCount() < 2; }

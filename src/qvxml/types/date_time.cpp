@@ -193,7 +193,7 @@ int CDateTime::GetDayOfWeek() const {
 
 long CDateTime::GetTime() const {
   const long long day = GetDayNumber("Failed to GetTime. Invalid Date Type: %s.") - kUnixEpochDay;
-  return day * kSecondsInDay + (m_hour * 60 + m_minute - GetOffsetMinutes()) * 60 + m_second;
+  return day * kSecondsInDay + (m_hour * 60 + m_minute - GetOffsetMinutes()) * 60LL + m_second;
 }
 
 // The setters change a copy, so that nothing is stored when it turns out invalid.

@@ -24,6 +24,7 @@ size_t LengthOf(const char* text) { return text != nullptr ? std::strlen(text) :
 // Reads one character as mbrtowc does; what it rejects is "?" and one byte long. So is what it
 // takes though it is no character of Unicode.
 size_t DecodeCharacter(const char* text, size_t length, std::mbstate_t& state, wchar_t& character) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): it is safe with a state of the caller's own.
   const size_t used = std::mbrtowc(&character, text, length, &state);
   if (used == 0) {
     character = L'\0';

@@ -29,10 +29,8 @@ struct TXmlEscapes {
       case '\n':
       case '\r':
         return true;
-      case '"':
-        return kInAttribute;
       default:
-        return false;
+        return kInAttribute && character == '"';
     }
   }
 

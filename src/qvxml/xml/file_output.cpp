@@ -61,6 +61,7 @@ std::FILE* StreamOver(int descriptor) noexcept {
   cookie_io_functions_t functions = {};
   functions.write = WriteToDescriptor;
   functions.close = CloseDescriptor;
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a number, which nobody follows.
   void* const cookie = reinterpret_cast<void*>(static_cast<std::intptr_t>(descriptor));
   std::FILE* const file = fopencookie(cookie, "w", functions);
   if (file == nullptr) {

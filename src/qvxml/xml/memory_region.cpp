@@ -8,8 +8,10 @@
 
 // Of the leak sanitizer, where the program has it: texts in regions own memory.
 extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer chose the names.
 __attribute__((weak)) void __lsan_register_root_region(const void* begin, size_t size);
 __attribute__((weak)) void __lsan_unregister_root_region(const void* begin, size_t size);
+// NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace QvXmlLib16::detail {

@@ -154,7 +154,7 @@ const CXmlName* CNodeArena::Intern(std::string_view namespaceUri, std::string_vi
 const std::string* CNodeArena::FindSharedWhitespace(std::string_view text) {
   const size_t size = text.size();
   const size_t hash = size * 31 + static_cast<unsigned char>(text[size / 2]) +
-                      static_cast<unsigned char>(text[size / 3]) * 7u;
+                      size_t{7} * static_cast<unsigned char>(text[size / 3]);
   std::string& slot = m_sharedTexts[hash % (kSharedTexts - 1) + 1];
   // A taken slot is never given to another text: elements point to it.
   if (slot.empty() && text.find_first_not_of(" \n\t") == std::string_view::npos) slot = text;

@@ -237,8 +237,8 @@ class CNodeArena {
   }
 
   static const CChunk* ChunkOf(const void* node) noexcept {
-    const auto address = reinterpret_cast<uintptr_t>(node) & ~uintptr_t{kChunkSize - 1};
-    return reinterpret_cast<const CChunk*>(address);
+    const size_t offset = reinterpret_cast<uintptr_t>(node) & (kChunkSize - 1);
+    return reinterpret_cast<const CChunk*>(static_cast<const char*>(node) - offset);
   }
   void NoteLongText(std::string* text) noexcept;
   const std::string* FindSharedWhitespace(std::string_view text);

@@ -48,7 +48,7 @@ CFileTextStream::CFileTextStream(const char* path, XmlEncoding encoding)
 CFileTextStream::~CFileTextStream() {
   if (m_file == nullptr) return;
   try {
-    Close();
+    CFileTextStream::Close();
   } catch (...) {
     // Close() has released the file.
   }

@@ -25,6 +25,7 @@ struct CAttributeBlock {
 
   CXmlAttribute** Items() noexcept { return reinterpret_cast<CXmlAttribute**>(this + 1); }
   static size_t Bytes(size_t capacity) {
+    // It is the pointers that are stored. NOLINTNEXTLINE(bugprone-sizeof-expression)
     return sizeof(CAttributeBlock) + capacity * sizeof(CXmlAttribute*);
   }
 };

@@ -33,6 +33,7 @@ CXmlElement::~CXmlElement() {
   }
 }
 
+// NOLINTNEXTLINE(misc-new-delete-overloads): as in the header.
 void CXmlElement::operator delete(void* element) noexcept {
   CNodeArena::Of(element).FreeElement(element, sizeof(CXmlElement));
 }

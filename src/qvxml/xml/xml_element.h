@@ -37,6 +37,7 @@ class QVXML_API CXmlElement : private TInstanceCounted<CXmlElement> {
   /// element must not be part of a tree any more.
   ~CXmlElement();
   static void* operator new(size_t) = delete;
+  // NOLINTNEXTLINE(misc-new-delete-overloads): the deleted one above is its counterpart.
   static void operator delete(void* element) noexcept;
 
   // Reading.

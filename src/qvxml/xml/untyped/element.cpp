@@ -124,7 +124,7 @@ CSmartPtr<CElement> CElement::Clone() const {
   struct CLevel {
     const CElement* element;
     CElement* copy;
-    size_t nextChild;
+    long nextChild;
   };
   std::vector<CLevel> levels{{this, clone.Ptr(), 0}};
   detail::CLoopCheck loopCheck;
@@ -132,7 +132,7 @@ CSmartPtr<CElement> CElement::Clone() const {
     loopCheck.Check(levels);
     CLevel& level = levels.back();
     const CElementCol* const children = level.element->FindElements();
-    if (children == nullptr || level.nextChild == static_cast<size_t>(children->GetCount())) {
+    if (children == nullptr || level.nextChild == children->GetCount()) {
       levels.pop_back();
       continue;
     }

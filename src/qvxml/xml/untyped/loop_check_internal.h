@@ -26,6 +26,7 @@ class CLoopCheck {
     if (levels.size() < m_nextDepth) return;
     m_nextDepth = levels.size() * 2;
     std::vector<const CElement*> open;
+    open.reserve(levels.size());
     for (const auto& level : levels) open.push_back(level.element);
     std::sort(open.begin(), open.end());
     if (std::adjacent_find(open.begin(), open.end()) != open.end()) {
