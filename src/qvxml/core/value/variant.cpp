@@ -32,6 +32,7 @@ constinit CInstanceCounter QvVariant::s_instances("QvVariant");
 
 QvVariant::QvVariant(const QvVariant& other) : TInstanceCounted<QvVariant>() { CopyValue(other); }
 
+// NOLINTNEXTLINE(performance-noexcept-move-constructor): see the declaration.
 QvVariant::QvVariant(QvVariant&& other) : TInstanceCounted<QvVariant>() { MoveValue(other); }
 
 QvVariant& QvVariant::operator=(const QvVariant& other) {
@@ -41,6 +42,7 @@ QvVariant& QvVariant::operator=(const QvVariant& other) {
   return *this = std::move(copy);
 }
 
+// NOLINTNEXTLINE(performance-noexcept-move-constructor)
 QvVariant& QvVariant::operator=(QvVariant&& other) {
   if (this == &other) return *this;
   Clear();

@@ -35,14 +35,14 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   QvVariant(const QvVariant& other);
   /// Leaves `other` invalid. Allocates nothing, except where a property setter moves the value that
   /// it was handed: that may still be the document's own, and is copied then.
-  QvVariant(QvVariant&& other);
+  QvVariant(QvVariant&& other);  // NOLINT(performance-noexcept-move-constructor): see above.
   virtual ~QvVariant() {
     if (m_ownership != Ownership::None) ReleaseValue();
   }
 
   /// Copies the nil flag, the tag and the owned value.
   QvVariant& operator=(const QvVariant& other);
-  QvVariant& operator=(QvVariant&& other);
+  QvVariant& operator=(QvVariant&& other);  // NOLINT(performance-noexcept-move-constructor)
 
   // State
 
