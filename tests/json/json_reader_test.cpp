@@ -242,6 +242,7 @@ TEST_F(JsonReader, BoundsDepthAndSize) {
   for (int i = 0; i < 1000; ++i) json += ",0";
   const std::string outcome =
       OutcomeOf([&] { return TextOf(CJsonTextReader::ConvertJsonToXml(json + "]}", ctx)); });
+  EXPECT_EQ(outcome, OutcomeOf([&] { return ThroughHandlers(json + "]}", ctx.GetJsonContext()); }));
   EXPECT_NE(std::string::npos,
             outcome.find("JSON exceeded size limit at line 1, position 100191.\nPath: $.nnn"));
   EXPECT_EQ("nnn[92]", outcome.substr(outcome.size() - 7));

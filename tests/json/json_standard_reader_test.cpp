@@ -43,14 +43,30 @@ class CCountingHandler : public IJsonReaderHandler {
   std::string text;
 };
 
-std::string TokensOf(const std::string& json, int maxDepth = 1000) {
+std::string TokensOf(const std::string& json, int maxDepth = 1000, bool isWellFormed = true) {
   CJsonTextReader reader(json);
   CCountingHandler handler;
   reader.SetJsonReaderHandler(&handler);
-  reader.SetWellFormed(true);
+  reader.SetWellFormed(isWellFormed);
   reader.SetMaxDepth(maxDepth);
   reader.Read();
   return handler.text;
+}
+
+// Only XML repeats the name for each item.
+TEST_F(JsonStandardReader, LimitsWhatXmlRepeatsAlone) {
+  const std::string name(20'000, 'n');
+  std::string items = "[ ";
+  std::string json = "{\"" + name + "\":[0";
+  for (int i = 1; i < 2000; ++i) json += ",0";
+  json += "]}";
+  for (int i = 0; i < 2000; ++i) items += "0 ";
+  const std::string tokens = "{ " + name + ":" + items + "] } ";
+  EXPECT_EQ(tokens, TokensOf(json));
+  EXPECT_EQ(tokens, TokensOf(json, 100, false));
+  EXPECT_QV_THROW(Convert(json), CQvValidationException,
+                  "JSON exceeded size limit at line 1, position 20544.\nPath: $." + name + "[269]",
+                  "$." + name + "[269]");
 }
 
 TEST_F(JsonStandardReader, AcceptsJson) {

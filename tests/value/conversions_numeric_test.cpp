@@ -245,10 +245,25 @@ TEST(RealConversions, CutAt31Characters) {
             "value, as it was measured: 2.5 ");
 }
 
+TEST(RealConversions, WriteTheTextOfAFormatWithoutConversion) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"abc", "abc"},
+      {"%%", "%"},
+      {"100%%", "100%"},
+      {"%%f", "%f"},
+      {" ", " "},
+      {"a text of more than thirty-one characters", "a text of more than thirty-one "}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(C::r8ToString(1.25, row.first), row.second);
+    EXPECT_EQ(C::r4ToString(1.25f, row.first), row.second);
+  }
+  EXPECT_EQ(C::r8ToString(HUGE_VAL, "abc"), "INF");
+}
+
 TEST(RealConversions, UseTheDefaultForAnUnfitFormat) {
   for (const char* const format :
-       {"", "x", "%%", "%", "%s", "%n", "%d", "%Lf", "%*f", "%.*f", "%f%n", "%f %f", "%f%s", "%1$f",
-        "%hf", "%llf", "%.2147483647f", "%99999f", "%.f%"}) {
+       {"", "%", "100%", "%%%", "%s", "%n", "%d", "%Lf", "%*f", "%.*f", "%f%n", "%f %f", "%f%s",
+        "%1$f", "%hf", "%llf", "%.2147483647f", "%99999f", "%.f%"}) {
     EXPECT_EQ(C::r8ToString(1.25, format), "1.25") << format;
     EXPECT_EQ(C::r4ToString(1.25f, format), "1.25") << format;
   }

@@ -15,7 +15,8 @@ namespace QvXmlLib16::detail {
 
 /// Reads a text without recursion and reports its tokens to `TEvents`, which has the operations of
 /// IJsonReaderHandler without "Read" and takes text as views that are valid during the call; a name
-/// until the next one. `TLexer` is the grammar of the tokens.
+/// until the next one. It also has RepeatsArrayNames: whether it writes an array's name for each of
+/// its items, which is then limited. `TLexer` is the grammar of the tokens.
 ///
 /// Knows its path as CJsonReaderDefaultHandler does, but makes it only when it is asked for.
 template <class TLexer, class TEvents>
@@ -28,10 +29,13 @@ class TJsonParser final : public IErrorPathProvider {
       : m_lexer(text, paths != nullptr ? *paths : *this, rest...),
         m_rootName(rootName),
         m_maxDepth(maxDepth),
-        m_repetitionLimit(kMaxAmplification * text.size() + kRepetitionAlwaysAllowed) {}
+        m_textLength(text.size()) {}
 
   void Read(TEvents& events) {
     m_events = &events;
+    if (events.RepeatsArrayNames()) {
+      m_repetitionLimit = kMaxAmplification * m_textLength + kRepetitionAlwaysAllowed;
+    }
     events.StartDocument();
     const bool hasRootName = !m_rootName.empty();
     if (hasRootName) {
@@ -239,8 +243,8 @@ class TJsonParser final : public IErrorPathProvider {
         "Unexpected End of File. Expected Array terminator character ']' at line %d, position %d.");
   }
 
-  // Each item of an array becomes an element with the array's name, indented: a short text with a
-  // long name could ask for any amount of memory.
+  // In XML each item of an array becomes an element with the array's name, indented: a short text
+  // with a long name could ask for any amount of memory.
   size_t GetItemCost() const noexcept {
     const size_t nameLength = m_levels.empty() ? m_rootName.size() : m_levels.back().length;
     return 2 * nameLength + m_levels.size();
@@ -262,7 +266,8 @@ class TJsonParser final : public IErrorPathProvider {
   TLexer m_lexer;
   const std::string_view m_rootName;
   const size_t m_maxDepth;
-  const size_t m_repetitionLimit;
+  const size_t m_textLength;
+  size_t m_repetitionLimit = static_cast<size_t>(-1);
   size_t m_repeatedBytes = 0;
   TEvents* m_events = nullptr;
   bool m_isInRoot = false;

@@ -24,6 +24,7 @@ class QVXML_API CJsonReaderDefaultHandler : public IJsonReaderHandler,
 
   /// Where events go from here; not owned. Null, as at first, drops them.
   void SetInnerHandler(IJsonReaderHandler* handler) noexcept { m_innerHandler = handler; }
+  IJsonReaderHandler* GetInnerHandler() const noexcept { return m_innerHandler; }
 
   void ReadStartDocument() override;
   void ReadEndDocument() override;

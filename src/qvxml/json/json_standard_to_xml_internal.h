@@ -23,6 +23,8 @@ class CStandardJsonToXml {
  public:
   CStandardJsonToXml(CXmlEmitter& emitter, JsonRoundTrip roundTrip, IErrorPathProvider& paths);
 
+  static constexpr bool RepeatsArrayNames() noexcept { return true; }
+
   void StartDocument() { m_emitter.StartDocument(); }
   void EndDocument() { m_emitter.EndDocument(); }
   void Name(std::string_view name);

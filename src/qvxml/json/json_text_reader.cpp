@@ -5,6 +5,7 @@
 
 #include "qvxml/json/json_lenient_lexer_internal.h"
 #include "qvxml/json/json_parser_internal.h"
+#include "qvxml/json/json_reader_to_xml_handler.h"
 #include "qvxml/json/json_strict_lexer_internal.h"
 
 namespace QvXmlLib16 {
@@ -14,7 +15,11 @@ namespace {
 // The events of the parser as those of the interface.
 class CHandlerEvents {
  public:
-  explicit CHandlerEvents(IJsonReaderHandler& handler) : m_handler(handler) {}
+  explicit CHandlerEvents(CJsonReaderDefaultHandler& handler) : m_handler(handler) {}
+
+  bool RepeatsArrayNames() const {
+    return dynamic_cast<const CJsonReaderToXmlHandler*>(m_handler.GetInnerHandler()) != nullptr;
+  }
 
   void StartDocument() { m_handler.ReadStartDocument(); }
   void EndDocument() { m_handler.ReadEndDocument(); }
@@ -31,7 +36,7 @@ class CHandlerEvents {
  private:
   const std::string& Text(std::string_view text) { return m_text = text; }
 
-  IJsonReaderHandler& m_handler;
+  CJsonReaderDefaultHandler& m_handler;
   std::string m_text;
 };
 

@@ -50,7 +50,9 @@ class QVXML_API CJsonTextReader : private TInstanceCounted<CJsonTextReader> {
 
   /// Reads the text from its beginning. Throws CQvValidationException, with the path, for malformed
   /// text; its message ends with "at line %d, position %d.", lines and bytes of the line counted
-  /// from 1. What a handler throws passes.
+  /// from 1. What a handler throws passes. Writing XML (CJsonReaderToXmlHandler as the handler, and
+  /// ConvertJsonToXml) repeats the name of an array for each item, and is refused where that is
+  /// more than 100 times the text, past 8 MiB: "JSON exceeded size limit at line %d, position %d.".
   void Read();
 
   /// Converts JSON text to XML text in UTF-8 as the context's JSON options tell. The text is in the

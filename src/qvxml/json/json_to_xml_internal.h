@@ -36,6 +36,8 @@ class TJsonToXml {
   }
   void EndDocument() { m_sink.EndDocument(); }
 
+  static constexpr bool RepeatsArrayNames() noexcept { return true; }
+
   void Name(std::string_view name) {
     if (name.empty()) {
       throw CQvValidationException("JSON item has an empty Name.", m_paths.GetPath());

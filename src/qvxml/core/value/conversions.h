@@ -57,9 +57,10 @@ class QVXML_API CConversions {
 
   /// "NaN", "INF", "-INF", or the value as printf writes it with `format`, cut at 31 characters.
   ///
-  /// `format` is text around exactly one floating conversion without "*" ("%%" is text, width and
-  /// precision have at most four digits). Anything else, "" included, counts as the default,
-  /// "%.7g" for r4 and "%.16g" for r8, which does not tell all values apart.
+  /// `format` is text around at most one floating conversion without "*" ("%%" is text, width and
+  /// precision have at most four digits); without one the result is that text. Anything else, ""
+  /// included, counts as the default, "%.7g" for r4 and "%.16g" for r8, which does not tell all
+  /// values apart.
   static std::string r4ToString(float value, const std::string& format);
   static std::string r4ToString(float value);
   static std::string r8ToString(double value, const std::string& format);
@@ -89,7 +90,8 @@ class QVXML_API CConversions {
   // Numbers of any length. Reading throws what the constructor of the class does.
 
   /// `format` is the number of fraction digits, read as strtol does ("%.2f" is 0 digits); with ""
-  /// all digits are written.
+  /// all digits are written. More digits than CBigInteger::GetExponentLimit() throw
+  /// CQvInvalidValueException "Invalid fractional divider [%d], the limit is %u".
   static std::string decimalToString(const CDecimal& value, const std::string& format);
   static std::string decimalToString(const CDecimal& value);
   static CDecimal decimalFromString(const std::string& text, CWhitespaceUtils::WhitespaceRule rule);

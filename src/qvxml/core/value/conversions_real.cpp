@@ -42,8 +42,9 @@ const char* SkipRealConversion(const char* position) {
                                                                             : nullptr;
 }
 
-// Formats come from metadata: printf must not be led to arguments that are not there.
-bool HasOneRealConversion(const char* format) {
+// Formats come from metadata: printf must not be led to arguments that are not there. Text without
+// any conversion is a format, too.
+bool ReadsAtMostOneReal(const char* format) {
   int count = 0;
   while ((format = std::strchr(format, '%')) != nullptr) {
     if (format[1] == '%') {
@@ -53,7 +54,7 @@ bool HasOneRealConversion(const char* format) {
     format = SkipRealConversion(format + 1);
     if (format == nullptr || ++count > 1) return false;
   }
-  return count == 1;
+  return true;
 }
 
 // Writes the value as "%.<precision><letter>"; an empty result says that it does not fit.
@@ -88,7 +89,7 @@ std::string_view WriteBySimpleFormat(double value, const char* format, NumberBuf
 
 std::string_view WriteByFormat(double value, const char* format, NumberBuffer& buffer) {
   const std::string_view text = WriteBySimpleFormat(value, format, buffer);
-  if (!text.empty() || !HasOneRealConversion(format)) return text;
+  if (!text.empty() || !ReadsAtMostOneReal(format)) return text;
   const CInvariantLocaleScope locale;
   const int length = std::snprintf(buffer.text, sizeof buffer.text, format, value);
   if (length < 0) return std::string_view();
