@@ -53,7 +53,12 @@ class QVXML_API CSerializationContext : private TInstanceCounted<CSerializationC
   /// Attributes that the class does not know are skipped.
   bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
   void SetIgnoreUnknownAttributes(bool value) { m_ignoreUnknownAttributes = value; }
-  /// Elements that the class does not know are skipped. Excludes IgnoreMissingMandatoryElements:
+  /// Elements that the class does not know are skipped, and **known ones behind them may be lost**.
+  /// In a sequence an optional member or a collection only looks at the next element, so behind an
+  /// unknown one it stays empty; a mandatory member skips on to its element, whatever comes before
+  /// it. In an all-group the first unknown element ends the reading. docs/xml.md has an example.
+  ///
+  /// Excludes IgnoreMissingMandatoryElements:
   /// reading can find its place again after one or the other, not both. Setting it to true while
   /// the other is true throws CQvInvalidStateException "The parser can only ignore additional
   /// elements, or ignore the fact that some required ones are missing, you can not ignore both\nSet

@@ -33,9 +33,9 @@ class QVXML_API CPatternLimits {
   static void SetMaxMemory(size_t bytes);
 
   /// Steps times the value's length: as one step may scan the whole value, long values are allowed
-  /// fewer steps and less memory, so that the product stays near this number and, at the default,
-  /// matching within about a second. Values of more than 16 MB may be refused by this limit, and so
-  /// may shorter ones that do not match when the pattern repeats a group.
+  /// fewer steps and less memory, so that the product stays near this number. At the default one
+  /// match takes some seconds at worst. Values of more than 16 MB may be refused by this limit, and
+  /// so may shorter ones that do not match when the pattern repeats a group.
   static unsigned long GetMaxWork();
   static void SetMaxWork(unsigned long work);
 };

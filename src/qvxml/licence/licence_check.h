@@ -10,7 +10,8 @@ namespace QvXmlLib16 {
 /// Kind of licence that code was generated under. The numbers are fixed.
 enum LicenceKind : int {
   LicenceKind_Licensed = 0,
-  /// One line on stderr at registration, and a comment in each document written.
+  /// One line on stderr at the first registration, and a comment in each document written, except
+  /// Fast Infoset and JSON of CJsonContext::SetWellFormed(true), which get none.
   LicenceKind_Evaluation = 1,
 };
 
@@ -28,7 +29,8 @@ QVXML_API void RegisterGeneratedCode(int generatedForVersion, LicenceKind kind);
 /// serve. Called at the start of every entry point.
 QVXML_API void CheckLicenceAndVersion();
 
-/// Text of the comment that each document gets, or null when none is due.
+/// Text of the comment that each document gets, or null when none is due. Fast Infoset and JSON of
+/// CJsonContext::SetWellFormed(true) leave it out.
 QVXML_API const char* GetEvaluationComment();
 
 }  // namespace QvXmlLib16
