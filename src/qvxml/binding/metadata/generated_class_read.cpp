@@ -16,6 +16,7 @@
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/core/value/item_traits.h"
 #include "qvxml/xml/node_access_internal.h"
 
 namespace QvXmlLib16 {
@@ -110,7 +111,7 @@ void CXmlGeneratedClass::ReadValue(CReading& reading) {
   const std::string& text = reading.element->GetText();
   QvVariant& value = reading.room;
   if (classInfo.IsRawText()) {
-    value.SetString(text);
+    ItemTraits<ItemType_string>::Lend(value, text);
   } else {
     value.FromString(text, classInfo.GetValueItemType(), CWhitespaceUtils::ws_none);
   }

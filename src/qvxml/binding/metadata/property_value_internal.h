@@ -22,7 +22,9 @@ class CPropertyRoomLoan {
  public:
   explicit CPropertyRoomLoan(CXmlWriter& writer)
       : m_writer(writer.GetPropertyRoom() == nullptr ? &writer : nullptr) {
-    if (m_writer != nullptr) m_writer->SetPropertyRoom(&m_room.emplace());
+    if (m_writer == nullptr) return;
+    m_room.emplace().m_takesLoans = true;
+    m_writer->SetPropertyRoom(&*m_room);
   }
   ~CPropertyRoomLoan() {
     if (m_writer != nullptr) m_writer->SetPropertyRoom(nullptr);

@@ -20,10 +20,15 @@ class CXmlAttribute;  // xml/xml_attribute.h
 
 /// A generated class holds no serialization code: it supplies metadata and access to its
 /// properties by index, and this class does the rest.
+///
+/// Objects are not copied: two would share their children and collections. To copy one, read what
+/// it writes.
 class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
  public:
   CXmlGeneratedClass();
   explicit CXmlGeneratedClass(const char* elementName);
+  CXmlGeneratedClass(const CXmlGeneratedClass&) = delete;
+  CXmlGeneratedClass& operator=(const CXmlGeneratedClass&) = delete;
   ~CXmlGeneratedClass() override;
 
   CXmlObjectBase* GetBase() override;

@@ -24,6 +24,10 @@ class CDecimal;            // types/decimal.h
 class CXmlCollectionBase;  // binding/xml_collection_base.h
 class CXmlObjectBase;      // binding/xml_object_base.h
 
+namespace detail {
+class CPropertyRoomLoan;  // binding/metadata/property_value_internal.h
+}
+
 /// A value with its ItemType, or none, or nil.
 ///
 /// Scalars and value objects are copied and owned, nearly all of them within the variant; generated
@@ -178,6 +182,7 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   friend class TInstanceCounted<QvVariant>;
   template <ItemType>
   friend struct ItemTraits;
+  friend class detail::CPropertyRoomLoan;
   static CInstanceCounter s_instances;
 
   // Who releases the value object that the slot points at.
@@ -239,6 +244,8 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   bool m_isNil = false;
   // The value object is borrowed, but its owner does not need it any more.
   bool m_isOffered = false;
+  // The library reads properties into this one, and is done with each before it may change.
+  bool m_takesLoans = false;
   Ownership m_ownership = Ownership::None;
   ItemType m_type = ItemType_none;
   uint64_t m_slot = 0;
