@@ -407,6 +407,14 @@ TEST(CheckRestriction, OfEachKindReadsBoundsAndWritesValuesOfItsOwn) {
   EXPECT_NO_THROW(C::CheckRestrictionForboolean("n", true, oneByte));
 }
 
+TEST(CPrimitiveRestrictions, AssignmentForgetsBoundsThatWereRead) {
+  CPrimitiveRestrictions facets = AtMost("5");
+  EXPECT_EQ(Check(ItemType_i4, "7", facets), Bad("7"));
+  facets = AtMost("9");
+  EXPECT_EQ(Check(ItemType_i4, "7", facets), "");
+  EXPECT_EQ(Check(ItemType_i4, "10", facets), Bad("10"));
+}
+
 TEST(CPrimitiveRestrictions, TellsWhetherThereIsAFacet) {
   EXPECT_FALSE(CPrimitiveRestrictions().HasFacets());
   const CPrimitiveRestrictions onlyOne[] = {
