@@ -128,6 +128,10 @@ TEST_F(CDocumentLoadingTest, LoadsItsOwnText) {
   document.LoadXml("<a><![CDATA[<inner>a text too long for the element itself</inner>]]></a>");
   document.LoadXml(document.GetDocumentElement()->GetText().c_str());
   EXPECT_EQ(Dump(document.GetDocumentElement()), "inner 'a text too long for the element itself'");
+  CXmlDocument prefixes;
+  prefixes.AddNamespacePrefix("p", "<b>a text too long for the string itself</b>");
+  prefixes.LoadXml(prefixes.LookupNamespaceFromAlias("p").c_str());
+  EXPECT_EQ(Dump(prefixes.GetDocumentElement()), "b 'a text too long for the string itself'");
 }
 
 TEST_F(CDocumentLoadingTest, LoadsPlainAndCompressedFiles) {

@@ -459,6 +459,56 @@ TEST(DriverReading, ManyMembersInReverse) {
   EXPECT_EQ(2u * kMembers, object.values.size());
 }
 
+// Names remember whose they are, and texts are moved out of a tree that nobody else sees.
+TEST(DriverReading, ATreeGivesTheSameAgain) {
+  DrivenSchema schema(kSequence, "r");
+  for (const int index : {0, 1}) {
+    schema.AddAttribute<CAttributeInfoEnum>("x", index == 0 ? "urn:a" : "urn:b", index, true,
+                                            qv_test::ColourToText, qv_test::TextToColour, "");
+  }
+  AddAttribute(schema, "y", 2, true);
+  AddAttribute(schema, "z", 3, true);
+  for (const int index : {4, 5}) {
+    schema.Add<CElementInfoSeqPrimOpt>("s", index == 4 ? "urn:a" : "urn:b", index, false,
+                                       ItemType_string, "", CWhitespaceUtils::ws_preserve,
+                                       CPrimitiveRestrictions(), "");
+  }
+  AddI4<CElementInfoSeqPrimMnd>(schema, "i", 6);
+  const std::string xml =
+      "<r xmlns:b='urn:b' z='1' b:x='blue' y='7'><b:s>more than fits in place</b:s><i>3</i></r>";
+  const std::string rest = " 2=7 3=1 5=more than fits in place 6=3";
+  const std::string leniently = "0=2 2=7 3=1 4=more than fits in place 6=3";
+  CXmlDocument document;
+  document.LoadXml(xml.c_str());
+  for (const char* options : {"", "N", "", "", "N", "N"}) {
+    SCOPED_TRACE(options);
+    const std::string expected = *options == 'N' ? leniently : "1=2" + rest;
+    CDriven object(schema);
+    object.FromXmlElement(document.GetDocumentElement(), Context(options));
+    EXPECT_EQ(expected, object.Dump());
+    EXPECT_EQ(expected, Read(object, xml, Context(options)));
+    EXPECT_EQ(expected, Read(object, xml, Context(options)));
+  }
+}
+
+TEST(Driver, KeepsAnyName) {
+  DrivenSchema schema(kSequence, "r");
+  for (const std::string& name : {std::string(), std::string("other"), std::string(300, 'n')}) {
+    CDriven object(schema);
+    object.SetElementName(name.c_str());
+    object.SetElementName(object.GetElementName().c_str());
+    if (!name.empty()) {
+      CDriven reader(schema);
+      reader.FromXml(("<" + name + "/>").c_str());
+      EXPECT_EQ(name, reader.GetElementName());
+      static_cast<CXmlObjectBase&>(object) = reader;
+    }
+    EXPECT_EQ(name, object.GetElementName());
+    object.SetElementName(nullptr);
+    EXPECT_EQ("", object.GetElementName());
+  }
+}
+
 TEST(DriverReading, WhatIsNotOfTheFamilyPassesUnchanged) {
   struct CForeign {};
   class CThrowing : public CDriven {

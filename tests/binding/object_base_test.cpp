@@ -235,9 +235,8 @@ TEST_F(CXmlObjectBaseTest, LivesUntilItsLastReferenceGoes) {
   EXPECT_EQ(1, first->AddRef());
   EXPECT_EQ(2, first->AddRef());
   first->SetElementName("first");
-  // A copy starts without references; an assignment leaves them alone.
-  auto* second = new CDriven(*first);
-  EXPECT_EQ("first", second->GetElementName());
+  // An assignment leaves them alone.
+  auto* second = new CDriven(schema);
   EXPECT_EQ(1, second->AddRef());
   first->SetElementName(nullptr);
   static_cast<CXmlObjectBase&>(*second) = *first;

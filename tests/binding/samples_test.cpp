@@ -14,6 +14,7 @@
 #include "tests/samples/settings.h"
 #include "tests/samples/shapes.h"
 #include "tests/samples/tree.h"
+#include "tests/samples/typed_nillables.h"
 #include "tests/support/qv_gtest.h"
 #include <gtest/gtest.h>
 
@@ -362,6 +363,35 @@ TEST_F(Samples, PropertiesRefuseWhatIsNotTheirs) {
                   "The object [voucher] is not of the class of the property");
   EXPECT_QV_THROW(node->AccessProperty(2, false, value), CQvInvalidStateException,
                   "A collection can not be replaced");
+  value.SetI4(1);
+  EXPECT_QV_THROW(chain->AccessProperty(1, false, value), CQvException, "Invalid Type 5");
+  const CSmartPtr<CSettings> settings(new CSettings);
+  value.SetI4(1L << 32);
+  EXPECT_QV_THROW(settings->AccessProperty(2, false, value), CQvInvalidValueException,
+                  "The number [4294967296] is not one of the enumeration");
+}
+
+TEST_F(Samples, PropertiesAndVariantsHaveTheirOwnValues) {
+  const std::string text(300, 'x');
+  const CSmartPtr<CTypedNillables> first(new CTypedNillables), second(new CTypedNillables);
+  QvVariant value;
+  value.SetString(text);
+  for (const auto& object : {first, second}) {
+    object->AccessProperty(ItemType_string, false, value);
+    QvVariant got;
+    object->AccessProperty(ItemType_string, true, got);
+    object->AccessProperty(ItemType_string, false, got);
+    QvVariant number;
+    number.SetI4(1);
+    EXPECT_QV_THROW(object->AccessProperty(ItemType_string, false, number), CQvException,
+                    "Invalid Type 5");
+    QvVariant nil;
+    nil.SetNil();
+    object->AccessProperty(ItemType_string, false, nil);
+    EXPECT_EQ(got.GetString(), text);
+    object->AccessProperty(ItemType_string, true, nil);
+    EXPECT_TRUE(nil.IsNil());
+  }
 }
 
 }  // namespace

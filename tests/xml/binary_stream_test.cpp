@@ -99,6 +99,14 @@ TEST(CFileBinaryStream, FollowsSymbolicLinks) {
   EXPECT_QV_THROW(CFileBinaryStream(nullptr, Encoding_UTF8).ToFile(), CQvException, FailureOf(""));
 }
 
+TEST(CFileBinaryStream, KeepsTheNamesOfAFileTogether) {
+  const TemporaryFolder folder;
+  WriteFile(folder.PathOf("one"), "longer than the new");
+  ASSERT_EQ(0, link(folder.PathOf("one").c_str(), folder.PathOf("other").c_str()));
+  ToFile(folder.PathOf("one"), "new");
+  EXPECT_EQ("new", ReadFile(folder.PathOf("other")));
+}
+
 // The name of a temporary file makes the longest possible path too long.
 TEST(CFileBinaryStream, WritesToTheLongestPath) {
   constexpr size_t kLongest = 4095;

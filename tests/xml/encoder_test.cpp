@@ -32,6 +32,7 @@ TEST(CEncoder, EncodesText) {
       {"no character begins with a trail byte", "a\x80z", "a?z", U"a?z"},
       {"reading resumes one byte later", "\xE2\x82z", "??z", U"??z"},
       {"incomplete at the end", "ab\xC3", "ab?", U"ab?"},
+      {"beyond the last character", "\xF4\x90\x80\x80", "????", U"????"},
       {"zero byte", std::string("a\0\xC3\xA9", 4), std::string("a\0\xC3\xA9", 4),
        std::u32string(U"a\0\u00E9", 3)},
       {"longer than one round of decoding", std::string(3000, 'x') + "\xC3\xA9",

@@ -54,6 +54,8 @@ TEST_F(CExpatReaderTest, KeepsNamesAttributesAndText) {
       {"text around children", "<a> 1<b>2<c>3</c>4</b>5<b/>6 </a>",
        "a ' 156 ' [b '24' [c '3'], b]"},
       {"carriage returns", "<a>1\r\n2\r3&#13;&#10;4&#13;</a>", "a '1\n2\n3\n4'"},
+      {"carriage return in an entity",
+       "<!DOCTYPE a [<!ENTITY e 'in&#13;ner'>]><a>&e;<b>&e;</b></a>", "a 'inner' [b 'inner']"},
       {"carriage return in a value", "<a b='1&#13;2'/>", "a(b='1\r2')"},
       {"default namespace", "<a xmlns='urn:d' b='1'><c/></a>", "{urn:d}a(b='1') [{urn:d}c]"},
       {"no namespace again", "<a xmlns='urn:d'><c xmlns=''/></a>", "{urn:d}a [c]"},

@@ -70,11 +70,12 @@ void CXmlDocument::TakeInput(CBinaryData&& input) {
   m_inputLength = m_ownInput.GetLength();
 }
 
-// Without a copy, unless the source may be text of the tree that goes now.
+// Without a copy, unless the source may be text of the tree, or of the prefixes, that go now.
 void CXmlDocument::BorrowInput(const void* source, size_t length) {
   const auto* const bytes = static_cast<const unsigned char*>(source);
   if (bytes == nullptr || length == 0) return SetInput(CBinaryData());
-  if (m_documentElement != nullptr) return SetInput(CBinaryData(bytes, length));
+  const bool mayBeOwn = m_documentElement != nullptr || !m_namespaceByPrefix.empty();
+  if (mayBeOwn) return SetInput(CBinaryData(bytes, length));
   Cleanup();
   m_input = bytes;
   m_inputLength = length;

@@ -17,6 +17,7 @@ namespace QvXmlLib16::detail {
 /// thread.
 class QVXML_API CFacetText {
  public:
+  CFacetText() noexcept = default;
   explicit CFacetText(std::string text) noexcept;
   CFacetText(const CFacetText& other) : CFacetText(other.m_text) {}
   CFacetText& operator=(const CFacetText& other);

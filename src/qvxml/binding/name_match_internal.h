@@ -43,14 +43,19 @@ inline bool DoesNameMatch(const CSerializationContext& ctx, const CXmlElement* e
                        ctx.GetIgnoreNamespaces());
 }
 
+/// Whether the two have one name, for elements of one document and null.
+inline bool HasSameName(const CXmlElement* left, const CXmlElement* right) {
+  return left != nullptr && right != nullptr &&
+         &CNodeAccess::NameOf(*left) == &CNodeAccess::NameOf(*right);
+}
+
 /// How many elements from this one on have its name, up to a number from which on counting does not
 /// save more than it costs.
 inline std::size_t CountAlike(const CXmlElement& first) {
   constexpr std::size_t kEnough = 64;
   std::size_t count = 1;
   const CXmlElement* next = first.GetNextSiblingElement();
-  while (count < kEnough && next != nullptr &&
-         &CNodeAccess::NameOf(*next) == &CNodeAccess::NameOf(first)) {
+  while (count < kEnough && HasSameName(next, &first)) {
     ++count;
     next = next->GetNextSiblingElement();
   }

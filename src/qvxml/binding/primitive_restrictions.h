@@ -14,15 +14,17 @@
 namespace QvXmlLib16 {
 
 /// Facets as generated code states them; CXmlObjectHelper (facet_checks.h) tells what each means
-/// for a type. Without arguments, no facet at all.
+/// for a type.
 class QVXML_API CPrimitiveRestrictions : private TInstanceCounted<CPrimitiveRestrictions> {
  public:
+  /// No facet at all.
+  CPrimitiveRestrictions() = default;
   /// A facet is absent when its text is "", its number is negative or its list is empty. Lengths
   /// count bytes. Bounds are XSD text, converted to the value's type when a value is checked, so
   /// that text which is not of that type throws then. `enumeration` lists the allowed values as XSD
   /// text.
   explicit CPrimitiveRestrictions(
-      std::string pattern = std::string(), std::int64_t minLength = -1, std::int64_t maxLength = -1,
+      std::string pattern, std::int64_t minLength = -1, std::int64_t maxLength = -1,
       std::string minInclusive = std::string(), std::string maxInclusive = std::string(),
       std::string minExclusive = std::string(), std::string maxExclusive = std::string(),
       std::int64_t length = -1, std::int64_t totalDigits = -1, std::int64_t fractionDigits = -1,
@@ -60,17 +62,17 @@ class QVXML_API CPrimitiveRestrictions : private TInstanceCounted<CPrimitiveRest
   static CInstanceCounter s_instances;
 
   std::string m_pattern;
-  std::int64_t m_minLength;
-  std::int64_t m_maxLength;
+  std::int64_t m_minLength = -1;
+  std::int64_t m_maxLength = -1;
   detail::CFacetText m_minInclusive;
   detail::CFacetText m_maxInclusive;
   detail::CFacetText m_minExclusive;
   detail::CFacetText m_maxExclusive;
-  std::int64_t m_length;
-  std::int64_t m_totalDigits;
-  std::int64_t m_fractionDigits;
+  std::int64_t m_length = -1;
+  std::int64_t m_totalDigits = -1;
+  std::int64_t m_fractionDigits = -1;
   std::vector<std::string> m_enumeration;
-  bool m_hasFacets;
+  bool m_hasFacets = false;
 };
 
 }  // namespace QvXmlLib16

@@ -10,8 +10,10 @@ namespace QvXmlLib16::detail {
 
 /// The one string of that text, which lives as long as the process, or null for a text that is not
 /// shared: a long one, or one for which there is no room after many others. Safe from any thread,
-/// without a lock.
-const std::string* FindSharedName(std::string_view text);
+/// without a lock. Quickest for a literal, of which there are not many.
+const std::string* FindSharedName(const char* text);
+/// The same, but null also for a text that nobody has asked for yet.
+const std::string* FindKnownName(std::string_view text);
 
 }  // namespace QvXmlLib16::detail
 

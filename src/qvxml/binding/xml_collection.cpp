@@ -31,6 +31,10 @@ CXmlCollection::CXmlCollection(const char* elementName, const char* namespaceUri
 CXmlCollection::~CXmlCollection() = default;
 
 void CXmlCollection::Add(CSmartPtr<CXmlObjectBase> item) {
+  if (item && !HasListeners()) {
+    m_items.push_back(std::move(item));
+    return;
+  }
   Insert(std::move(item), [this] { return m_items.size(); });
 }
 
@@ -119,13 +123,14 @@ void CXmlCollection::ToXml_Int(CXmlWriter* writer, bool, const char*,
 CXmlElement* CXmlCollection::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                          const CSerializationContext& ctx, bool) {
   CXmlElement* cursor = firstChild;
-  if (m_items.empty() && MayTake(ctx, cursor)) m_items.reserve(detail::CountAlike(*cursor));
-  while (MayTake(ctx, cursor)) {
-    CXmlElement* const next = ReadItem(element, cursor, ctx);
+  if (!MayTake(ctx, cursor)) return cursor;
+  if (m_items.empty()) m_items.reserve(detail::CountAlike(*cursor));
+  const CXmlElement* taken = nullptr;
+  do {
+    taken = cursor;
+    cursor = ReadItem(element, cursor, ctx);
     // An item that takes nothing would do so for ever.
-    if (next == cursor) break;
-    cursor = next;
-  }
+  } while (cursor != taken && (detail::HasSameName(cursor, taken) || MayTake(ctx, cursor)));
   return cursor;
 }
 

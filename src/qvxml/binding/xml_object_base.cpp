@@ -30,9 +30,9 @@ void* IndexOrAll(int& index) { return index == -1 ? nullptr : &index; }
 
 constinit CInstanceCounter CXmlObjectBase::s_instances("CXmlObjectBase");
 
-CXmlObjectBase::CXmlObjectBase() = default;
+CXmlObjectBase::CXmlObjectBase() : CXmlObjectBase(nullptr) {}
 
-CXmlObjectBase::CXmlObjectBase(const char* elementName) : m_elementName(View(elementName)) {}
+CXmlObjectBase::CXmlObjectBase(const char* elementName) : m_elementName(elementName) {}
 
 CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other)
     : IEventSink(other), TInstanceCounted(other), m_elementName(other.m_elementName) {}
@@ -48,7 +48,13 @@ void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
 
 void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContext&) const {}
 
-void CXmlObjectBase::SetElementName(const char* elementName) { m_elementName = View(elementName); }
+void CXmlObjectBase::SetElementName(const char* elementName) {
+  m_elementName = detail::CObjectName(elementName);
+}
+
+void CXmlObjectBase::AdoptElementName(const std::string& elementName) {
+  m_elementName = detail::CObjectName(elementName);
+}
 
 long long CXmlObjectBase::AddRef() noexcept {
   return m_references.fetch_add(1, std::memory_order_relaxed) + 1;

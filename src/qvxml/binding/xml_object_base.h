@@ -8,6 +8,7 @@
 #include <string>
 
 #include "qvxml/binding/event_sink.h"
+#include "qvxml/binding/object_name.h"
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/fastinfoset/fi_declaration.h"
 #include "qvxml/support/export.h"
@@ -163,7 +164,7 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
 
   // Element name and references.
 
-  const std::string& GetElementName() const { return m_elementName; }
+  const std::string& GetElementName() const { return m_elementName.Get(); }
   /// Null is "".
   void SetElementName(const char* elementName);
   /// Adds a reference; returns the new count. From any thread.
@@ -238,6 +239,10 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
   bool TestNamespace(const char* namespaceUri, const char* allowedList,
                      const char* targetNamespace) const;
 
+ protected:
+  /// SetElementName for a name that an input gives.
+  void AdoptElementName(const std::string& elementName);
+
  private:
   friend class TInstanceCounted<CXmlObjectBase>;
   static CInstanceCounter s_instances;
@@ -247,7 +252,7 @@ class QVXML_API CXmlObjectBase : public IEventSink, private TInstanceCounted<CXm
 
   static void Destroy(CXmlObjectBase* object);
 
-  std::string m_elementName;
+  detail::CObjectName m_elementName;
   std::atomic<long long> m_references{0};
 };
 

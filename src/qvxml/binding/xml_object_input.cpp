@@ -10,6 +10,7 @@
 #include "qvxml/core/exception.h"
 #include "qvxml/json/json_context.h"
 #include "qvxml/licence/licence_check.h"
+#include "qvxml/xml/node_access_internal.h"
 #include "qvxml/xml/xml_document.h"
 #include "qvxml/xml/xml_element.h"
 
@@ -25,27 +26,35 @@ void ReadRoot(CXmlObjectBase& object, CXmlElement* root, const CSerializationCon
   }
 }
 
+// Of a document that goes when it is read: objects need not copy what they can have.
+void ReadDocument(CXmlObjectBase& object, const CXmlDocument& document,
+                  const CSerializationContext& ctx) {
+  CXmlElement* const root = document.GetDocumentElement();
+  detail::CNodeAccess::SetExpendable(*root);
+  ReadRoot(object, root, ctx);
+}
+
 }  // namespace
 
 void CXmlObjectBase::FromXml(const char* text, const CSerializationContext& ctx) {
   CheckLicenceAndVersion();
   CXmlDocument document(ctx);
   document.LoadXml(text);
-  ReadRoot(*this, document.GetDocumentElement(), ctx);
+  ReadDocument(*this, document, ctx);
 }
 
 void CXmlObjectBase::FromXml(const wchar_t* text, const CSerializationContext& ctx) {
   CheckLicenceAndVersion();
   CXmlDocument document(ctx);
   document.LoadXml(text);
-  ReadRoot(*this, document.GetDocumentElement(), ctx);
+  ReadDocument(*this, document, ctx);
 }
 
 void CXmlObjectBase::FromXmlFile(const char* path, const CSerializationContext& ctx) {
   CheckLicenceAndVersion();
   CXmlDocument document(ctx);
   document.Load(path);
-  ReadRoot(*this, document.GetDocumentElement(), ctx);
+  ReadDocument(*this, document, ctx);
 }
 
 void CXmlObjectBase::FromXmlStream(unsigned char* bytes, unsigned long length,
@@ -53,7 +62,7 @@ void CXmlObjectBase::FromXmlStream(unsigned char* bytes, unsigned long length,
   CheckLicenceAndVersion();
   CXmlDocument document(ctx);
   document.LoadXmlStream(bytes, length);
-  ReadRoot(*this, document.GetDocumentElement(), ctx);
+  ReadDocument(*this, document, ctx);
 }
 
 void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& ctx) {

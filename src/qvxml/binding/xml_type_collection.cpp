@@ -57,10 +57,14 @@ CXmlTypeCollection::~CXmlTypeCollection() = default;
 CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* firstChild,
                                              const CSerializationContext& ctx, bool) {
   CXmlElement* cursor = firstChild;
-  if (GetCount() == 0 && IsItemElement(ctx, cursor)) Reserve(detail::CountAlike(*cursor));
-  for (; IsItemElement(ctx, cursor); cursor = cursor->GetNextSiblingElement()) {
+  if (!IsItemElement(ctx, cursor)) return cursor;
+  if (GetCount() == 0) Reserve(detail::CountAlike(*cursor));
+  const CXmlElement* taken = nullptr;
+  do {
+    taken = cursor;
     AddFromString(cursor->GetText());
-  }
+    cursor = cursor->GetNextSiblingElement();
+  } while (detail::HasSameName(cursor, taken) || IsItemElement(ctx, cursor));
   return cursor;
 }
 

@@ -117,6 +117,9 @@ CAlphabet::CAlphabet(std::string_view characters) {
     m_isAscii = m_isAscii && character < 0x80;
   }
   while ((size_t{1} << m_width) <= m_characters.size()) ++m_width;
+  m_takesHalves = m_width == 4 && m_isAscii;
+  m_byHalf.fill(kNoCharacter);
+  if (m_takesHalves) std::copy(m_characters.begin(), m_characters.end(), m_byHalf.begin());
   std::u32string sorted = m_characters;
   std::sort(sorted.begin(), sorted.end());
   m_isValid =
@@ -124,6 +127,7 @@ CAlphabet::CAlphabet(std::string_view characters) {
 }
 
 bool CAlphabet::Decode(std::string_view octets, std::string& text) const {
+  if (m_takesHalves) return DecodeHalves(octets, text);
   text.clear();
   if (!m_isAscii) {
     return DecodeFields(octets, [&text](char32_t character) { AppendUtf8(text, character); });
@@ -134,6 +138,32 @@ bool CAlphabet::Decode(std::string_view octets, std::string& text) const {
       DecodeFields(octets, [&end](char32_t character) { *end++ = static_cast<char>(character); });
   text.resize(static_cast<size_t>(end - text.data()));
   return isDecoded;
+}
+
+// The built-in alphabets, two characters an octet. The filling has no character.
+bool CAlphabet::DecodeHalves(std::string_view octets, std::string& text) const {
+  constexpr unsigned kFiller = 0xF;
+  if (octets.empty()) return false;
+  text.resize(2 * octets.size());
+  char* to = text.data();
+  unsigned seen = 0;
+  const auto put = [&](unsigned half) {
+    seen |= m_byHalf[half];
+    *to++ = static_cast<char>(m_byHalf[half]);
+  };
+  const auto last = static_cast<unsigned char>(octets.back());
+  octets.remove_suffix(1);
+  for (const char octet : octets) {
+    put(static_cast<unsigned char>(octet) >> 4);
+    put(static_cast<unsigned char>(octet) & kFiller);
+  }
+  put(last >> 4);
+  if ((last & kFiller) != kFiller) {
+    put(last & kFiller);
+  } else {
+    text.pop_back();
+  }
+  return (seen & kNoCharacter) == 0;
 }
 
 template <class TAppend>

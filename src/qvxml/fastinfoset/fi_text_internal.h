@@ -4,6 +4,7 @@
 #ifndef QVXML_FASTINFOSET_FI_TEXT_INTERNAL_H_
 #define QVXML_FASTINFOSET_FI_TEXT_INTERNAL_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -69,10 +70,16 @@ class CAlphabet {
   bool Decode(std::string_view octets, std::string& text) const;
 
  private:
+  bool DecodeHalves(std::string_view octets, std::string& text) const;
   template <class TAppend>
   bool DecodeFields(std::string_view octets, const TAppend& append) const;
 
+  static constexpr unsigned char kNoCharacter = 0x80;
+
   std::u32string m_characters;
+  // Where each is ASCII and takes half an octet: that of each half, or kNoCharacter.
+  bool m_takesHalves = false;
+  std::array<unsigned char, 16> m_byHalf{};
   unsigned m_width = 1;
   bool m_isAscii = true;
   bool m_isValid = false;

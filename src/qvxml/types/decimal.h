@@ -108,6 +108,9 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
   void Parse(const char* text);
   /// Parse for `length` bytes; `text` may be null when it is 0.
   void Parse(const char* text, std::size_t length);
+  /// Parse for a few digits, with a minus and a point or without. False for any other text, also
+  /// one that Parse would take, and the value is unchanged then.
+  bool ParseShort(std::string_view text) noexcept;
   /// The shortest text when the value is rationalised, without an exponent: "12", "-0.5", "1.05". A
   /// fraction other than zero is written with all digits of its scale.
   std::string ToString() const;
@@ -248,7 +251,6 @@ class QVXML_API CDecimal : private TInstanceCounted<CDecimal> {
     m_isLong = false;
   }
 
-  bool ParseShort(std::string_view text) noexcept;
   void Assign(const detail::DecimalDigits& digits);
   void AppendShortTo(std::string& text) const;
   std::size_t GetTextLength(const Parts& parts) const noexcept;

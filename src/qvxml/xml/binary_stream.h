@@ -50,9 +50,10 @@ class QVXML_API CFileBinaryStream : public CBinaryStream {
   /// Writes the file: FF FE for the two wide encodings, then all bytes.
   ///
   /// A new or regular file is written under a temporary name in its folder and then renamed, so a
-  /// failure leaves no half document, and what was there before stays; permission bits are kept,
-  /// symbolic links followed. Anything else is written directly. Throws CQvException "Failed to
-  /// write data to the file [%s].".
+  /// failure leaves no half document, and what was there before stays; owner, group and permission
+  /// bits are kept, symbolic links followed; access lists and extended attributes are not kept.
+  /// Anything else, and a file with several names (hard links), is written directly. Throws
+  /// CQvException "Failed to write data to the file [%s].".
   void ToFile() const;
 
  private:

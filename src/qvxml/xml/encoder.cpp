@@ -21,7 +21,8 @@ CBinaryData CopyOf(const char* text, size_t length) { return CBinaryData(AsBytes
 
 size_t LengthOf(const char* text) { return text != nullptr ? std::strlen(text) : 0; }
 
-// Reads one character as mbrtowc does; what it rejects is "?" and one byte long.
+// Reads one character as mbrtowc does; what it rejects is "?" and one byte long. So is what it
+// takes though it is no character of Unicode.
 size_t DecodeCharacter(const char* text, size_t length, std::mbstate_t& state, wchar_t& character) {
   // NOLINTNEXTLINE(concurrency-mt-unsafe): it is safe with a state of the caller's own.
   const size_t used = std::mbrtowc(&character, text, length, &state);
@@ -30,7 +31,7 @@ size_t DecodeCharacter(const char* text, size_t length, std::mbstate_t& state, w
     return 1;
   }
   // Both failures are the largest values of size_t.
-  if (used <= length) return used;
+  if (used <= length && detail::IsScalarValue(static_cast<char32_t>(character))) return used;
   state = std::mbstate_t{};
   character = L'?';
   return 1;

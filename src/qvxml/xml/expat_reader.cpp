@@ -53,6 +53,8 @@ constexpr size_t kMaxToken = kMaxBuffer - (size_t{64} << 20);
 constexpr size_t kRepeatedNameShare = 4;
 
 constexpr size_t kFirstOpenText = 1024;
+// What is copied without a call.
+constexpr size_t kShortText = 16;
 
 // The parser does not report every allocation that fails: it may say that a prefix is unbound, or
 // nothing. So it allocates through functions that take note, each thread for itself.
@@ -109,9 +111,8 @@ void CExpatReader::CreateParser() {
   if (!m_document.StripsCDATA()) {
     XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
   }
-  if (m_document.RefusesDocumentType()) {
-    XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
-  }
+  m_hasDocumentType = false;
+  XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
   SetEntityLimit();
 }
 
@@ -228,8 +229,8 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
   for (size_t i = 0; i < count; ++i) {
     const CXmlName* name = ReadName(atts[2 * i]);
     const char* value = atts[2 * i + 1];
-    const std::string converted = m_convertsText ? ToInternalText(value) : std::string();
-    const std::string_view text = m_convertsText ? std::string_view(converted) : value;
+    if (m_convertsText) value = (m_converted = ToInternalText(value)).c_str();
+    const std::string_view text = value;
     // Attributes that the document type adds cost the input nothing.
     if (i >= specified) ChargeRepetition(sizeof(CXmlAttribute) + text.size());
     element->AppendAttribute(*m_arena, name, text);
@@ -238,16 +239,18 @@ inline void CExpatReader::AddAttributes(CXmlElement* element, const char** atts)
 
 // Gives an element the text from `start` on.
 inline void CExpatReader::TakeOpenText(CXmlElement& element, size_t start) {
-  const std::string_view text(m_openText.data() + start, m_openTextSize - start);
-  if (!m_hasReturn) {
-    element.AppendWholeText(*m_arena, text);
-  } else {
-    std::string kept;
-    detail::AppendExcludingCR(kept, text.data(), text.size());
-    element.AppendWholeText(*m_arena, kept);
-  }
+  if (m_openTextSize == start) return;
+  std::string_view text(m_openText.data() + start, m_openTextSize - start);
+  if (m_hasReturn) text = WithoutReturns(text);
+  element.AppendWholeText(*m_arena, text);
   m_openTextSize = start;
   if (start == 0) m_hasReturn = false;
+}
+
+std::string_view CExpatReader::WithoutReturns(std::string_view text) {
+  m_converted.clear();
+  detail::AppendExcludingCR(m_converted, text.data(), text.size());
+  return m_converted;
 }
 
 inline void CExpatReader::EndElement() {
@@ -259,10 +262,16 @@ inline void CExpatReader::EndElement() {
   m_document.CloseElement();
 }
 
+// The parser turns line ends into line feeds; only a character reference makes a carriage return.
+// It is reported by itself, or within the text of an entity.
+inline void CExpatReader::NoteReturn(const char* text, size_t length) {
+  const bool isReturn =
+      length == 1 ? *text == '\r' : m_hasDocumentType && std::memchr(text, '\r', length) != nullptr;
+  if (isReturn) m_hasReturn = true;
+}
+
 inline void CExpatReader::AppendText(const char* text, size_t length) {
-  // The parser turns line ends into line feeds; only a character reference, which it reports by
-  // itself, makes a carriage return.
-  if (length == 1 && *text == '\r') m_hasReturn = true;
+  NoteReturn(text, length);
   if (m_convertsText) {
     AppendOpenText(Utf8ToLocalCodePage(text, length));
   } else {
@@ -352,17 +361,22 @@ void CExpatReader::FnEndElement(void* userData, const char*) {
   Guard(userData, [](CExpatReader& reader) { reader.EndElement(); });
 }
 
+// Called several times for an element, mostly with a few characters that there is room for: those
+// are copied with nothing to save and restore.
 void CExpatReader::FnText(void* userData, const char* text, int length) {
   CExpatReader& reader = *static_cast<CExpatReader*>(userData);
-  // Called several times for an element: with nothing to save and restore where there is room.
-  if (!reader.m_convertsText && reader.m_failure == nullptr &&
-      reader.m_openText.size() - reader.m_openTextSize >= static_cast<size_t>(length)) {
-    return reader.AppendText(text, static_cast<size_t>(length));
+  const size_t size = static_cast<size_t>(length);
+  if (size > kShortText || size > reader.m_openText.size() - reader.m_openTextSize ||
+      reader.m_convertsText || reader.m_failure != nullptr) {
+    return FnOtherText(userData, text, length);
   }
-  const auto append = [](void* data, const char* bytes, int count) __attribute__((noinline)) {
-    Guard(data, [&](CExpatReader& self) { self.AppendText(bytes, static_cast<size_t>(count)); });
-  };
-  append(userData, text, length);
+  reader.NoteReturn(text, size);
+  detail::CopyShort(reader.m_openText.data() + reader.m_openTextSize, text, size);
+  reader.m_openTextSize += size;
+}
+
+void CExpatReader::FnOtherText(void* userData, const char* text, int length) {
+  Guard(userData, [&](CExpatReader& self) { self.AppendText(text, static_cast<size_t>(length)); });
 }
 
 void CExpatReader::FnStartCDATA(void* userData) {
@@ -374,7 +388,10 @@ void CExpatReader::FnEndCDATA(void* userData) {
 }
 
 void CExpatReader::FnStartDocumentType(void* userData, const char*, const char*, const char*, int) {
-  Guard(userData, [](CExpatReader& reader) { reader.ThrowDocumentTypeRefused(); });
+  Guard(userData, [](CExpatReader& reader) {
+    if (reader.m_document.RefusesDocumentType()) reader.ThrowDocumentTypeRefused();
+    reader.m_hasDocumentType = true;
+  });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const char* prefix, const char* uri) {

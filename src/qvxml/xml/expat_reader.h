@@ -60,6 +60,7 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   static void FnStartElement(void* userData, const char* name, const char** atts);
   static void FnEndElement(void* userData, const char* name);
   static void FnText(void* userData, const char* text, int length);
+  __attribute__((noinline)) static void FnOtherText(void* userData, const char* text, int length);
   static void FnStartCDATA(void* userData);
   static void FnEndCDATA(void* userData);
   static void FnStartDocumentType(void* userData, const char* name, const char* systemId,
@@ -81,6 +82,7 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   void StartElement(const char* name, const char** atts);
   void AddAttributes(CXmlElement* element, const char** atts);
   void EndElement();
+  void NoteReturn(const char* text, size_t length);
   void AppendText(const char* text, size_t length);
   void StartNamespace(const char* prefix, const char* uri);
 
@@ -88,6 +90,7 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   const detail::CXmlName* FindName(const char* name);
   std::string ToInternalText(std::string_view text) const;
   void TakeOpenText(CXmlElement& element, size_t start);
+  std::string_view WithoutReturns(std::string_view text);
   void AppendOpenText(std::string_view text);
   void WidenOpenText(size_t length);
   void FlushOpenText();
@@ -107,7 +110,10 @@ class QVXML_API CExpatReader : private TInstanceCounted<CExpatReader> {
   size_t m_openTextSize = 0;
   // Whether there may be a carriage return in it.
   bool m_hasReturn = false;
+  bool m_hasDocumentType = false;
   std::vector<size_t> m_openTextStarts;
+  // A text that had to be changed, until the next one.
+  std::string m_converted;
   const detail::CXmlName* m_lastName = nullptr;
   size_t m_repeatedBytes = 0;
   size_t m_repetitionLimit = 0;

@@ -104,8 +104,8 @@ Target Resolve(const std::string& path) {
     }
     if (!S_ISLNK(entry.st_mode)) {
       target.exists = stat(path.c_str(), &target.file) == 0;
-      target.isReplaceable =
-          target.exists && S_ISREG(entry.st_mode) && IsSameFile(entry, target.file);
+      target.isReplaceable = target.exists && S_ISREG(entry.st_mode) && entry.st_nlink == 1 &&
+                             IsSameFile(entry, target.file);
       return target;
     }
     if (!ReadLink(target.path, target.path)) return target;

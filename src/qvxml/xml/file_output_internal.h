@@ -26,8 +26,9 @@ bool WriteBytes(std::FILE* file, const CBinaryData& bytes) noexcept;
 ///
 /// The bytes go to a temporary file in the same folder, which is then renamed over the target and
 /// takes over its permission bits. A symbolic link stays and the file that it names is replaced.
-/// What is no regular file, for example a device or a FIFO, is written directly; so is a file whose
-/// folder does not admit a new one. False when anything fails; the temporary file is then removed.
+/// What is no regular file, for example a device or a FIFO, is written directly; so is a file that
+/// has several names, which are to stay one file, or whose folder does not admit a new one. False
+/// when anything fails; the temporary file is then removed.
 bool WriteWholeFile(const std::string& path, XmlEncoding encoding, const CBinaryData& bytes);
 
 }  // namespace QvXmlLib16::detail

@@ -15,6 +15,15 @@ struct CNodeAccess {
   static const CXmlName& NameOf(const CXmlAttribute& attribute) noexcept {
     return *attribute.m_name;
   }
+  /// As CNodeArena::SetExpendable, for the document of the element.
+  static void SetExpendable(const CXmlElement& element) noexcept {
+    CNodeArena::Of(&element).SetExpendable();
+  }
+  /// Whether the element's text may be moved out.
+  static bool IsTextExpendable(const CXmlElement& element) noexcept {
+    const CNodeArena& arena = CNodeArena::Of(&element);
+    return arena.IsExpendable() && !arena.IsSharedText(element.m_text);
+  }
   static CXmlAttributeList AttributesOf(const CXmlElement& element) noexcept {
     CAttributeBlock* const block = element.m_attributes;
     return block != nullptr ? CXmlAttributeList(block->Items(), block->size)

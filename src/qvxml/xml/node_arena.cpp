@@ -4,17 +4,7 @@
 #include <memory>
 #include <new>
 
-#include <sys/mman.h>
-
 #include "qvxml/xml/node_arena_internal.h"
-
-// Of the leak sanitizer, where the program has it: texts in regions own memory.
-extern "C" {
-// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer chose the names.
-__attribute__((weak)) void __lsan_register_root_region(const void* begin, size_t size);
-__attribute__((weak)) void __lsan_unregister_root_region(const void* begin, size_t size);
-// NOLINTEND(bugprone-reserved-identifier)
-}
 
 namespace QvXmlLib16 {
 namespace detail {
@@ -34,50 +24,6 @@ void NoteReadingAttribute(CXmlName& name) {
                               name.localName == "noNamespaceSchemaLocation";
 }
 
-char* Map(size_t size) noexcept {
-  void* const memory =
-      mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  return memory != MAP_FAILED ? static_cast<char*>(memory) : nullptr;
-}
-
-// Memory aligned to its size, a power of two, or null.
-char* MapRegion(size_t size) noexcept {
-  const auto beyond = [size](const char* memory) {
-    return reinterpret_cast<uintptr_t>(memory) & (size - 1);
-  };
-  char* region = Map(size);
-  if (region != nullptr && beyond(region) != 0) {
-    munmap(region, size);
-    region = Map(2 * size);
-    if (region == nullptr) return nullptr;
-    const size_t unused = (size - beyond(region)) & (size - 1);
-    if (unused != 0) munmap(region, unused);
-    region += unused;
-    munmap(region + size, size - unused);
-  }
-  // Only a wish: without it, or where it is refused, memory comes page by page.
-  if (region != nullptr) madvise(region, size, MADV_HUGEPAGE);
-  if (region != nullptr && __lsan_register_root_region != nullptr) {
-    __lsan_register_root_region(region, size);
-  }
-  return region;
-}
-
-// Gives back what lies behind the first `used` bytes; false when the system does not take it.
-bool ShrinkRegion(char* region, size_t size, size_t used) noexcept {
-  if (munmap(region + used, size - used) != 0) return false;
-  if (__lsan_unregister_root_region != nullptr) {
-    __lsan_unregister_root_region(region, size);
-    __lsan_register_root_region(region, used);
-  }
-  return true;
-}
-
-void UnmapRegion(char* region, size_t size) noexcept {
-  if (__lsan_unregister_root_region != nullptr) __lsan_unregister_root_region(region, size);
-  munmap(region, size);
-}
-
 }  // namespace
 
 CNodeArena::CNodeArena(const CXmlDocument* document) : m_document(document) {}
@@ -88,9 +34,9 @@ CNodeArena::~CNodeArena() {
     std::destroy_n(m_textChunks->Texts(), size_t{m_textChunks->sharedTexts});
     m_textChunks = FreeChunk(m_textChunks);
   }
-  for (const CRegion& region : m_regions) {
+  for (CMemoryRegion& region : m_regions) {
     Unpoison(region.begin, region.size);
-    UnmapRegion(region.begin, region.size);
+    region.Release();
   }
 }
 
@@ -112,10 +58,20 @@ void CNodeArena::NoteLongText(std::string* text) noexcept {
   m_longTexts->texts[m_longTexts->count++] = text;
 }
 
-void CNodeArena::DestroyAll() noexcept {
-  for (CLongTexts* list = m_longTexts; list != nullptr; list = list->next) {
-    for (size_t index = 0; index < list->count; ++index) std::destroy_at(list->texts[index]);
+// The texts, and the memory of each, lie far from each other and are no longer in a cache: they are
+// asked for some texts ahead.
+void CNodeArena::CLongTexts::DestroyTexts() noexcept {
+  constexpr size_t kAhead = 8;
+  for (size_t index = 0; index < count + 2 * kAhead; ++index) {
+    if (index < count) __builtin_prefetch(texts[index]);
+    if (index >= kAhead && index - kAhead < count)
+      __builtin_prefetch(texts[index - kAhead]->data());
+    if (index >= 2 * kAhead) std::destroy_at(texts[index - 2 * kAhead]);
   }
+}
+
+void CNodeArena::DestroyAll() noexcept {
+  for (CLongTexts* list = m_longTexts; list != nullptr; list = list->next) list->DestroyTexts();
   delete this;
 }
 
@@ -138,22 +94,19 @@ CNodeArena::CChunk* CNodeArena::MakeChunk(CChunk* next) {
 void* CNodeArena::TakeFromRegion() {
   if (m_regionNext == m_regionEnd) {
     m_regions.reserve(m_regions.size() + 1);
-    char* const region = MapRegion(kRegionSize);
-    if (region == nullptr) return nullptr;
-    m_regions.push_back({region, kRegionSize});
-    m_regionNext = region;
-    m_regionEnd = region + kRegionSize;
+    const CMemoryRegion region = CMemoryRegion::Take();
+    if (region.begin == nullptr) return nullptr;
+    m_regions.push_back(region);
+    m_regionNext = region.begin;
+    m_regionEnd = region.begin + region.size;
   }
   return std::exchange(m_regionNext, m_regionNext + kChunkSize);
 }
 
 void CNodeArena::ReleaseUnused() noexcept {
   if (m_regionNext == m_regionEnd) return;
-  CRegion& region = m_regions.back();
-  const size_t used = static_cast<size_t>(m_regionNext - region.begin);
-  if (!ShrinkRegion(region.begin, region.size, used)) return;
-  region.size = used;
-  m_regionEnd = m_regionNext;
+  CMemoryRegion& region = m_regions.back();
+  if (region.Shrink(static_cast<size_t>(m_regionNext - region.begin))) m_regionEnd = m_regionNext;
 }
 
 CNodeArena::CChunk* CNodeArena::FreeChunk(CChunk* chunk) noexcept {
@@ -198,17 +151,13 @@ const CXmlName* CNodeArena::Intern(std::string_view namespaceUri, std::string_vi
   return Intern(m_key, namespaceUri.size());
 }
 
-const std::string* CNodeArena::FindSharedText(std::string_view text) {
-  constexpr std::string_view kWhitespace = " \n\t";
+const std::string* CNodeArena::FindSharedWhitespace(std::string_view text) {
   const size_t size = text.size();
-  if (size > kMaxSharedText || kWhitespace.find(text.front()) == std::string_view::npos) {
-    return nullptr;
-  }
   const size_t hash = size * 31 + static_cast<unsigned char>(text[size / 2]) +
                       size_t{7} * static_cast<unsigned char>(text[size / 3]);
   std::string& slot = m_sharedTexts[hash % (kSharedTexts - 1) + 1];
   // A taken slot is never given to another text: elements point to it.
-  if (slot.empty() && text.find_first_not_of(kWhitespace) == std::string_view::npos) slot = text;
+  if (slot.empty() && text.find_first_not_of(" \n\t") == std::string_view::npos) slot = text;
   return slot == text ? &slot : nullptr;
 }
 

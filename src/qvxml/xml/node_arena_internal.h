@@ -7,8 +7,7 @@
 //   +---|----+-------+------+-------+      [64] -> element -> element
 //       +--> arena                         ...
 //
-// The chunks of a large document are cut from regions, which are large enough for the huge pages of
-// the system: touching memory for the first time costs more than all else otherwise.
+// The chunks of a large document are cut from regions.
 //
 // A node finds its arena, and through it its document, by rounding its own address down to the
 // chunk. So `delete element` needs no pointer in the element, and an element that was removed from
@@ -28,6 +27,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "qvxml/xml/memory_region_internal.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define QVXML_POISONS_FREE_NODES 1
@@ -122,6 +123,10 @@ class CNodeArena {
   size_t GetLiveElements() const noexcept { return m_liveElements; }
   /// Counts while the arena is regular.
   size_t GetAttributes() const noexcept { return m_attributes; }
+  /// For a document that is read once and then goes, and that only its reader sees: it may move the
+  /// texts of the nodes out.
+  void SetExpendable() noexcept { m_isExpendable = true; }
+  bool IsExpendable() const noexcept { return m_isExpendable; }
   /// Destroys all nodes of a regular document, and the arena.
   void DestroyAll() noexcept;
 
@@ -156,7 +161,11 @@ class CNodeArena {
   /// A string equal to `text`, which is not empty, that no node owns, or null when such a text is
   /// not worth sharing. Whitespace between elements is: every record of a formatted document has
   /// the same.
-  const std::string* FindSharedText(std::string_view text);
+  const std::string* FindSharedText(std::string_view text) {
+    // No other character that documents hold is below a blank, and few texts begin with one.
+    const bool mayBeWhitespace = text.front() >= '\0' && text.front() <= ' ';
+    return mayBeWhitespace && text.size() <= kMaxSharedText ? FindSharedWhitespace(text) : nullptr;
+  }
   /// A copy of `text` that no node owns; it lives as long as the arena.
   const std::string* AddSharedText(std::string_view text);
   bool IsSharedText(const std::string* text) const noexcept {
@@ -171,7 +180,6 @@ class CNodeArena {
   static constexpr size_t kUsableChunkSize = kChunkSize - kHeapOverhead;
   // Documents below 1 MB have none, as the end of a region is taken from the system in vain.
   static constexpr size_t kChunksBeforeRegions = 32;
-  static constexpr size_t kRegionSize = size_t{2} << 20;
   static constexpr size_t kGranularity = 16;
   static constexpr size_t kMaxPooledSize = 1024;
   static constexpr size_t kSizeClasses = kMaxPooledSize / kGranularity + 1;
@@ -189,16 +197,14 @@ class CNodeArena {
 
     std::string* Texts() noexcept { return reinterpret_cast<std::string*>(this + 1); }
   };
-  struct CRegion {
-    char* begin;
-    size_t size;
-  };
   static constexpr size_t kLongTextsInList = 62;
   // In the arena, so that noting a text takes no more memory than a pointer.
   struct CLongTexts {
     CLongTexts* next;
     size_t count;
     std::array<std::string*, kLongTextsInList> texts;
+
+    void DestroyTexts() noexcept;
   };
   struct CFreeBlock {
     CFreeBlock* next;
@@ -235,6 +241,7 @@ class CNodeArena {
     return reinterpret_cast<const CChunk*>(static_cast<const char*>(node) - offset);
   }
   void NoteLongText(std::string* text) noexcept;
+  const std::string* FindSharedWhitespace(std::string_view text);
   CChunk* MakeChunk(CChunk* next);
   void* TakeFromRegion();
   void AddChunk();
@@ -245,6 +252,7 @@ class CNodeArena {
   size_t m_liveElements = 0;
   size_t m_attributes = 0;
   bool m_isRegular = true;
+  bool m_isExpendable = false;
   CLongTexts* m_longTexts = nullptr;
   char* m_chunkNext = nullptr;
   char* m_chunkEnd = nullptr;
@@ -252,7 +260,7 @@ class CNodeArena {
   size_t m_heapChunks = 0;
   char* m_regionNext = nullptr;
   char* m_regionEnd = nullptr;
-  std::vector<CRegion> m_regions;
+  std::vector<CMemoryRegion> m_regions;
   CChunk* m_textChunks = nullptr;
   std::array<CFreeBlock*, kSizeClasses> m_freeLists{};
   std::set<CXmlName, CNameOrder> m_names;

@@ -20,6 +20,7 @@ using QvXmlLib16::CAttributeCol;
 using QvXmlLib16::CQvException;
 using QvXmlLib16::CQvValidationException;
 using QvXmlLib16::CSerializationContext;
+using QvXmlLib16::CWhitespaceUtils;
 using QvXmlLib16::CXmlAttribute;
 using QvXmlLib16::CXmlGeneratedClass;
 using QvXmlLib16::CXmlObjectBase;
@@ -72,9 +73,20 @@ CAttributeInfo::CAttributeInfo(const char* name, const char* namespaceUri, int p
       m_number(detail::NextMetaDataNumber()),
       m_propertyIndex(propertyIndex),
       m_isOptional(optional),
-      m_defaultValue(TextOrEmpty(defaultValue)) {}
+      m_defaultValue(TextOrEmpty(defaultValue)),
+      m_store(propertyIndex, QvXmlLib16::ItemType_none, CWhitespaceUtils::ws_none) {}
 
 CAttributeInfo::~CAttributeInfo() = default;
+
+void CAttributeInfo::SetStore(const QvXmlLib16::detail::CTextStore& store) {
+  m_store = store;
+  m_valueNumber = m_number;
+}
+
+void CAttributeInfo::ReadValue(CXmlGeneratedClass* object, const CXmlAttribute& attribute,
+                               QvVariant& room) const {
+  m_store.Store(object, {attribute.GetValue(), false}, room, CAttributeSetFailure(attribute));
+}
 
 void CAttributeInfo::Validate(const CSerializationContext&, bool found) const {
   if (found || m_isOptional) return;
@@ -100,7 +112,7 @@ void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& va
 
 void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
                                        const CXmlAttribute& attribute) const {
-  QvXmlLib16::detail::StoreValue(object, m_propertyIndex, value, CAttributeSetFailure(attribute));
+  QvXmlLib16::detail::SetProperty(object, m_propertyIndex, value, CAttributeSetFailure(attribute));
 }
 
 void CAttributeInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
@@ -133,13 +145,13 @@ bool CAttributeInfo::IsDefaultLeftOut(const CSerializationContext& ctx,
 CAttributeInfoPrimitive::CAttributeInfoPrimitive(
     const char* name, const char* namespaceUri, int propertyIndex, bool optional,
     QvXmlLib16::ItemType itemType, const char* format,
-    QvXmlLib16::CWhitespaceUtils::WhitespaceRule whitespaceRule,
+    CWhitespaceUtils::WhitespaceRule whitespaceRule,
     const QvXmlLib16::CPrimitiveRestrictions& restrictions, const char* defaultValue)
     : CAttributeInfo(name, namespaceUri, propertyIndex, optional, defaultValue),
       m_itemType(itemType),
       m_format(TextOrEmpty(format)),
-      m_whitespaceRule(whitespaceRule),
       m_restrictions(restrictions) {
+  SetStore(QvXmlLib16::detail::CTextStore(propertyIndex, itemType, whitespaceRule));
   m_restrictions.ConvertBounds(itemType);
   m_isChecked = QvXmlLib16::CXmlObjectHelper::NeedsCheck(itemType, m_restrictions);
 }
@@ -165,8 +177,8 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext&,
                                                CXmlAttribute* attribute) const {
   // Kept: the namespace counts even where the context ignores namespaces.
   if (!HasName(attribute, false)) return false;
-  QvXmlLib16::detail::StoreText(object, m_propertyIndex, attribute->GetValue(), m_itemType,
-                                m_whitespaceRule, CAttributeSetFailure(*attribute));
+  QvVariant room;
+  ReadValue(object, *attribute, room);
   return true;
 }
 
@@ -174,8 +186,9 @@ CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUr
                                        int propertyIndex, bool optional, const char* defaultValue,
                                        EnumToText enumToText, TextToEnum textToEnum)
     : CAttributeInfo(name, namespaceUri, propertyIndex, optional, defaultValue),
-      m_enumToText(enumToText),
-      m_textToEnum(textToEnum) {}
+      m_enumToText(enumToText) {
+  SetStore(QvXmlLib16::detail::CTextStore(propertyIndex, textToEnum, m_name));
+}
 
 CAttributeInfoEnum::CAttributeInfoEnum(const char* name, const char* namespaceUri,
                                        int propertyIndex, bool optional, EnumToText enumToText,
@@ -199,9 +212,8 @@ bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& ctx,
                                           CXmlGeneratedClass* object,
                                           CXmlAttribute* attribute) const {
   if (!IsThisAttribute(ctx, attribute)) return false;
-  QvVariant value;
-  QvXmlLib16::detail::SetEnum(value, attribute->GetValue(), m_textToEnum, m_name);
-  InvokePropertySet(object, value, *attribute);
+  QvVariant room;
+  ReadValue(object, *attribute, room);
   return true;
 }
 

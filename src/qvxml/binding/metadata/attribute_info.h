@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "qvxml/binding/metadata/text_store.h"
 #include "qvxml/binding/primitive_restrictions.h"
 #include "qvxml/binding/serialization_context.h"
 #include "qvxml/core/item_type.h"
@@ -45,6 +46,14 @@ class QVXML_API CAttributeInfo : private QvXmlLib16::TInstanceCounted<CAttribute
   /// and was not found. A missing optional attribute keeps what Init() set.
   virtual void Validate(const QvXmlLib16::CSerializationContext& ctx, bool found) const;
 
+  /// Whether this is the metadata of that number, and the attribute is one primitive or enumerated
+  /// value. One whose name was found to be that metadata's needs no AttributeFromXml, which would
+  /// return true: ReadValue will do.
+  bool IsValueOf(std::uint64_t number) const { return m_valueNumber == number; }
+  /// Reads the attribute into the property; the value passes through `room`.
+  void ReadValue(QvXmlLib16::CXmlGeneratedClass* object, const QvXmlLib16::CXmlAttribute& attribute,
+                 QvXmlLib16::QvVariant& room) const;
+
   const std::string& GetName() const { return m_name; }
   const std::string& GetNamespace() const { return m_namespace; }
 
@@ -65,6 +74,8 @@ class QVXML_API CAttributeInfo : private QvXmlLib16::TInstanceCounted<CAttribute
                                const char* targetNamespace);
   /// Whether `text` is left out because it is the optional attribute's default.
   bool IsDefaultLeftOut(const QvXmlLib16::CSerializationContext& ctx, std::string_view text) const;
+  /// For an attribute that is one value.
+  void SetStore(const QvXmlLib16::detail::CTextStore& store);
 
   std::string m_name;
   std::string m_namespace;
@@ -78,9 +89,15 @@ class QVXML_API CAttributeInfo : private QvXmlLib16::TInstanceCounted<CAttribute
   friend class QvXmlLib16::TInstanceCounted<CAttributeInfo>;
   friend class CAttributeInfoPrimitive;
 
+  // No name remembers that, nor that it remembers none.
+  static constexpr std::uint64_t kNoNumber = ~std::uint64_t{0};
+
   bool HasName(const QvXmlLib16::CXmlAttribute* attribute, bool ignoresNamespaces) const;
 
   static QvXmlLib16::CInstanceCounter s_instances;
+
+  std::uint64_t m_valueNumber = kNoNumber;
+  QvXmlLib16::detail::CTextStore m_store;
 };
 
 /// An attribute of a primitive type. Facets are checked when it is written, not when it is read.
@@ -104,7 +121,6 @@ class QVXML_API CAttributeInfoPrimitive : public CAttributeInfo {
  private:
   QvXmlLib16::ItemType m_itemType;
   std::string m_format;
-  QvXmlLib16::CWhitespaceUtils::WhitespaceRule m_whitespaceRule;
   QvXmlLib16::CPrimitiveRestrictions m_restrictions;
   // Whether they can refuse a value.
   bool m_isChecked;
@@ -130,7 +146,6 @@ class QVXML_API CAttributeInfoEnum : public CAttributeInfo {
 
  private:
   EnumToText m_enumToText;
-  TextToEnum m_textToEnum;
 };
 
 /// A wildcard: any number of attributes in the namespaces that the list admits, collected in a

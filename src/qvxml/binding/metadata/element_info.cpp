@@ -103,7 +103,8 @@ std::uint64_t detail::NextMetaDataNumber() noexcept {
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex)
     : m_name(TextOrEmpty(name)),
       m_namespace(TextOrEmpty(namespaceUri)),
-      m_propertyIndex(propertyIndex) {}
+      m_propertyIndex(propertyIndex),
+      m_store(propertyIndex, m_itemType, m_whitespaceRule) {}
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
                            bool nillable, ItemType itemType, const char* format,
@@ -118,7 +119,8 @@ CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int prope
       m_whitespaceRule(whitespaceRule),
       m_defaultValue(TextOrEmpty(defaultValue)),
       m_isNillable(nillable),
-      m_hasPrimitiveType(true) {
+      m_hasPrimitiveType(true),
+      m_store(propertyIndex, itemType, whitespaceRule) {
   m_restrictions.ConvertBounds(itemType);
   m_isChecked = QvXmlLib16::CXmlObjectHelper::NeedsCheck(itemType, m_restrictions);
 }
@@ -132,14 +134,16 @@ CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int prope
       m_defaultValue(TextOrEmpty(defaultValue)),
       m_isNillable(nillable),
       m_enumToText(enumToText),
-      m_textToEnum(textToEnum) {}
+      m_textToEnum(textToEnum),
+      m_store(propertyIndex, textToEnum, m_name) {}
 
 CElementInfo::CElementInfo(const char* name, const char* namespaceUri, int propertyIndex,
                            XmlElementType elementType)
     : m_name(TextOrEmpty(name)),
       m_namespace(TextOrEmpty(namespaceUri)),
       m_propertyIndex(propertyIndex),
-      m_elementType(elementType) {}
+      m_elementType(elementType),
+      m_store(propertyIndex, m_itemType, m_whitespaceRule) {}
 
 CElementInfo::~CElementInfo() = default;
 
@@ -169,7 +173,7 @@ void CElementInfo::InvokePropertyGet(CXmlGeneratedClass* object, QvVariant& valu
 
 void CElementInfo::InvokePropertySet(CXmlGeneratedClass* object, QvVariant& value,
                                      const CXmlElement* element) const {
-  QvXmlLib16::detail::StoreValue(object, m_propertyIndex, value, CElementSetFailure(*element));
+  QvXmlLib16::detail::SetProperty(object, m_propertyIndex, value, CElementSetFailure(*element));
 }
 
 void CElementInfo::ReadProperty(const CXmlGeneratedClass* object, QvVariant& value) const {
@@ -261,26 +265,28 @@ bool CElementInfo::ElementToXmlCol(const CSerializationContext& ctx,
   return true;
 }
 
+void CElementInfo::ReadValue(const CSerializationContext& ctx, CXmlGeneratedClass* object,
+                             const CXmlElement& element, QvVariant& room) const {
+  // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
+  if (HasNil(ctx, element, m_isNillable)) return;
+  // A short text is copied as fast as it is moved.
+  constexpr size_t kShort = 15;
+  const std::string& text = element.GetText();
+  const bool isExpendable =
+      text.size() > kShort && QvXmlLib16::detail::CNodeAccess::IsTextExpendable(element);
+  m_store.Store(object, {TextOrDefault(text), isExpendable}, room, CElementSetFailure(element));
+}
+
 void CElementInfo::ElementFromXmlPrim(const CSerializationContext& ctx, CXmlGeneratedClass* object,
                                       CXmlElement** cursor) const {
-  const CXmlElement* const element = *cursor;
-  // Kept: nothing is stored for a nil element, so the property stays as Init() left it.
-  if (!HasNil(ctx, *element, m_isNillable)) {
-    QvXmlLib16::detail::StoreText(object, m_propertyIndex, TextOrDefault(element->GetText()),
-                                  m_itemType, m_whitespaceRule, CElementSetFailure(*element));
-  }
-  *cursor = element->GetNextSiblingElement();
+  QvVariant room;
+  ReadValue(ctx, object, **cursor, room);
+  *cursor = (*cursor)->GetNextSiblingElement();
 }
 
 void CElementInfo::ElementFromXmlEnum(const CSerializationContext& ctx, CXmlGeneratedClass* object,
                                       CXmlElement** cursor) const {
-  const CXmlElement* const element = *cursor;
-  if (!HasNil(ctx, *element, m_isNillable)) {
-    QvVariant value;
-    QvXmlLib16::detail::SetEnum(value, TextOrDefault(element->GetText()), m_textToEnum, m_name);
-    InvokePropertySet(object, value, element);
-  }
-  *cursor = element->GetNextSiblingElement();
+  ElementFromXmlPrim(ctx, object, cursor);
 }
 
 // The default stands for a text that is empty before whitespace is dealt with.

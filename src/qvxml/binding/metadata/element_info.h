@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "qvxml/binding/element_types.h"
+#include "qvxml/binding/metadata/text_store.h"
 #include "qvxml/binding/primitive_restrictions.h"
 #include "qvxml/core/item_type.h"
 #include "qvxml/core/smart_ptr.h"
@@ -114,6 +115,15 @@ class QVXML_API CElementInfo {
   bool IsPassedOver(const std::string* localName) const {
     return m_isNamedOption && (localName == nullptr || *localName != m_name);
   }
+
+  /// Whether this is the metadata of that number, and the member is one primitive or enumerated
+  /// value. An element whose name was found to be that metadata's needs no ElementFromXml, which
+  /// would return true: ReadValue will do.
+  bool IsValueOf(std::uint64_t number) const { return m_valueNumber == number; }
+  /// Reads the element into the property, unless it is nil; the value passes through `room`.
+  void ReadValue(const QvXmlLib16::CSerializationContext& ctx,
+                 QvXmlLib16::CXmlGeneratedClass* object, const QvXmlLib16::CXmlElement& element,
+                 QvXmlLib16::QvVariant& room) const;
 
   // About the member.
 
@@ -222,6 +232,9 @@ class QVXML_API CElementInfo {
   QvXmlLib16::XmlElementType m_elementType = QvXmlLib16::XmlElementType_Element;
 
  private:
+  // No name remembers that, nor that it remembers none.
+  static constexpr std::uint64_t kNoNumber = ~std::uint64_t{0};
+
   template <QvXmlLib16::XmlElementGroupType, ElementKind, ElementOccurrence>
   friend class detail::TElementMark;
 
@@ -233,6 +246,8 @@ class QVXML_API CElementInfo {
   CElementDescriptor m_descriptor;
   detail::ClaimTest m_claims = nullptr;
   bool m_isNamedOption = false;
+  std::uint64_t m_valueNumber = kNoNumber;
+  QvXmlLib16::detail::CTextStore m_store;
   // Whether the restrictions can refuse a value.
   bool m_isChecked = false;
 };

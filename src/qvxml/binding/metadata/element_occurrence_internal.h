@@ -63,6 +63,10 @@ TElementMark<kGroup, kKind, kOccurrence>::TElementMark(CElementInfo& info,
                          (kKind == ElementKind::Primitive || kKind == ElementKind::Enumeration ||
                           kKind == ElementKind::Class) &&
                          info.m_elementType == QvXmlLib16::XmlElementType_Element;
+  if ((kKind == ElementKind::Primitive || kKind == ElementKind::Enumeration) &&
+      kOccurrence != ElementOccurrence::Repeated) {
+    info.m_valueNumber = info.m_number;
+  }
   s_instances<kGroup, kKind, kOccurrence>.Add();
 }
 

@@ -1,5 +1,7 @@
 // How a generated class reads itself.
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 
 #include <strings.h>
@@ -14,6 +16,7 @@
 #include "qvxml/binding/wrap_failure_internal.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/format.h"
+#include "qvxml/core/value/item_traits.h"
 #include "qvxml/xml/node_access_internal.h"
 
 namespace QvXmlLib16 {
@@ -51,11 +54,24 @@ CXmlElement* EndOfMembers(const CSerializationContext& ctx, const CXmlElement* e
 
 }  // namespace
 
+// What the steps of reading one object share. Values pass through `room`, so that there is not a
+// new one for each of them.
+struct CXmlGeneratedClass::CReading {
+  const CParentElementInfo& classInfo;
+  const CSerializationContext& ctx;
+  CXmlElement* element;
+  bool optional;
+  QvVariant room{};
+};
+
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                              const CSerializationContext& ctx, bool optional) {
   if (element == nullptr) throw CQvInvalidParamException("The element to read may not be NULL");
   try {
-    return ReadElement(element, firstChild, ctx, optional);
+    const detail::CDepthGuard guard;
+    Init();
+    CReading reading{RequireClassInfo(), ctx, element, optional};
+    return ReadElement(reading, firstChild);
   } catch (CQvException& caught) {
     // The innermost element names the place, so what has a path already passes unchanged.
     if (!caught.GetPath().empty()) throw;
@@ -64,70 +80,86 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
   }
 }
 
-CXmlElement* CXmlGeneratedClass::ReadElement(CXmlElement* element, CXmlElement* cursor,
-                                             const CSerializationContext& ctx, bool optional) {
-  const detail::CDepthGuard guard;
-  Init();
-  const CParentElementInfo& classInfo = RequireClassInfo();
-  if (classInfo.GetElementType() == XmlElementType_Element &&
-      GetElementName() != element->GetLocalName()) {
-    SetElementName(element->GetLocalName().c_str());
+CXmlElement* CXmlGeneratedClass::ReadElement(CReading& reading, CXmlElement* cursor) {
+  const CParentElementInfo& classInfo = reading.classInfo;
+  const std::string& name = reading.element->GetLocalName();
+  if (classInfo.GetElementType() == XmlElementType_Element && GetElementName() != name) {
+    AdoptElementName(name);
   }
-  ProcessAttributesFromXml(classInfo, ctx, element);
+  ProcessAttributesFromXml(reading);
   const INillable* nillable = detail::FindNillable(*this, classInfo);
   if (nillable != nullptr && nillable->IsNil()) return cursor;
-  cursor = ReadMembers(classInfo, element, cursor, ctx, optional);
-  if (classInfo.HasValue()) ReadValue(classInfo, element);
+  cursor = ReadMembers(reading, cursor);
+  if (classInfo.HasValue()) ReadValue(reading);
   return cursor;
 }
 
-CXmlElement* CXmlGeneratedClass::ReadMembers(const CParentElementInfo& classInfo,
-                                             CXmlElement* element, CXmlElement* cursor,
-                                             const CSerializationContext& ctx, bool optional) {
-  switch (classInfo.GetGroupType()) {
+CXmlElement* CXmlGeneratedClass::ReadMembers(CReading& reading, CXmlElement* cursor) {
+  switch (reading.classInfo.GetGroupType()) {
     case XmlElementGroupType_Sequence:
-      return ProcessElementSeqFromXml(classInfo, ctx, element, cursor);
+      return ProcessElementSeqFromXml(reading, cursor);
     case XmlElementGroupType_Choice:
-      return ProcessElementChoiceFromXml(classInfo, ctx, element, cursor, optional);
+      return ProcessElementChoiceFromXml(reading, cursor);
     case XmlElementGroupType_All:
-      return ProcessElementAllFromXml(classInfo, ctx, element, cursor, optional);
+      return ProcessElementAllFromXml(reading, cursor);
   }
   throw CQvException("Unknown Group Type");
 }
 
-void CXmlGeneratedClass::ReadValue(const CParentElementInfo& classInfo, CXmlElement* element) {
-  QvVariant value;
+void CXmlGeneratedClass::ReadValue(CReading& reading) {
+  const CParentElementInfo& classInfo = reading.classInfo;
+  const std::string& text = reading.element->GetText();
+  QvVariant& value = reading.room;
   if (classInfo.IsRawText()) {
-    value.SetString(element->GetText());
+    ItemTraits<ItemType_string>::Lend(value, text);
   } else {
-    value.FromString(element->GetText(), classInfo.GetValueItemType(), CWhitespaceUtils::ws_none);
+    value.FromString(text, classInfo.GetValueItemType(), CWhitespaceUtils::ws_none);
   }
   AccessProperty(classInfo.GetValuePropertyIndex(), false, value);
 }
 
-void CXmlGeneratedClass::ProcessAttributesFromXml(const CParentElementInfo& classInfo,
-                                                  const CSerializationContext& ctx,
-                                                  CXmlElement* element) {
+void CXmlGeneratedClass::ProcessAttributesFromXml(CReading& reading) {
+  const CSerializationContext& ctx = reading.ctx;
+  const CParentElementInfo& classInfo = reading.classInfo;
   CAttributeInfo** infos = GetClassAttributeInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isFound(count);
-  for (CXmlAttribute* attribute : detail::CNodeAccess::AttributesOf(*element)) {
-    if (attribute->IsNamespaceAttribute()) continue;
-    if (attribute->IsNilAttribute()) {
+  size_t expected = 0;
+  for (CXmlAttribute* attribute : detail::CNodeAccess::AttributesOf(*reading.element)) {
+    const detail::CXmlName& name = detail::CNodeAccess::NameOf(*attribute);
+    if (name.isNamespaceAttribute) continue;
+    if (name.isNilAttribute) {
       ReadNilAttribute(classInfo, *attribute);
       continue;
     }
-    size_t index = 0;
-    while (index < count && !infos[index]->AttributeFromXml(ctx, this, attribute)) ++index;
+    const size_t index = ReadAttribute(reading, infos, count, expected, attribute);
     if (index < count) {
       isFound.Set(index, true);
+      expected = index + 1;
     } else if (classInfo.GetReportUnknownAttributes() && !ctx.GetIgnoreUnknownAttributes()) {
       throw CQvValidationException("Unexpected Attribute found.", attribute->GetXPath());
     }
   }
   for (size_t index = 0; index < count; ++index) {
-    infos[index]->Validate(ctx, isFound.Get(index));
+    if (!isFound.Get(index)) infos[index]->Validate(ctx, false);
   }
+}
+
+// Returns the index of the metadata that took the attribute, or `count`. Most often that is the
+// expected one, behind that of the attribute before, or follows soon.
+size_t CXmlGeneratedClass::ReadAttribute(CReading& reading, CAttributeInfo* const* infos,
+                                         size_t count, size_t expected, CXmlAttribute* attribute) {
+  const std::uint64_t number = detail::CNodeAccess::NameOf(*attribute).attributeMatch.Get();
+  // Another one may come first for a context that ignores namespaces.
+  size_t index = reading.ctx.GetIgnoreNamespaces() ? count : expected;
+  while (index < count && !infos[index]->IsValueOf(number)) ++index;
+  if (index < count) {
+    infos[index]->ReadValue(this, *attribute, reading.room);
+    return index;
+  }
+  index = 0;
+  while (index < count && !infos[index]->AttributeFromXml(reading.ctx, this, attribute)) ++index;
+  return index;
 }
 
 void CXmlGeneratedClass::ReadNilAttribute(const CParentElementInfo& classInfo,
@@ -150,18 +182,34 @@ void CXmlGeneratedClass::ReadNilAttribute(const CParentElementInfo& classInfo,
   }
 }
 
-CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CParentElementInfo& classInfo,
-                                                          const CSerializationContext& ctx,
-                                                          CXmlElement* element,
-                                                          CXmlElement* cursor) {
+// Reads the element at the cursor when its name tells that it is the member's value.
+bool CXmlGeneratedClass::ReadKnownValue(const CElementInfo& info, CReading& reading,
+                                        CXmlElement*& cursor) {
+  const CXmlElement* const element = cursor;
+  if (element == nullptr ||
+      !info.IsValueOf(detail::CNodeAccess::NameOf(*element).elementMatch.Get())) {
+    return false;
+  }
+  info.ReadValue(reading.ctx, this, *element, reading.room);
+  cursor = element->GetNextSiblingElement();
+  return true;
+}
+
+CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(CReading& reading, CXmlElement* cursor) {
+  const CSerializationContext& ctx = reading.ctx;
+  CXmlElement* const element = reading.element;
+  const XmlElementType elementType = reading.classInfo.GetElementType();
   CElementInfo** info = GetClassElementInfo();
-  const XmlElementType elementType = classInfo.GetElementType();
   if (info == nullptr) return EndOfMembers(ctx, element, cursor, elementType);
-  const char* const namespaceUri = classInfo.GetNamespace().c_str();
-  const std::string* name = NameOf(cursor);
+  const char* const namespaceUri = reading.classInfo.GetNamespace().c_str();
   CXmlElement* unread = cursor;
   while (*info != nullptr) {
-    if ((*info)->IsPassedOver(name)) {
+    if (ReadKnownValue(**info, reading, cursor)) {
+      ++info;
+      unread = cursor;
+      continue;
+    }
+    if ((*info)->IsPassedOver(NameOf(cursor))) {
       ++info;
       continue;
     }
@@ -176,29 +224,29 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CParentElementIn
       if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) return unread;
       cursor = cursor->GetNextSiblingElement();
     }
-    name = NameOf(cursor);
   }
   return EndOfMembers(ctx, element, cursor, elementType);
 }
 
-CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CParentElementInfo& classInfo,
-                                                             const CSerializationContext& ctx,
-                                                             CXmlElement* element,
-                                                             CXmlElement* cursor, bool optional) {
-  const char* const namespaceUri = classInfo.GetNamespace().c_str();
-  const XmlElementType elementType = classInfo.GetElementType();
+CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(CReading& reading,
+                                                             CXmlElement* cursor) {
+  const CSerializationContext& ctx = reading.ctx;
+  CXmlElement* const element = reading.element;
+  const char* const namespaceUri = reading.classInfo.GetNamespace().c_str();
+  const XmlElementType elementType = reading.classInfo.GetElementType();
   CElementInfo** infos = GetClassElementInfo();
   CXmlElement* const start = cursor;
   while (true) {
     for (CElementInfo** info = infos; info != nullptr && *info != nullptr; ++info) {
-      if ((*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
+      if (ReadKnownValue(**info, reading, cursor) ||
+          (*info)->ElementFromXml(ctx, this, element, &cursor, namespaceUri, elementType)) {
         return EndOfMembers(ctx, element, cursor, elementType);
       }
     }
     if (!ctx.GetIgnoreUnknownElements() || cursor == nullptr) break;
     cursor = cursor->GetNextSiblingElement();
   }
-  if (!optional && !DoesElementContainOptionalElements() && !ctx.GetIgnoreMissingChoice()) {
+  if (!reading.optional && !DoesElementContainOptionalElements() && !ctx.GetIgnoreMissingChoice()) {
     throw CQvValidationException(
         FormatString(
             "No child elements within the element [%s] were populated. The element represents a choice, so one and only one element should be populated. The element contained no sutable child elements",
@@ -209,12 +257,11 @@ CXmlElement* CXmlGeneratedClass::ProcessElementChoiceFromXml(const CParentElemen
   return EndOfMembers(ctx, element, start, elementType);
 }
 
-CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CParentElementInfo& classInfo,
-                                                          const CSerializationContext& ctx,
-                                                          CXmlElement* element, CXmlElement* cursor,
-                                                          bool optional) {
-  const char* const namespaceUri = classInfo.GetNamespace().c_str();
-  const XmlElementType elementType = classInfo.GetElementType();
+CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(CReading& reading, CXmlElement* cursor) {
+  const CSerializationContext& ctx = reading.ctx;
+  CXmlElement* const element = reading.element;
+  const char* const namespaceUri = reading.classInfo.GetNamespace().c_str();
+  const XmlElementType elementType = reading.classInfo.GetElementType();
   CElementInfo** infos = GetClassElementInfo();
   const size_t count = detail::CountInfos(infos);
   detail::CFlagSet isRead(count);
@@ -224,12 +271,13 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CParentElementIn
     passStart = cursor;
     for (size_t index = 0; index < count; ++index) {
       if (isRead.Get(index)) continue;
-      isRead.Set(index, infos[index]->ElementFromXml(ctx, this, element, &cursor, namespaceUri,
-                                                     elementType));
+      isRead.Set(index, ReadKnownValue(*infos[index], reading, cursor) ||
+                            infos[index]->ElementFromXml(ctx, this, element, &cursor, namespaceUri,
+                                                         elementType));
     }
   } while (cursor != nullptr && cursor != passStart);
   // A group that was only tried, and took nothing, is not there: nothing of it is missing.
-  if (optional && cursor == start && elementType != XmlElementType_Element) return cursor;
+  if (reading.optional && cursor == start && elementType != XmlElementType_Element) return cursor;
 
   CXmlElement* const next = EndOfMembers(ctx, element, cursor, elementType);
   const bool check = !ctx.GetIgnoreMissingMandatoryElements();

@@ -52,6 +52,11 @@ void ThrowWrongClass(const CXmlObjectBase& object) {
                                               object.GetElementName().c_str()));
 }
 
+void ThrowNoEnumValue(long number) {
+  throw CQvInvalidValueException(
+      FormatString("The number [%ld] is not one of the enumeration", number));
+}
+
 }  // namespace detail
 
 }  // namespace QvXmlLib16

@@ -78,19 +78,22 @@ class TNillable : public std::optional<TValue> {
   bool m_isNil = false;
 };
 
-// Steps of AccessProperty: with `get` from the property into `value`, else back. A `value` of
-// another type than the property's throws CQvException "Invalid Type %d".
+// Steps of AccessProperty: with `get` from the property into `value`, else back; values are copied.
+// A `value` of another type than the property's throws CQvException "Invalid Type %d", and the
+// property stays as it was.
 
-/// An invalid `value` resets the property.
+/// An invalid or nil `value` resets the property.
 template <ItemType kType, class TValue>
 void AccessValue(bool get, QvVariant& value, std::optional<TValue>& property);
 /// A nil `value` makes the property nil, and a nil property the `value`.
 template <ItemType kType, class TValue>
 void AccessValue(bool get, QvVariant& value, TNillable<TValue>& property);
-/// The variant holds the enumeration's number as an i4.
+/// The variant holds the enumeration's number as an i4. Throws CQvInvalidValueException for one
+/// that is beyond the range of the enumeration's type.
 template <class TEnum>
 void AccessEnum(bool get, QvVariant& value, std::optional<TEnum>& property);
-/// Throws CQvInvalidParamException for an object of another class.
+/// A null object and an invalid or nil `value` reset the property. Throws CQvInvalidParamException
+/// for an object of another class.
 template <class TObject>
 void AccessObject(bool get, QvVariant& value, CSmartPtr<TObject>& property);
 /// A collection is never replaced: throws CQvInvalidStateException unless `get`.
@@ -145,21 +148,24 @@ namespace detail {
 
 [[noreturn]] QVXML_API void ThrowInvalidType(ItemType type);
 [[noreturn]] QVXML_API void ThrowWrongClass(const CXmlObjectBase& object);
+[[noreturn]] QVXML_API void ThrowNoEnumValue(long number);
 
 /// Throws CQvException "Invalid Type %d" unless the value has that type.
 inline void RequireType(const QvVariant& value, ItemType type) {
   if (value.GetItemType() != type) ThrowInvalidType(value.GetItemType());
 }
 
+inline bool HasValue(const QvVariant& value) { return value.IsValid() && !value.IsNil(); }
+
 }  // namespace detail
 
 template <ItemType kType, class TValue>
 void AccessValue(bool get, QvVariant& value, std::optional<TValue>& property) {
   if (get && property.has_value()) {
-    ItemTraits<kType>::Lend(value, *property);
+    ItemTraits<kType>::Give(value, *property);
   } else if (get) {
     value.SetInvalid();
-  } else if (!value.IsValid()) {
+  } else if (!detail::HasValue(value)) {
     property.reset();
   } else {
     detail::RequireType(value, kType);
@@ -173,9 +179,10 @@ void AccessValue(bool get, QvVariant& value, TNillable<TValue>& property) {
     value.SetNil();
   } else if (!get && value.IsNil()) {
     property = TNillable<TValue>::Nil();
-  } else {
-    if (!get) property.reset();
+  } else if (get || value.IsValid()) {
     AccessValue<kType>(get, value, static_cast<std::optional<TValue>&>(property));
+  } else {
+    property.reset();
   }
 }
 
@@ -185,11 +192,14 @@ void AccessEnum(bool get, QvVariant& value, std::optional<TEnum>& property) {
     value.SetI4(static_cast<long>(*property));
   } else if (get) {
     value.SetInvalid();
-  } else if (!value.IsValid()) {
+  } else if (!detail::HasValue(value)) {
     property.reset();
   } else {
     detail::RequireType(value, ItemType_i4);
-    property = static_cast<TEnum>(value.GetI4());
+    const long number = value.GetI4();
+    const auto narrowed = static_cast<TEnum>(number);
+    if (static_cast<long>(narrowed) != number) detail::ThrowNoEnumValue(number);
+    property = narrowed;
   }
 }
 
@@ -199,6 +209,7 @@ void AccessObject(bool get, QvVariant& value, CSmartPtr<TObject>& property) {
     value.SetXmlObject(property.Ptr());
     return;
   }
+  if (detail::HasValue(value)) detail::RequireType(value, ItemType_xmlObject);
   CXmlObjectBase* const object = value.PeekXmlObject();
   // Most often the object is of that very class, which is quicker to tell than whether it is of one
   // derived from it.

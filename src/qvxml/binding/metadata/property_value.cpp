@@ -4,18 +4,10 @@
 #include "qvxml/core/format.h"
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/item_text_internal.h"
-#include "qvxml/core/whitespace_internal.h"
 
 namespace QvXmlLib16::detail {
 
 namespace {
-
-// Whether the rule leaves the text as it is, which most often it does.
-bool IsUnchanged(const std::string& text, CWhitespaceUtils::WhitespaceRule rule) {
-  if (rule == CWhitespaceUtils::ws_none) return true;
-  if (rule == CWhitespaceUtils::ws_preserve) return text.find('\r') == std::string::npos;
-  return IsRule(rule) && !HasSpaceOrControl(text);
-}
 
 [[noreturn]] void ThrowInvalidType(const QvVariant& value) {
   throw CQvException(FormatString("Invalid Type %d", static_cast<int>(value.GetItemType())));
@@ -67,54 +59,8 @@ const char* EnumTextIn(const QvVariant& value, const char* (*enumToText)(int),
   return text;
 }
 
-namespace {
-
-inline void Store(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
-                  const CSetFailure& failure) {
-  try {
-    object->AccessProperty(propertyIndex, false, value);
-  } catch (CQvException& caught) {
-    ThrowWrapping(failure.Make(), caught);
-  }
-}
-
-}  // namespace
-
-void StoreValue(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
-                const CSetFailure& failure) {
-  Store(object, propertyIndex, value, failure);
-}
-
-void StoreText(CXmlGeneratedClass* object, int propertyIndex, const std::string& text,
-               ItemType type, CWhitespaceUtils::WhitespaceRule rule, const CSetFailure& failure) {
-  VisitItemType(
-      type,
-      [&](auto traits) {
-        using Traits = decltype(traits);
-        QvVariant variant;
-        if constexpr (Traits::kType == ItemType_string) {
-          if (IsUnchanged(text, rule)) {
-            Traits::Lend(variant, text);
-            return Store(object, propertyIndex, variant, failure);
-          }
-        }
-        typename Traits::Carrier value{};
-        ParseInto<Traits::kType>(text, rule, value);
-        Traits::Offer(variant, value);
-        Store(object, propertyIndex, variant, failure);
-      },
-      [&] {
-        throw CQvException(
-            FormatString("Invalid Type %d to convert from string", static_cast<int>(type)));
-      });
-}
-
-void SetEnum(QvVariant& value, const std::string& text, int (*textToEnum)(const char*),
-             const std::string& name) {
-  if (textToEnum == nullptr) {
-    throw CQvException(FormatString("Invalid Value for %s [%s].", name.c_str(), text.c_str()));
-  }
-  value.SetI4(textToEnum(text.c_str()));
+void ThrowPropertySetFailed(const CSetFailure& failure, CQvException& caught) {
+  ThrowWrapping(failure.Make(), caught);
 }
 
 }  // namespace QvXmlLib16::detail

@@ -12,7 +12,6 @@
 #include "qvxml/binding/xml_object_base.h"
 #include "qvxml/core/exception.h"
 #include "qvxml/core/value/variant.h"
-#include "qvxml/core/whitespace.h"
 #include "qvxml/xml/xml_writer.h"
 
 namespace QvXmlLib16::detail {
@@ -23,7 +22,9 @@ class CPropertyRoomLoan {
  public:
   explicit CPropertyRoomLoan(CXmlWriter& writer)
       : m_writer(writer.GetPropertyRoom() == nullptr ? &writer : nullptr) {
-    if (m_writer != nullptr) m_writer->SetPropertyRoom(&m_room.emplace());
+    if (m_writer == nullptr) return;
+    m_room.emplace().m_takesLoans = true;
+    m_writer->SetPropertyRoom(&*m_room);
   }
   ~CPropertyRoomLoan() {
     if (m_writer != nullptr) m_writer->SetPropertyRoom(nullptr);
@@ -97,17 +98,18 @@ class CSetFailure {
   ~CSetFailure() = default;
 };
 
-/// Stores `value` in the property. An exception from there is put inside the one of `failure`.
-void StoreValue(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
-                const CSetFailure& failure);
-/// The same for the value that QvVariant::FromString makes of the text; what that throws passes as
-/// it is.
-void StoreText(CXmlGeneratedClass* object, int propertyIndex, const std::string& text,
-               ItemType type, CWhitespaceUtils::WhitespaceRule rule, const CSetFailure& failure);
+/// Throws the exception of `failure` with `caught` inside.
+[[noreturn]] void ThrowPropertySetFailed(const CSetFailure& failure, CQvException& caught);
 
-/// Makes `value` the number of the enumeration's value that `text` stands for.
-void SetEnum(QvVariant& value, const std::string& text, int (*textToEnum)(const char*),
-             const std::string& name);
+/// Stores `value` in the property; a CQvException from there is put inside the one of `failure`.
+inline void SetProperty(CXmlGeneratedClass* object, int propertyIndex, QvVariant& value,
+                        const CSetFailure& failure) {
+  try {
+    object->AccessProperty(propertyIndex, false, value);
+  } catch (CQvException& caught) {
+    ThrowPropertySetFailed(failure, caught);
+  }
+}
 
 }  // namespace QvXmlLib16::detail
 

@@ -20,10 +20,15 @@ class CXmlAttribute;  // xml/xml_attribute.h
 
 /// A generated class holds no serialization code: it supplies metadata and access to its
 /// properties by index, and this class does the rest.
+///
+/// Objects are not copied: two would share their children and collections. To copy one, read what
+/// it writes.
 class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
  public:
   CXmlGeneratedClass();
   explicit CXmlGeneratedClass(const char* elementName);
+  CXmlGeneratedClass(const CXmlGeneratedClass&) = delete;
+  CXmlGeneratedClass& operator=(const CXmlGeneratedClass&) = delete;
   ~CXmlGeneratedClass() override;
 
   CXmlObjectBase* GetBase() override;
@@ -91,25 +96,20 @@ class QVXML_API CXmlGeneratedClass : public CXmlObjectBase {
   void ProcessElementAllToXml(const CSerializationContext& ctx, CXmlWriter* writer) const;
 
   // Reading: generated_class_read.cpp.
-  CXmlElement* ReadElement(CXmlElement* element, CXmlElement* cursor,
-                           const CSerializationContext& ctx, bool optional);
-  CXmlElement* ReadMembers(const QvXmlLib16Data::CParentElementInfo& classInfo,
-                           CXmlElement* element, CXmlElement* cursor,
-                           const CSerializationContext& ctx, bool optional);
-  void ReadValue(const QvXmlLib16Data::CParentElementInfo& classInfo, CXmlElement* element);
-  void ProcessAttributesFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
-                                const CSerializationContext& ctx, CXmlElement* element);
+  struct CReading;
+  CXmlElement* ReadElement(CReading& reading, CXmlElement* cursor);
+  CXmlElement* ReadMembers(CReading& reading, CXmlElement* cursor);
+  void ReadValue(CReading& reading);
+  bool ReadKnownValue(const QvXmlLib16Data::CElementInfo& info, CReading& reading,
+                      CXmlElement*& cursor);
+  void ProcessAttributesFromXml(CReading& reading);
+  size_t ReadAttribute(CReading& reading, QvXmlLib16Data::CAttributeInfo* const* infos,
+                       size_t count, size_t expected, CXmlAttribute* attribute);
   void ReadNilAttribute(const QvXmlLib16Data::CParentElementInfo& classInfo,
                         const CXmlAttribute& attribute);
-  CXmlElement* ProcessElementSeqFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
-                                        const CSerializationContext& ctx, CXmlElement* element,
-                                        CXmlElement* cursor);
-  CXmlElement* ProcessElementChoiceFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
-                                           const CSerializationContext& ctx, CXmlElement* element,
-                                           CXmlElement* cursor, bool optional);
-  CXmlElement* ProcessElementAllFromXml(const QvXmlLib16Data::CParentElementInfo& classInfo,
-                                        const CSerializationContext& ctx, CXmlElement* element,
-                                        CXmlElement* cursor, bool optional);
+  CXmlElement* ProcessElementSeqFromXml(CReading& reading, CXmlElement* cursor);
+  CXmlElement* ProcessElementChoiceFromXml(CReading& reading, CXmlElement* cursor);
+  CXmlElement* ProcessElementAllFromXml(CReading& reading, CXmlElement* cursor);
 };
 
 }  // namespace QvXmlLib16

@@ -17,6 +17,7 @@ using Rule = CWhitespaceUtils::WhitespaceRule;
 using detail::AppendText;
 using detail::CNormalisedText;
 using detail::FromText;
+using detail::IsRule;
 using detail::ToText;
 
 namespace {
@@ -70,6 +71,8 @@ void AppendFormatted(const CDecimal& value, const char* format, std::string& tex
 
 template <>
 void ParseInto<ItemType_decimal>(std::string_view text, Rule rule, CDecimal& value) {
+  // Without whitespace, which the rules are about.
+  if (IsRule(rule) && value.ParseShort(text)) return;
   const CNormalisedText normalised(rule, text);
   value.Parse(normalised.View().data(), normalised.View().size());
 }

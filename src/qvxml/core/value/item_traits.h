@@ -39,12 +39,12 @@ enum class FacetFamily {
 /// The facts of one item type: its `Carrier`, name, holding and facets, and the one pair of
 /// conversions and of variant accessors. Defined for 1 to 26.
 ///
-/// Three accessors save copies where a value passes through a variant: `View` refers to the value
-/// of a variant that has this very tag and is not nil, `Lend` lets the variant refer to a value
+/// Some accessors save copies where a value passes through a variant: `View` refers to the value
+/// of a variant that has this very tag and is not nil. `Lend` lets the variant refer to a value
 /// that stays unchanged as long as the variant is used (a copy of the variant has its own one), and
-/// `Take` moves the value out of a variant that is not needed any more, or that has an `Offer`,
-/// which lends a value that its owner does not need any more. `TakeInto` is for a variant of this
-/// very tag.
+/// `Offer` to one that its owner does not need any more. `Give` lends to a variant that the library
+/// reads a property into, and copies into any other. `TakeInto` is for a variant of this very tag:
+/// it moves a value that was offered, and copies any other.
 template <ItemType>
 struct ItemTraits;
 
@@ -83,26 +83,26 @@ struct ItemTraits;
       Lend(variant, value);                                                                     \
       variant.m_isOffered = kHolding == ItemHolding::Owned;                                     \
     }                                                                                           \
+    static void Give(QvVariant& variant, const Carrier& value) {                                \
+      if (variant.m_takesLoans) {                                                               \
+        Lend(variant, value);                                                                   \
+      } else {                                                                                  \
+        Set(variant, value);                                                                    \
+      }                                                                                         \
+    }                                                                                           \
     template <class TTarget>                                                                    \
     static void TakeInto(QvVariant& variant, TTarget& target) {                                 \
       if constexpr (kHolding == ItemHolding::Owned) {                                           \
         auto* const value = static_cast<Carrier*>(variant.GetInline<void*>());                  \
         if (value == nullptr) {                                                                 \
           target = Carrier();                                                                   \
-        } else if (variant.MayTake()) {                                                         \
+        } else if (variant.m_isOffered) {                                                       \
           target = std::move(*value);                                                           \
         } else {                                                                                \
           target = static_cast<const Carrier&>(*value);                                         \
         }                                                                                       \
       } else {                                                                                  \
         target = Get(variant);                                                                  \
-      }                                                                                         \
-    }                                                                                           \
-    static Carrier Take(QvVariant& variant) {                                                   \
-      if constexpr (kHolding == ItemHolding::Owned) {                                           \
-        return variant.TakeOwned<Carrier>();                                                    \
-      } else {                                                                                  \
-        return Get(variant);                                                                    \
       }                                                                                         \
     }                                                                                           \
   };

@@ -32,9 +32,8 @@ constinit CInstanceCounter QvVariant::s_instances("QvVariant");
 
 QvVariant::QvVariant(const QvVariant& other) : TInstanceCounted<QvVariant>() { CopyValue(other); }
 
-QvVariant::QvVariant(QvVariant&& other) noexcept : TInstanceCounted<QvVariant>() {
-  MoveValue(other);
-}
+// NOLINTNEXTLINE(performance-noexcept-move-constructor): see the declaration.
+QvVariant::QvVariant(QvVariant&& other) : TInstanceCounted<QvVariant>() { MoveValue(other); }
 
 QvVariant& QvVariant::operator=(const QvVariant& other) {
   if (this == &other) return *this;
@@ -43,9 +42,10 @@ QvVariant& QvVariant::operator=(const QvVariant& other) {
   return *this = std::move(copy);
 }
 
-QvVariant& QvVariant::operator=(QvVariant&& other) noexcept {
+// NOLINTNEXTLINE(performance-noexcept-move-constructor)
+QvVariant& QvVariant::operator=(QvVariant&& other) {
   if (this == &other) return *this;
-  if (m_ownership != Ownership::None) ReleaseValue();
+  Clear();
   MoveValue(other);
   return *this;
 }
@@ -74,40 +74,28 @@ void QvVariant::CopyValue(const QvVariant& other) {
   m_type = other.m_type;
 }
 
-// Into a variant that owns nothing; the other one holds nothing afterwards. A value object that is
+// Into a variant that holds nothing; the other one holds nothing afterwards. A value object that is
 // only borrowed becomes an own one: whoever moves a variant keeps it for longer.
-void QvVariant::MoveValue(QvVariant& other) noexcept {
-  m_slot = std::exchange(other.m_slot, 0);
-  m_ownership = std::exchange(other.m_ownership, Ownership::None);
-  if (m_ownership != Ownership::Heap && m_slot != 0) {
+void QvVariant::MoveValue(QvVariant& other) {
+  if (other.m_ownership == Ownership::Heap || other.m_slot == 0) {
+    m_slot = std::exchange(other.m_slot, 0);
+    m_ownership = std::exchange(other.m_ownership, Ownership::None);
+  } else {
     VisitItemType(
         other.m_type,
         [&](auto traits) {
           using Traits = decltype(traits);
           if constexpr (kIsOwned<Traits>) {
-            using Carrier = typename Traits::Carrier;
-            // NOLINTNEXTLINE(performance-no-int-to-ptr): the slot holds numbers and pointers.
-            auto* const source = reinterpret_cast<Carrier*>(m_slot);
-            const bool isOwn = m_ownership == Ownership::InPlace;
-            Carrier value =
-                isOwn || other.m_isOffered ? Carrier(std::move(*source)) : Carrier(*source);
-            if (isOwn) std::destroy_at(source);
-            void* moved = nullptr;
-            if constexpr (kFitsInPlace<Carrier>) {
-              moved = new (m_place) Carrier(std::move(value));
-              m_ownership = Ownership::InPlace;
-            } else {
-              moved = new Carrier(std::move(value));
-              m_ownership = Ownership::Heap;
-            }
-            m_slot = reinterpret_cast<uint64_t>(moved);
+            SetOwned(other.m_type, other.TakeOwned<typename Traits::Carrier>());
+          } else {
+            m_slot = other.m_slot;
           }
         },
-        [] {});
+        [&] { m_slot = other.m_slot; });
   }
-  m_isNil = std::exchange(other.m_isNil, false);
-  other.m_isOffered = false;
-  m_type = std::exchange(other.m_type, ItemType_none);
+  m_isNil = other.m_isNil;
+  m_type = other.m_type;
+  other.Clear();
 }
 
 void QvVariant::SetNil() {

@@ -24,6 +24,10 @@ class CDecimal;            // types/decimal.h
 class CXmlCollectionBase;  // binding/xml_collection_base.h
 class CXmlObjectBase;      // binding/xml_object_base.h
 
+namespace detail {
+class CPropertyRoomLoan;  // binding/metadata/property_value_internal.h
+}
+
 /// A value with its ItemType, or none, or nil.
 ///
 /// Scalars and value objects are copied and owned, nearly all of them within the variant; generated
@@ -33,15 +37,16 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   /// Invalid and not nil.
   QvVariant() noexcept {}  // Not "= default": m_place is left as it is.
   QvVariant(const QvVariant& other);
-  /// Leaves `other` invalid.
-  QvVariant(QvVariant&& other) noexcept;
+  /// Leaves `other` invalid. Allocates nothing, except where a property setter moves the value that
+  /// it was handed: that may still be the document's own, and is copied then.
+  QvVariant(QvVariant&& other);  // NOLINT(performance-noexcept-move-constructor): see above.
   virtual ~QvVariant() {
     if (m_ownership != Ownership::None) ReleaseValue();
   }
 
   /// Copies the nil flag, the tag and the owned value.
   QvVariant& operator=(const QvVariant& other);
-  QvVariant& operator=(QvVariant&& other) noexcept;
+  QvVariant& operator=(QvVariant&& other);  // NOLINT(performance-noexcept-move-constructor)
 
   // State
 
@@ -177,6 +182,7 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   friend class TInstanceCounted<QvVariant>;
   template <ItemType>
   friend struct ItemTraits;
+  friend class detail::CPropertyRoomLoan;
   static CInstanceCounter s_instances;
 
   // Who releases the value object that the slot points at.
@@ -227,7 +233,7 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   template <class TObject>
   TObject TakeOwned();
   void CopyValue(const QvVariant& other);
-  void MoveValue(QvVariant& other) noexcept;
+  void MoveValue(QvVariant& other);
 
   void ReleaseValue() noexcept;
   bool CheckInvariants() const;
@@ -238,6 +244,8 @@ class QVXML_API QvVariant : private TInstanceCounted<QvVariant> {
   bool m_isNil = false;
   // The value object is borrowed, but its owner does not need it any more.
   bool m_isOffered = false;
+  // The library reads properties into this one, and is done with each before it may change.
+  bool m_takesLoans = false;
   Ownership m_ownership = Ownership::None;
   ItemType m_type = ItemType_none;
   uint64_t m_slot = 0;
