@@ -3,6 +3,7 @@
 #include <climits>
 #include <limits>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "tests/support/qv_gtest.h"
@@ -351,6 +352,67 @@ TEST(CheckRestriction, OfOneKindIsTheCheckOfItsName) {
   facets.maxInclusive = "--04";
   EXPECT_QV_THROW(CXmlObjectHelper::CheckRestrictionFormonth("n", 5, facets), CQvException,
                   "Invalid Value for n [5]");
+}
+
+template <class TArgument>
+void ExpectBroken(void (*check)(const char*, TArgument, const CPrimitiveRestrictions&),
+                  std::type_identity_t<TArgument> value, const CFacets& facets,
+                  const char* message) {
+  EXPECT_QV_THROW(check("n", value, facets), CQvException, message);
+}
+
+CFacets AtMost(const char* bound) {
+  CFacets facets;
+  facets.maxInclusive = bound;
+  return facets;
+}
+
+// Each value is beyond the range of the next smaller type, and in the form of its own type only.
+TEST(CheckRestriction, OfEachKindReadsBoundsAndWritesValuesOfItsOwn) {
+  using C = CXmlObjectHelper;
+  const auto moment = [](ItemType type, const char* text) {
+    QvVariant value;
+    value.FromString(text, type, CWhitespaceUtils::ws_none);
+    return value.GetDate();
+  };
+  QvVariant duration;
+  duration.FromString("P2M", ItemType_duration, CWhitespaceUtils::ws_none);
+  // clang-format off
+  ExpectBroken(&C::CheckRestrictionFori1, 127, AtMost("1"), "Invalid Value for n [127]");
+  ExpectBroken(&C::CheckRestrictionFori2, SHRT_MAX, AtMost("1"), "Invalid Value for n [32767]");
+  ExpectBroken(&C::CheckRestrictionFori4, LONG_MAX, AtMost("1"), "Invalid Value for n [9223372036854775807]");
+  ExpectBroken(&C::CheckRestrictionFori8, LLONG_MAX, AtMost("1"), "Invalid Value for n [9223372036854775807]");
+  ExpectBroken(&C::CheckRestrictionForui1, 255, AtMost("1"), "Invalid Value for n [255]");
+  ExpectBroken(&C::CheckRestrictionForui2, USHRT_MAX, AtMost("1"), "Invalid Value for n [65535]");
+  ExpectBroken(&C::CheckRestrictionForui4, ULONG_MAX, AtMost("1"), "Invalid Value for n [18446744073709551615]");
+  ExpectBroken(&C::CheckRestrictionForyear, 2001, AtMost("2000"), "Invalid Value for n [2001]");
+  ExpectBroken(&C::CheckRestrictionForday, 31, AtMost("---30"), "Invalid Value for n [31]");
+  ExpectBroken(&C::CheckRestrictionForr4, 1.5F, AtMost("1.25"), "Invalid Value for n [1.5].");
+  ExpectBroken(&C::CheckRestrictionForr8, 1e300, AtMost("1e299"), "Invalid Value for n [1e+300].");
+  ExpectBroken(&C::CheckRestrictionForinteger, CBigInteger("36893488147419103232"), AtMost("36893488147419103231"), "Invalid Value for n [36893488147419103232].");
+  ExpectBroken(&C::CheckRestrictionFordecimal, CDecimal("1.5"), AtMost("1.4"), "Invalid Value for n [1.5].");
+  ExpectBroken(&C::CheckRestrictionForduration, duration.GetDuration(), AtMost("P1M"), "Invalid Value for n [P2M].");
+  ExpectBroken(&C::CheckRestrictionFordate, moment(ItemType_date, "2001-02-04"), AtMost("2001-02-03"), "Invalid Value for n [2001-02-04].");
+  ExpectBroken(&C::CheckRestrictionFortime, moment(ItemType_time, "04:05:06"), AtMost("04:05:05"), "Invalid Value for n [04:05:06].");
+  ExpectBroken(&C::CheckRestrictionFordatetime, moment(ItemType_datetime, "2001-02-03T04:05:06"), AtMost("2001-02-03T04:05:05"), "Invalid Value for n [2001-02-03T04:05:06].");
+  ExpectBroken(&C::CheckRestrictionForyearMonth, moment(ItemType_yearMonth, "2001-03"), AtMost("2001-02"), "Invalid Value for n [2001-03].");
+  ExpectBroken(&C::CheckRestrictionFormonthDay, moment(ItemType_monthDay, "--02-29"), AtMost("--02-28"), "Invalid Value for n [--02-29].");
+  CFacets oneByte;
+  oneByte.maxLength = 1;
+  const unsigned char bytes[] = {0, 0xAB};
+  ExpectBroken(&C::CheckRestrictionForhexBinary, CBinaryData(bytes, 2), oneByte, "Invalid Value for n [00AB].");
+  ExpectBroken(&C::CheckRestrictionForbase64Binary, CBinaryData(bytes, 2), oneByte, "Invalid Value for n [AKs=].");
+  ExpectBroken(&C::CheckRestrictionForstring, std::string("ab"), oneByte, "Invalid Value for n [ab].");
+  // clang-format on
+  EXPECT_NO_THROW(C::CheckRestrictionForboolean("n", true, oneByte));
+}
+
+TEST(CPrimitiveRestrictions, AssignmentForgetsBoundsThatWereRead) {
+  CPrimitiveRestrictions facets = AtMost("5");
+  EXPECT_EQ(Check(ItemType_i4, "7", facets), Bad("7"));
+  facets = AtMost("9");
+  EXPECT_EQ(Check(ItemType_i4, "7", facets), "");
+  EXPECT_EQ(Check(ItemType_i4, "10", facets), Bad("10"));
 }
 
 TEST(CPrimitiveRestrictions, TellsWhetherThereIsAFacet) {

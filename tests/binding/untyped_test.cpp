@@ -144,7 +144,7 @@ TEST_F(CUntyped, ElementsNeedANameAndAnAdmittedNamespace) {
 }
 
 // clang-format off
-TEST_F(CUntyped, RefusedChangesLeaveTheElementAsItWas) {
+TEST_F(CUntyped, OnlyRefusedChangesLeaveTheElementAsItWas) {
   const CElementPtr element(new CElement("e", "urn:x", "##other", "urn:t"));
   EXPECT_QV_THROW(element->SetNamespace("urn:t"), CQvInvalidNamespaceException,
                   "Invalid namespace [urn:t]. The namespace must be one of [##other] where the target namespace is [urn:t].");
@@ -155,6 +155,9 @@ TEST_F(CUntyped, RefusedChangesLeaveTheElementAsItWas) {
   EXPECT_EQ(element->GetName() + " " + element->GetNamespace() + " " +
                 element->GetNamespaceRestriction() + " " + element->GetTargetNamespace(),
             "e urn:x ##other urn:t");
+  element->SetName("f");
+  element->SetNamespace("urn:y");
+  EXPECT_EQ(element->GetName() + " " + element->GetNamespace(), "f urn:y");
 }
 
 // ---- Writing
@@ -347,6 +350,9 @@ TEST_F(CUntyped, CollectionsInsertFindAndRemove) {
   const CElementColPtr clone = elements->Clone();
   EXPECT_EQ(NamesOf(clone), (std::vector<std::string>{"c", "a", "b"}));
   EXPECT_EQ(clone->Find(b), -1);
+  clone->Remove(1);
+  EXPECT_EQ(NamesOf(clone), (std::vector<std::string>{"c", "b"}));
+  EXPECT_QV_THROW(clone->Remove(2), CQvInvalidParamException, "Index 2 is out of range, use 0 - 2");
   EXPECT_QV_THROW(clone->Remove(b), CQvInvalidParamException,
                   "The object was not found in the collection");
   EXPECT_QV_THROW(elements->Item(3), CQvInvalidParamException,

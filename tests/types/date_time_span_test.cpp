@@ -96,6 +96,10 @@ TEST(CDateTimeSpan, SettersReplaceTheWholeSpan) {
   EXPECT_THROW(span.SetMilliSeconds(1000), CQvInvalidValueException);
   EXPECT_THROW(span.SetMicroSeconds(65535), CQvInvalidValueException);
   EXPECT_EQ(span.ToString(), "-P1Y2M3DT4H5M6.007008009S");
+  span.SetMilliSeconds(999);
+  span.SetMicroSeconds(10);
+  span.SetNanoSeconds(0);
+  EXPECT_EQ(span.ToString(), "-P1Y2M3DT4H5M6.99901S");
   span.SetDateTimeSpan(1, 90, 3);
   EXPECT_EQ(span.ToString(), "P1DT90M3S");
   EXPECT_FALSE(span.IsNegative());

@@ -110,6 +110,50 @@ TEST(QvVariant, SettersReplaceWhateverIsHeld) {
   EXPECT_EQ(value.GetType(), "ui1");
 }
 
+// What is taken from a value of the type and set again is of the type, and the same.
+template <class TArgument, class TValue>
+void ExpectKept(ItemType type, const char* text, void (QvVariant::*set)(TArgument),
+                TValue (QvVariant::*get)() const) {
+  SCOPED_TRACE(text);
+  QvVariant source;
+  source.FromString(text, type, CWhitespaceUtils::ws_none);
+  QvVariant value;
+  (value.*set)((source.*get)());
+  EXPECT_EQ(value.GetItemType(), type);
+  EXPECT_EQ(value.ToString(), text);
+}
+
+TEST(QvVariant, SettersAndGettersAreOfTheSameType) {
+  using V = QvVariant;
+  // clang-format off
+  ExpectKept(ItemType_hexBinary, "00AB", &V::SetHexBinary, &V::GetHexBinary);
+  ExpectKept(ItemType_base64Binary, "AAEC", &V::SetBase64Binary, &V::GetBase64Binary);
+  ExpectKept(ItemType_i1, "-128", &V::SetI1, &V::GetI1);
+  ExpectKept(ItemType_i2, "-32768", &V::SetI2, &V::GetI2);
+  ExpectKept(ItemType_i4, "-9223372036854775808", &V::SetI4, &V::GetI4);
+  ExpectKept(ItemType_i8, "-9223372036854775808", &V::SetI8, &V::GetI8);
+  ExpectKept(ItemType_ui1, "255", &V::SetUI1, &V::GetUI1);
+  ExpectKept(ItemType_ui2, "65535", &V::SetUI2, &V::GetUI2);
+  ExpectKept(ItemType_ui4, "18446744073709551615", &V::SetUI4, &V::GetUI4);
+  ExpectKept(ItemType_ui8, "18446744073709551615", &V::SetUI8, &V::GetUI8);
+  ExpectKept(ItemType_r4, "0.1", &V::SetR4, &V::GetR4);
+  ExpectKept(ItemType_r8, "0.1", &V::SetR8, &V::GetR8);
+  ExpectKept(ItemType_duration, "-P1Y2M", &V::SetDuration, &V::GetDuration);
+  ExpectKept(ItemType_yearMonth, "2001-02", &V::SetYearMonth, &V::GetYearMonth);
+  ExpectKept(ItemType_monthDay, "--02-29", &V::SetMonthDay, &V::GetMonthDay);
+  ExpectKept(ItemType_year, "2001", &V::SetYear, &V::GetYear);
+  ExpectKept(ItemType_month, "--05", &V::SetMonth, &V::GetMonth);
+  ExpectKept(ItemType_day, "---31", &V::SetDay, &V::GetDay);
+  ExpectKept(ItemType_date, "2001-02-03Z", &V::SetDate, &V::GetDate);
+  ExpectKept(ItemType_datetime, "2001-02-03T04:05:06.7", &V::SetDateTime, &V::GetDateTime);
+  ExpectKept(ItemType_time, "04:05:06+01:00", &V::SetTime, &V::GetTime);
+  ExpectKept(ItemType_char, "x", &V::SetChar, &V::GetChar);
+  ExpectKept(ItemType_boolean, "true", &V::SetBoolean, &V::GetBoolean);
+  ExpectKept(ItemType_decimal, "-1.005", &V::SetDecimal, &V::GetDecimal);
+  ExpectKept(ItemType_integer, "-123456789012345678901234567890", &V::SetInteger, &V::GetInteger);
+  // clang-format on
+}
+
 TEST(QvVariant, ObjectGettersSurviveAnotherType) {
   QvVariant value;
   EXPECT_EQ(value.GetString(), "");
