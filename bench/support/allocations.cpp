@@ -20,6 +20,7 @@ void __libc_free(void*);
 namespace {
 
 bool IsCounting = false;
+bool AllowsFreeAdvice = true;
 long Allocations = 0;
 long LiveBytes = 0;
 long PeakBytes = 0;
@@ -66,6 +67,13 @@ void* mmap(void* place, size_t size, int protection, int flags, int file, off_t 
   if (IsCounting && memory != MAP_FAILED && (flags & MAP_ANONYMOUS) != 0) Count(size);
   return memory;
 }
+int madvise(void* memory, size_t size, int advice) noexcept {
+  if (advice == MADV_FREE && !AllowsFreeAdvice) {
+    errno = EINVAL;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_madvise, memory, size, advice));
+}
 int munmap(void* memory, size_t size) noexcept {
   const int result = static_cast<int>(syscall(SYS_munmap, memory, size));
   if (IsCounting && result == 0) LiveBytes -= static_cast<long>(size);
@@ -85,5 +93,7 @@ CAllocationCount::~CAllocationCount() { IsCounting = false; }
 long CAllocationCount::Allocations() const { return ::Allocations; }
 long CAllocationCount::LiveBytes() const { return ::LiveBytes; }
 long CAllocationCount::PeakBytes() const { return ::PeakBytes; }
+
+void AllowFreeAdvice(bool allows) { AllowsFreeAdvice = allows; }
 
 }  // namespace bench

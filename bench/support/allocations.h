@@ -1,5 +1,5 @@
 // Counts heap allocations of the whole process, those of the libraries too: a program that links
-// this has malloc and its family, and mmap and munmap, replaced by counting ones.
+// this has malloc and its family, and mmap and munmap, replaced by counting ones, and madvise.
 
 #ifndef BENCH_SUPPORT_ALLOCATIONS_H_
 #define BENCH_SUPPORT_ALLOCATIONS_H_
@@ -20,6 +20,10 @@ class CAllocationCount {
   /// The most that LiveBytes has been.
   long PeakBytes() const;
 };
+
+/// Whether memory may be advised as free (MADV_FREE), which is then kept for later without being
+/// counted again. At first it may.
+void AllowFreeAdvice(bool allows);
 
 }  // namespace bench
 

@@ -23,13 +23,24 @@ double CpuMilliseconds() {
   return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
+void RunAll(const std::vector<CProgram>& programs) {
+  for (const CProgram& program : programs) {
+    if (program.run) program.run();
+  }
+}
+
 void Run(std::vector<CProgram>& programs, int rounds) {
+  // What earlier runs left to be used again is used up first, so that all memory is counted.
+  AllowFreeAdvice(false);
+  RunAll(programs);
   for (CProgram& program : programs) {
     if (!program.run) continue;
     CountedMemory = &program.memory;
     program.run();
     CountedMemory = nullptr;
   }
+  AllowFreeAdvice(true);
+  RunAll(programs);
   for (int round = 0; round < rounds; ++round) {
     for (CProgram& program : programs) {
       if (program.run) program.times.push_back(program.run());

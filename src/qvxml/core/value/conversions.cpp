@@ -17,7 +17,6 @@ using Rule = CWhitespaceUtils::WhitespaceRule;
 using detail::AppendText;
 using detail::CNormalisedText;
 using detail::FromText;
-using detail::IsRule;
 using detail::ToText;
 
 namespace {
