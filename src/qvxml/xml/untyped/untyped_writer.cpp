@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -11,6 +12,14 @@
 #include "qvxml/xml/xml_text_writer.h"
 
 namespace QvXmlLib16::detail {
+
+namespace {
+
+const CElement& ChildAt(const CElementCol& children, size_t index) {
+  return *children.begin()[static_cast<std::ptrdiff_t>(index)];
+}
+
+}  // namespace
 
 // A root stands in no other element, and the context's default namespace is not declared on it.
 CUntypedWriter::CUntypedWriter(CXmlWriter& writer, bool isRoot, const CSerializationContext& ctx)
@@ -32,7 +41,7 @@ void CUntypedWriter::Write(const CElement& element) {
       End();
     } else {
       if (m_jsonWriter != nullptr) MarkRun(*children, level.nextChild);
-      Start(*children->begin()[level.nextChild++]);
+      Start(ChildAt(*children, level.nextChild++));
     }
   }
 }
@@ -40,8 +49,8 @@ void CUntypedWriter::Write(const CElement& element) {
 // Children of one name that stand next to each other are like the items of a collection.
 void CUntypedWriter::MarkRun(const CElementCol& children, size_t index) {
   const auto areAlike = [&children](size_t left) {
-    const CElement& first = *children.begin()[left];
-    const CElement& second = *children.begin()[left + 1];
+    const CElement& first = ChildAt(children, left);
+    const CElement& second = ChildAt(children, left + 1);
     return first.GetName() == second.GetName() && first.m_namespace == second.m_namespace;
   };
   const bool isInRun = (index > 0 && areAlike(index - 1)) ||
