@@ -3,6 +3,8 @@
 add_library(qvxml_options INTERFACE)
 target_compile_features(qvxml_options INTERFACE cxx_std_20)
 target_compile_options(qvxml_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+# GCC's leaves out the signs.
+target_compile_options(qvxml_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wconversion>)
 # At -O3 GCC 12 sees copies within a std::string overlap that do not.
 target_compile_options(qvxml_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(QVXML_WERROR)
@@ -26,9 +28,8 @@ function(qvxml_layer name)
   add_library(qvxml_${name} OBJECT ${LAYER_SOURCES})
   target_include_directories(qvxml_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(qvxml_${name} PRIVATE qvxml_options ${LAYER_LIBRARIES})
-  # Exported functions may be inlined within the library. GCC's -Wconversion leaves out the signs.
-  target_compile_options(qvxml_${name} PRIVATE -fno-semantic-interposition
-                                               $<$<CXX_COMPILER_ID:GNU>:-Wconversion>)
+  # Exported functions may be inlined within the library.
+  target_compile_options(qvxml_${name} PRIVATE -fno-semantic-interposition)
   set_target_properties(
     qvxml_${name}
     PROPERTIES POSITION_INDEPENDENT_CODE ON

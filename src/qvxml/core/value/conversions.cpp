@@ -71,7 +71,7 @@ void AppendFormatted(const CDecimal& value, const char* format, std::string& tex
 template <>
 void ParseInto<ItemType_decimal>(std::string_view text, Rule rule, CDecimal& value) {
   // Without whitespace, which the rules are about.
-  if (IsRule(rule) && value.ParseShort(text)) return;
+  if (detail::IsRule(rule) && value.ParseShort(text)) return;
   const CNormalisedText normalised(rule, text);
   value.Parse(normalised.View().data(), normalised.View().size());
 }
