@@ -40,14 +40,23 @@ std::string_view WriteNumber(TInteger value, NumberBuffer& buffer) {
   return WriteInteger(value, buffer);
 }
 
+bool IsReadAs(std::string_view text, float value) {
+  float back = 0;
+  return std::from_chars(text.data(), text.data() + text.size(), back).ec == std::errc() &&
+         back == value;
+}
+
+bool IsReadAs(std::string_view text, double value) {
+  double back = 0;
+  return ReadDecimalReal(text, back) && back == value;
+}
+
 // The usual text has too few digits for some values.
 template <class TReal>
 std::string_view WriteExactReal(TReal value, NumberBuffer& buffer) {
   const std::string_view usual = WriteReal(value, nullptr, buffer);
   if (!std::isfinite(value)) return usual;
-  TReal back = 0;
-  const auto result = std::from_chars(usual.data(), usual.data() + usual.size(), back);
-  if (result.ec == std::errc() && back == value) return usual;
+  if (IsReadAs(usual, value)) return usual;
   char* const end = std::to_chars(buffer.text, buffer.text + sizeof buffer.text, value).ptr;
   return std::string_view(buffer.text, static_cast<size_t>(end - buffer.text));
 }

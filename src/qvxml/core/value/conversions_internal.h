@@ -5,13 +5,16 @@
 #define QVXML_CORE_VALUE_CONVERSIONS_INTERNAL_H_
 
 #include <charconv>
+#include <cstddef>
 #include <string_view>
 
 namespace QvXmlLib16::detail {
 
-/// Room for the text of any one number; results are cut at 31 characters.
+/// Room for the text of any one number, which is cut at kMostText characters, and for what is copied
+/// behind it in passing.
 struct NumberBuffer {
-  char text[32];
+  static constexpr size_t kMostText = 31;
+  char text[40];
 };
 
 /// The decimal text of `value`, written into `buffer`.
@@ -25,6 +28,9 @@ std::string_view WriteInteger(TInteger value, NumberBuffer& buffer) {
 /// A null `format` is "".
 std::string_view WriteReal(float value, const char* format, NumberBuffer& buffer);
 std::string_view WriteReal(double value, const char* format, NumberBuffer& buffer);
+
+/// Reads a decimal number in range as the double nearest to it; false for all other text.
+bool ReadDecimalReal(std::string_view text, double& value);
 
 enum class ParseResult { Valid, NotANumber, OutOfRange };
 

@@ -11,6 +11,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "qvxml/core/digits_internal.h"
 #include "qvxml/core/locale_text.h"
 #include "qvxml/core/value/conversions.h"
 #include "qvxml/core/value/conversions_internal.h"
@@ -63,7 +64,7 @@ std::string_view WritePlainReal(double value, char letter, int precision, Number
                                  : letter == 'e' ? std::chars_format::scientific
                                                  : std::chars_format::general;
   const auto [end, error] =
-      std::to_chars(buffer.text, buffer.text + sizeof buffer.text - 1, value, form, precision);
+      std::to_chars(buffer.text, buffer.text + NumberBuffer::kMostText, value, form, precision);
   if (error != std::errc()) return std::string_view();
   return std::string_view(buffer.text, static_cast<size_t>(end - buffer.text));
 }
@@ -91,10 +92,10 @@ std::string_view WriteByFormat(double value, const char* format, NumberBuffer& b
   const std::string_view text = WriteBySimpleFormat(value, format, buffer);
   if (!text.empty() || !ReadsAtMostOneReal(format)) return text;
   const CInvariantLocaleScope locale;
-  const int length = std::snprintf(buffer.text, sizeof buffer.text, format, value);
+  const int length = std::snprintf(buffer.text, NumberBuffer::kMostText + 1, format, value);
   if (length < 0) return std::string_view();
   return std::string_view(buffer.text,
-                          std::min(static_cast<size_t>(length), sizeof buffer.text - 1));
+                          std::min(static_cast<size_t>(length), NumberBuffer::kMostText));
 }
 
 template <class TReal>
@@ -106,6 +107,7 @@ constexpr int kDefaultPrecision = std::is_same_v<TReal, float> ? 7 : 16;
 // Writes the value as "%.<precision>g" if it lies below `limit`, 10^(precision - 1), and has no
 // exponent; an empty result says that it does not.
 std::string_view WriteShortReal(double value, int precision, double limit, NumberBuffer& buffer) {
+  static_assert(sizeof buffer.text > detail::CShortReal::kRoom);
   const double magnitude = std::fabs(value);
   if (!(magnitude >= 1e-4 && magnitude < limit)) return std::string_view();
   char* out = buffer.text;
@@ -138,6 +140,11 @@ std::string_view WriteRealAs(TReal value, const char* format, NumberBuffer& buff
 
 // Appends the digits at `position` to `number`, which may wrap; returns where they end.
 const char* ReadDigits(const char* position, const char* end, std::uint64_t& number) {
+  for (std::uint64_t bytes; end - position >= 8; position += 8) {
+    std::memcpy(&bytes, position, sizeof bytes);
+    if (!detail::AreDigits(bytes)) break;
+    number = number * 100000000 + detail::DigitsValue(bytes);
+  }
   for (; position != end; ++position) {
     const unsigned digit = static_cast<unsigned char>(*position) - unsigned{'0'};
     if (digit > 9) break;
@@ -160,17 +167,19 @@ bool AddShortExponent(const char* position, const char* end, std::ptrdiff_t& exp
   return true;
 }
 
-// Reads a number of few digits and a small exponent: its digits, taken as an integer, and the power
-// of ten are exact doubles, so that one operation on them gives the nearest double.
+// Reads a number whose digits, taken as an integer, and whose power of ten are exact doubles, so
+// that one operation on them gives the nearest double.
 bool ReadShortReal(std::string_view text, double& value) {
   static constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                             1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                             1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
   constexpr auto kHighest = static_cast<std::ptrdiff_t>(std::size(kPowersOfTen)) - 1;
-  constexpr std::ptrdiff_t kExactDigits = 15;
+  constexpr std::uint64_t kHighestExact = std::uint64_t{1} << 53;
+  // So many do not wrap.
+  constexpr std::ptrdiff_t kMostDigits = 19;
   const bool isNegative = !text.empty() && text.front() == '-';
   if (isNegative) text.remove_prefix(1);
-  if (text.size() > kExactDigits + std::string_view(".e-22").size()) return false;
+  if (text.size() > kMostDigits + std::string_view(".e-22").size()) return false;
 
   const char* const end = text.data() + text.size();
   std::uint64_t digits = 0;
@@ -183,25 +192,13 @@ bool ReadShortReal(std::string_view text, double& value) {
     exponent = fraction - position;
     count -= exponent;
   }
-  if (count == 0 || count > kExactDigits) return false;
+  if (count == 0 || count > kMostDigits || digits > kHighestExact) return false;
   if (position != end && !AddShortExponent(position, end, exponent)) return false;
   if (exponent < -kHighest || exponent > kHighest) return false;
   value = static_cast<double>(static_cast<std::int64_t>(digits));
   value = exponent < 0 ? value / kPowersOfTen[-exponent] : value * kPowersOfTen[exponent];
   if (isNegative) value = -value;
   return true;
-}
-
-// Reads decimal numbers in range, for which from_chars and strtod agree on grammar and value.
-bool ReadPlainReal(std::string_view text, double& value) {
-  if (ReadShortReal(text, value)) return true;
-  const size_t first = !text.empty() && text.front() == '-' ? 1 : 0;
-  if (first == text.size()) return false;
-  const bool startsNumber = (text[first] >= '0' && text[first] <= '9') || text[first] == '.';
-  if (!startsNumber) return false;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, value);
-  return stop == end && error == std::errc();
 }
 
 bool ReadSpecialReal(std::string_view text, double& value) {
@@ -228,10 +225,10 @@ bool ReadByLibrary(const std::string& text, double& value) {
 double RealFromText(std::string_view text, CWhitespaceUtils::WhitespaceRule rule,
                     const char* message) {
   double value;
-  if (detail::IsRule(rule) && ReadPlainReal(text, value)) return value;
+  if (detail::IsRule(rule) && detail::ReadDecimalReal(text, value)) return value;
   const detail::CNormalisedText normalised(rule, text);
   const std::string_view view = normalised.View();
-  if (ReadSpecialReal(view, value) || ReadPlainReal(view, value) ||
+  if (ReadSpecialReal(view, value) || detail::ReadDecimalReal(view, value) ||
       ReadByLibrary(std::string(view), value)) {
     return value;
   }
@@ -241,6 +238,18 @@ double RealFromText(std::string_view text, CWhitespaceUtils::WhitespaceRule rule
 }  // namespace
 
 namespace detail {
+
+// from_chars and strtod agree on the grammar and value of such text.
+bool ReadDecimalReal(std::string_view text, double& value) {
+  if (ReadShortReal(text, value)) return true;
+  const size_t first = !text.empty() && text.front() == '-' ? 1 : 0;
+  if (first == text.size()) return false;
+  const bool startsNumber = (text[first] >= '0' && text[first] <= '9') || text[first] == '.';
+  if (!startsNumber) return false;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, value);
+  return stop == end && error == std::errc();
+}
 
 std::string_view WriteReal(float value, const char* format, NumberBuffer& buffer) {
   return WriteRealAs(value, format, buffer);

@@ -21,41 +21,42 @@ namespace QvXmlLib16::detail {
 ///          = mantissa * 5^shift * 2^(exponent + shift), with exponent + shift < 0
 class CShortReal {
  public:
-  /// `value` is above 0 and in that range.
+  /// Octets that Write touches at most, of which it means fewer.
+  static constexpr size_t kRoom = 33;
+
+  /// `value` is above 0 and in that range, and below 10^15.
   CShortReal(double value, int digits) {
     std::uint64_t bits;
     std::memcpy(&bits, &value, sizeof bits);
     m_mantissa = (bits & ((std::uint64_t{1} << 52) - 1)) | std::uint64_t{1} << 52;
     m_exponent = static_cast<int>(bits >> 52) - 1075;
-    // The logarithm by that to base 2, perhaps one too high.
-    m_point = ((m_exponent + 52) * 1233 >> 12) + 1;
-    if (!TakeDigits(digits)) {
-      --m_point;
-      TakeDigits(digits);
-    }
-    m_count = digits;
-    DropZeros();
+    // The logarithm by that to base 2, perhaps one too low.
+    m_point = (m_exponent + 52) * 1233 >> 12;
+    if (value >= PowerOfTen(m_point + 1)) ++m_point;
+    TakeDigits(digits);
   }
 
   /// Writes the text of "%g", which has no exponent here; returns its end.
   char* Write(char* out) const {
-    char digits[kMostDigits];
-    WriteDigits(digits);
+    // The second half is copied, but never kept: copies of one length need no call.
+    char digits[2 * kMostDigits];
+    WriteEightDigits(digits, static_cast<std::uint32_t>(m_digits / kPowers[8]));
+    WriteEightDigits(digits + 8, static_cast<std::uint32_t>(m_digits % kPowers[8]));
+    int count = kMostDigits;
+    while (digits[count - 1] == '0') --count;
     if (m_point < 0) {
-      *out++ = '0';
-      *out++ = '.';
-      for (int zeros = m_point + 1; zeros != 0; ++zeros) *out++ = '0';
-      return Put(out, digits, m_count);
+      std::memcpy(out, "0.0000", 6);
+      out += 1 - m_point;
+      std::memcpy(out, digits, kMostDigits);
+      return out + count;
     }
     const int whole = m_point + 1;
-    if (m_count <= whole) {
-      out = Put(out, digits, m_count);
-      for (int zeros = whole - m_count; zeros != 0; --zeros) *out++ = '0';
-      return out;
-    }
-    out = Put(out, digits, whole);
+    std::memcpy(out, digits, kMostDigits);
+    if (count <= whole) return out + whole;
+    out += whole;
     *out++ = '.';
-    return Put(out, digits + whole, m_count - whole);
+    std::memcpy(out, digits + whole, kMostDigits);
+    return out + count - whole;
   }
 
  private:
@@ -78,9 +79,16 @@ class CShortReal {
                                               1000000000000000ull,
                                               10000000000000000ull};
 
-  // The value as that many digits of which the first is at 10^m_point, half to even; false when
-  // there are fewer.
-  bool TakeDigits(int digits) {
+  // From -4 to 15. The doubles nearest to the fractions are not below them, so that comparing with
+  // a double is comparing with the power.
+  static double PowerOfTen(int power) {
+    static constexpr double kFrom[] = {1e-4, 1e-3, 1e-2, 1e-1, 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,
+                                       1e6,  1e7,  1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    return kFrom[power + 4];
+  }
+
+  // Takes the value as that many digits, of which the first is at 10^m_point, half to even.
+  void TakeDigits(int digits) {
     static constexpr auto kPowersOfFive = [] {
       std::array<std::uint64_t, 21> powers{1};
       for (size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 5;
@@ -91,7 +99,6 @@ class CShortReal {
     const Wide product = static_cast<Wide>(m_mantissa) * kPowersOfFive[static_cast<size_t>(shift)];
     const int dropped = -(m_exponent + shift);
     m_digits = static_cast<std::uint64_t>(product >> dropped);
-    if (m_digits < kPowers[digits - 1]) return false;
     const Wide rest = product & ((Wide{1} << dropped) - 1);
     const Wide half = Wide{1} << (dropped - 1);
     if (rest > half || (rest == half && m_digits % 2 != 0)) ++m_digits;
@@ -100,39 +107,24 @@ class CShortReal {
       m_digits = kPowers[digits - 1];
       ++m_point;
     }
-    return true;
+    m_digits *= kPowers[kMostDigits - digits];
   }
 
-  void DropZeros() {
-    for (const int zeros : {8, 4, 2, 1}) {
-      const std::uint64_t power = kPowers[zeros];
-      if (m_count <= zeros || m_digits % power != 0) continue;
-      m_digits /= power;
-      m_count -= zeros;
-    }
-  }
-
-  void WriteDigits(char* out) const {
-    std::uint64_t left = m_digits;
-    int at = m_count;
-    for (; at >= 2; left /= 100) {
-      at -= 2;
-      WriteTwoDigits(out + at, static_cast<unsigned>(left % 100));
-    }
-    if (at != 0) *out = static_cast<char>('0' + left);
-  }
-
-  static char* Put(char* out, const char* digits, int count) {
-    std::memcpy(out, digits, static_cast<size_t>(count));
-    return out + count;
+  static void WriteEightDigits(char* out, std::uint32_t number) {
+    const std::uint32_t high = number / 10000;
+    const std::uint32_t low = number % 10000;
+    WriteTwoDigits(out, high / 100);
+    WriteTwoDigits(out + 2, high % 100);
+    WriteTwoDigits(out + 4, low / 100);
+    WriteTwoDigits(out + 6, low % 100);
   }
 
   std::uint64_t m_mantissa;
   int m_exponent;
   // The power of ten of the first digit.
   int m_point;
+  // Filled up to kMostDigits digits.
   std::uint64_t m_digits;
-  int m_count;
 };
 
 }  // namespace QvXmlLib16::detail
