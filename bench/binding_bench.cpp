@@ -7,6 +7,8 @@
 //
 // On orders the peers do the same typed work; MB/s is that of the XML text in every row.
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -25,6 +27,8 @@ using namespace QvXmlLib16;
 using namespace bench;
 
 constexpr std::size_t kGpxSize = 10'000'000;
+// Smaller documents are run several times in a row.
+constexpr std::size_t kBytesInRow = 5'000'000;
 
 // Facets of members are checked when they are written.
 void AddPatternRow(const CBoundDocument& document, std::vector<CProgram>& programs) {
@@ -36,9 +40,11 @@ void AddPatternRow(const CBoundDocument& document, std::vector<CProgram>& progra
 }
 
 // A short run says little, a long one takes long.
-int RoundsFor(std::size_t bytes) {
-  if (bytes < 100'000) return 301;
-  return bytes > 50'000'000 ? 5 : kRounds;
+CRepetitions RepetitionsFor(std::size_t bytes) {
+  CRepetitions repetitions;
+  if (bytes > 50'000'000) repetitions.rounds = 5;
+  repetitions.runs = static_cast<int>(std::max<std::size_t>(kBytesInRow / bytes, 1));
+  return repetitions;
 }
 
 void AddPeers(const CBoundDocument& document, std::vector<CProgram>& programs) {
@@ -69,7 +75,7 @@ void Measure(const CBoundDocument& document) {
     AddPatternRow(document, programs);
     AddPeers(document, programs);
   }
-  Compare(document.Description(), programs, RoundsFor(document.xml.size()));
+  Compare(document.Description(), programs, RepetitionsFor(document.xml.size()));
 }
 
 }  // namespace

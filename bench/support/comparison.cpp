@@ -29,7 +29,14 @@ void RunAll(const std::vector<CProgram>& programs) {
   }
 }
 
-void Run(std::vector<CProgram>& programs, int rounds) {
+// The mean of several runs in a row.
+double MeanTime(const CProgram& program, int runs) {
+  double sum = 0;
+  for (int run = 0; run < runs; ++run) sum += program.run();
+  return sum / runs;
+}
+
+void Run(std::vector<CProgram>& programs, const CRepetitions& repetitions) {
   // What earlier runs left to be used again is used up first, so that all memory is counted.
   AllowFreeAdvice(false);
   RunAll(programs);
@@ -41,9 +48,9 @@ void Run(std::vector<CProgram>& programs, int rounds) {
   }
   AllowFreeAdvice(true);
   RunAll(programs);
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < repetitions.rounds; ++round) {
     for (CProgram& program : programs) {
-      if (program.run) program.times.push_back(program.run());
+      if (program.run) program.times.push_back(MeanTime(program, repetitions.runs));
     }
   }
 }
@@ -67,9 +74,11 @@ void PrintRow(const CDocument& document, const CProgram& program, double referen
   std::printf(" %8.2f\n", static_cast<double>(program.memory.peakBytes) / bytes);
 }
 
-void Print(const CDocument& document, const std::vector<CProgram>& programs, int rounds) {
-  std::printf("%s: %zu bytes, %.0f elements, median of %d rounds\n", document.name.c_str(),
-              document.bytes, document.elements, rounds);
+void Print(const CDocument& document, const std::vector<CProgram>& programs,
+           const CRepetitions& repetitions) {
+  std::printf("%s: %zu bytes, %.0f elements, median of %d rounds, %d runs in each\n",
+              document.name.c_str(), document.bytes, document.elements, repetitions.rounds,
+              repetitions.runs);
   std::printf("%-44s %9s %8s %8s %8s %8s %8s %8s\n", "", "ms", "MB/s", "relative", "ns/el",
               "allocs/el", "bytes/el", "peak/text");
   for (const CProgram& program : programs) PrintRow(document, program, programs.front().Median());
@@ -119,9 +128,10 @@ CProgram Timed(const char* name, std::function<void()> work) {
   return {name, [work = std::move(work)] { return TimeOf(work); }};
 }
 
-void Compare(const CDocument& document, std::vector<CProgram>& programs, int rounds) {
-  Run(programs, rounds);
-  Print(document, programs, rounds);
+void Compare(const CDocument& document, std::vector<CProgram>& programs,
+             const CRepetitions& repetitions) {
+  Run(programs, repetitions);
+  Print(document, programs, repetitions);
   if (const char* path = std::getenv("QVXML_BENCH_RESULTS")) {
     AppendResults(path, document, programs);
   }

@@ -50,15 +50,21 @@ struct CDocument {
   double elements = 0;
 };
 
-constexpr int kRounds = 15;
+struct CRepetitions {
+  int rounds = 15;
+  /// Runs in a row whose mean is one time. A short one alone would be timed with what the rows
+  /// before it left in the caches, not as in a program that handles one small document after another.
+  int runs = 1;
+};
 
-/// Runs `programs` once counting allocations and `rounds` times in turn, and prints a table of
-/// them; the first is the reference of the column "relative".
+/// Runs `programs` once counting allocations and then in turn, and prints a table of the medians of
+/// the rounds; the first is the reference of the column "relative".
 ///
 /// When the environment variable QVXML_BENCH_RESULTS names a file, the rows are added to it too, as
 /// fields between tabs: document, bytes, elements, row, milliseconds, relative, allocations, bytes
 /// kept, peak bytes; a skipped row has its word in place of the milliseconds and no more.
-void Compare(const CDocument& document, std::vector<CProgram>& programs, int rounds = kRounds);
+void Compare(const CDocument& document, std::vector<CProgram>& programs,
+             const CRepetitions& repetitions = {});
 
 }  // namespace bench
 
