@@ -53,7 +53,8 @@ struct CDocument {
 struct CRepetitions {
   int rounds = 15;
   /// Runs in a row whose mean is one time. A short one alone would be timed with what the rows
-  /// before it left in the caches, not as in a program that handles one small document after another.
+  /// before it left in the caches, not as in a program that handles one small document after
+  /// another.
   int runs = 1;
 };
 

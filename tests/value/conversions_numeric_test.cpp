@@ -306,7 +306,7 @@ TEST(RealConversions, RefuseWhatStrtodDoes) {
 
 TEST(RealConversions, ReadAsStrtod) {
   for (const double value : SampleReals()) {
-    for (const char* const format : {"%.17g", "%.7g", "%a", "%.3e", "%.30g"}) {
+    for (const char* const format : {"%.17g", "%.16g", "%.7g", "%.9f", "%a", "%.3e", "%.30g"}) {
       char text[64];
       std::snprintf(text, sizeof text, format, value);
       const double expected = std::strtod(text, nullptr);
@@ -315,6 +315,11 @@ TEST(RealConversions, ReadAsStrtod) {
       ASSERT_EQ(BitsOf(C::r4FromString(text, ws_none)), BitsOf(static_cast<float>(expected)))
           << text;
     }
+  }
+  // Beside the last integer up to which all are doubles, and the last exact power of ten.
+  for (const char* const text : {"9007199254740991e22", "9007199254740993", "0.9007199254740993e-6",
+                                 "9007199254740992e23", "0.000000000009007199254740991e3"}) {
+    EXPECT_EQ(BitsOf(C::r8FromString(text, ws_none)), BitsOf(std::strtod(text, nullptr))) << text;
   }
   // Halfway between two floats but for a digit that a double has no room for.
   EXPECT_EQ(C::r4FromString("1.00000005960464477540", ws_none), 1.0f);

@@ -10,8 +10,8 @@
 
 namespace QvXmlLib16::detail {
 
-/// Room for the text of any one number, which is cut at kMostText characters, and for what is copied
-/// behind it in passing.
+/// Room for the text of any one number, which is cut at kMostText characters, and for what is
+/// copied behind it in passing.
 struct NumberBuffer {
   static constexpr size_t kMostText = 31;
   char text[40];

@@ -45,7 +45,8 @@ class CShortReal {
     int count = kMostDigits;
     while (digits[count - 1] == '0') --count;
     if (m_point < 0) {
-      std::memcpy(out, "0.0000", 6);
+      static constexpr char kZeros[] = {'0', '.', '0', '0', '0', '0'};
+      std::memcpy(out, kZeros, sizeof kZeros);
       out += 1 - m_point;
       std::memcpy(out, digits, kMostDigits);
       return out + count;
