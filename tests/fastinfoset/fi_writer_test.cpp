@@ -324,6 +324,9 @@ TEST(CFastInfosetWriter, DeclaresWhatNamesNeed) {
          Start(w, "r", "urn:a"), Attribute(w, "id", "1", ItemType_string, CXmlWriter::XML_NAMESPACE), End(w);
        },
        "78 CF 01 41 41 04 75 72 6E 3A 61 F0 3F 81 81 00 72 7B 80 80 01 69 64 40 31 FF F0"},
+      // A namespace that has its prefix for ever as the default one.
+      {[](CXmlWriter& w) { w.SetDefaultNamespace(CXmlWriter::XML_NAMESPACE), Empty(w, "r", CXmlWriter::XML_NAMESPACE); },
+       "3F 80 80 00 72 FF"},
   };
   // clang-format on
   for (const auto& row : rows) {
@@ -365,6 +368,7 @@ TEST(CFastInfosetWriter, RefusesWhatMakesNoDocument) {
       {[](CXmlWriter& w) { Start(w, "r"), Text(w, "x"), w.WriteAttributeNil(); }, "Attributes must be added before elements"},
       {[](CXmlWriter& w) { Start(w, ""); }, "The name [] can not be written."},
       {[](CXmlWriter& w) { Start(w, "r"), Attribute(w, "p:a", "v"); }, "The name [p:a] can not be written."},
+      {[](CXmlWriter& w) { Start(w, "r", "http://www.w3.org/2000/xmlns/"); }, "The namespace [http://www.w3.org/2000/xmlns/] can not be declared."},
       {[](CXmlWriter& w) { Start(w, "r"), Text(w, "a\x01"); }, "Text holds a character that can not be written."},
       {[](CXmlWriter& w) { Start(w, "r"), Attribute(w, "a", std::string(1, '\0')); }, "Text holds a character that can not be written."},
       {[](CXmlWriter& w) { w.WritePI("xml-stylesheet"); }, "Invalid processing instruction [xml-stylesheet]."},

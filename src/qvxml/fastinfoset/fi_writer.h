@@ -29,7 +29,8 @@ class CFIEncoder;  // fastinfoset/fi_encoder_internal.h
 ///
 /// Text keeps every character, carriage returns and line feeds included; one that no XML document
 /// may hold throws CQvException "Text holds a character that can not be written.". What is no name
-/// without a colon throws "The name [%s] can not be written.".
+/// without a colon throws "The name [%s] can not be written.", an element in the namespace of
+/// declarations "The namespace [%s] can not be declared.".
 ///
 /// Namespaces are declared where they are first needed, also where the caller bound a prefix and
 /// declared nothing. Where a prefix is taken, another one is made. An attribute named xmlns, or

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "qvxml/core/exception.h"
+#include "qvxml/core/format.h"
 #include "qvxml/fastinfoset/fi_encoder_internal.h"
 #include "qvxml/fastinfoset/fi_writer.h"
 #include "qvxml/xml/short_copy.h"
@@ -64,7 +66,9 @@ void CFastInfosetWriter::AddNamespace(const std::string& prefix, const std::stri
 void CFastInfosetWriter::DeclareRootNamespaces(const std::string& namespaceUri) {
   const std::string& defaultNamespace = GetRootDefaultNamespace();
   // A root in no namespace keeps it out; elements that need it declare it themselves.
-  if (!namespaceUri.empty() && !defaultNamespace.empty()) Declare(std::string(), defaultNamespace);
+  const bool isDefaultDeclared =
+      !namespaceUri.empty() && !defaultNamespace.empty() && !IsFixed(defaultNamespace);
+  if (isDefaultDeclared) Declare(std::string(), defaultNamespace);
   for (const auto& binding : GetRootNamespaceMap()) {
     const bool isDeclared = IsDeclarable(binding) && !IsReserved(binding.second) &&
                             !binding.first.empty() && !IsFixed(binding.first) &&
@@ -88,7 +92,7 @@ CFastInfosetWriter::NamePrefix CFastInfosetWriter::ResolveElement(CXmlWriterCont
   }
   if (const NamePrefix* known = m_elementPrefixes.Find(namespaceUri)) return *known;
   NamePrefix numbers;
-  if (!context.IsUnprefixed(namespaceUri)) {
+  if (!context.IsUnprefixed(namespaceUri) || IsFixed(namespaceUri)) {
     numbers = RequirePrefix(context, namespaceUri);
   } else if (!IsDeclared(std::string(), namespaceUri, numbers)) {
     numbers = Declare(std::string(), namespaceUri);
@@ -112,6 +116,10 @@ CFastInfosetWriter::NamePrefix CFastInfosetWriter::RequirePrefix(CXmlWriterConte
                                                                  const std::string& namespaceUri) {
   if (namespaceUri == XML_NAMESPACE) {
     return {detail::CFIEncoder::kXmlNumber, detail::CFIEncoder::kXmlNumber};
+  }
+  if (IsFixed(namespaceUri)) {
+    throw CQvException(
+        FormatString("The namespace [%s] can not be declared.", namespaceUri.c_str()));
   }
   NamePrefix numbers;
   const std::string& bound = context.GetNamespaceMapValue(namespaceUri);
