@@ -31,6 +31,7 @@ struct Expectation {
   uint8_t options = 0;
   ShadowTree tree;
   std::map<std::string, std::string> namespaceByPrefix;
+  XML_Parser parser = nullptr;
   // Of the failure; "" when there is none.
   std::string message;
 };
@@ -79,18 +80,39 @@ void OnNamespace(void* userData, const char* prefix, const char* uri) {
       uri != nullptr ? uri : "";
 }
 
+void RefuseEntity(XML_Parser parser, const char* entity) {
+  static_cast<Expectation*>(XML_GetUserData(parser))->message =
+      "The entity [" + std::string(entity) + "] is not fetched at line " +
+      std::to_string(XML_GetCurrentLineNumber(parser));
+  XML_StopParser(parser, XML_FALSE);
+}
+
+void OnSkippedEntity(void* userData, const char* name, int isParameter) {
+  if (isParameter == 0) RefuseEntity(static_cast<Expectation*>(userData)->parser, name);
+}
+
+int OnExternalEntity(XML_Parser parser, const char*, const char*, const char* systemId,
+                     const char*) {
+  RefuseEntity(parser, systemId);
+  return XML_STATUS_ERROR;
+}
+
 void Expect(const CBinaryData& input, Expectation& expectation) {
   const bool usesNamespaces = (expectation.options & kLocalNames) == 0;
   XML_Parser parser = usesNamespaces ? XML_ParserCreateNS(nullptr, '|') : XML_ParserCreate(nullptr);
+  expectation.parser = parser;
   XML_SetUserData(parser, &expectation);
   XML_SetElementHandler(parser, OnStart, OnEnd);
   XML_SetCharacterDataHandler(parser, OnText);
   XML_SetStartNamespaceDeclHandler(parser, OnNamespace);
+  XML_SetSkippedEntityHandler(parser, OnSkippedEntity);
+  XML_SetExternalEntityRefHandler(parser, OnExternalEntity);
   if ((expectation.options & kKeepCDATA) != 0) {
     XML_SetCdataSectionHandler(parser, OnStartCDATA, OnEndCDATA);
   }
   if (XML_Parse(parser, reinterpret_cast<const char*>(input.GetData()),
-                static_cast<int>(input.GetLength()), XML_TRUE) != XML_STATUS_OK) {
+                static_cast<int>(input.GetLength()), XML_TRUE) != XML_STATUS_OK &&
+      expectation.message.empty()) {
     expectation.message = std::string(XML_ErrorString(XML_GetErrorCode(parser))) + " at line " +
                           std::to_string(XML_GetCurrentLineNumber(parser));
   }

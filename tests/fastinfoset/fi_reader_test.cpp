@@ -401,6 +401,15 @@ TEST_F(CFastInfosetReaderTest, BoundsRepetition) {
     context.GetFIContext().SetMaxAmplification(0);
     EXPECT_EQ(Outcome(octets(row.before, row.repeated, 4000), context).substr(0, 2), "r ");
   }
+  // Objects may copy the names of their elements.
+  const std::string namedElement =
+      Document("38CD6000001EBF") + Repeat("u", 8192) + Octets("F03D8100'r'");
+  context.GetFIContext().SetMaxAmplification(100);
+  for (const size_t count : {500, 20000}) {
+    const std::string outcome =
+        Outcome(namedElement + Repeat(Octets("00F0"), count) + "\xFF", context);
+    EXPECT_EQ(outcome.find("The limit on the amplification") == 0, count == 20000) << count;
+  }
 }
 
 TEST_F(CFastInfosetReaderTest, FollowsTheContext) {

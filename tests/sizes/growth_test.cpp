@@ -133,6 +133,15 @@ std::string Namespaces(size_t count) {
                 [](const std::string& i) { return "<p:b xmlns:p='urn:" + i + "' p:c=''/>"; }) +
          "</a>";
 }
+// All on one element, used by it.
+std::string OwnNamespaces(size_t count) {
+  return "<a" +
+         Repeat(count,
+                [](const std::string& i) {
+                  return " xmlns:p" + i + "='urn:" + i + "' p" + i + ":c=''";
+                }) +
+         "/>";
+}
 std::string Names(size_t count) {
   return "<a>" +
          Repeat(count, [](const std::string& i) { return "<n" + i + ">" + i + "</n" + i + ">"; }) +
@@ -174,6 +183,7 @@ const Row kRows[] = {
     {"namespaces, loaded", 20000, [](size_t n) { return LoadingOf(Namespaces(n)); }},
     {"namespaces, read", 20000, [](size_t n) { return ReadingOf(Untyped, Namespaces(n)); }},
     {"namespaces, written", 20000, [](size_t n) { return WritingOf(Untyped, Namespaces(n)); }},
+    {"namespaces of one element, written", 20000, [](size_t n) { return WritingOf(Untyped, OwnNamespaces(n)); }},
     {"entries of Fast Infoset's tables", 50000, [](size_t n) { return FastInfosetReadingOf(Names(n)); }},
     {"names of well-formed JSON", 50000, [](size_t n) { return JsonReadingOf(JsonNames(n), true); }},
     {"names of JSON", 50000, [](size_t n) { return JsonReadingOf(JsonNames(n), false); }},

@@ -98,12 +98,14 @@ static std::string TooManyDigits(std::size_t limit, std::size_t position) {
 }
 
 TEST(CDecimal, LimitsDigitsExponentsAndScales) {
-  for (const char* exponent : {"1000001", "2000000000", "-1000001", "99999999999999999999999"}) {
+  for (const char* exponent : {"1001", "2000000000", "-1001", "99999999999999999999999"}) {
     const std::string text = std::string(" -0.1E") + exponent;
     EXPECT_QV_THROW(CDecimal(text.c_str()), CQvInvalidValueException,
-                    "The string representing a Decimal has an exponent beyond the limit of 1000000 "
+                    "The string representing a Decimal has an exponent beyond the limit of 1000 "
                     "at position 5.");
   }
+  EXPECT_EQ(CDecimal("1E1000").GetIntegerDigitCount(), 1001u);
+  CBigInteger::SetExponentLimit(1000000);
   EXPECT_EQ(CDecimal("0.1E1000000").GetIntegerDigitCount(), 1000000u);
   EXPECT_EQ(CDecimal("1E-1000000").GetFractionalDivider(), 1000000);
   EXPECT_QV_THROW(CDecimal("888888883E1000000"), CQvInvalidValueException,

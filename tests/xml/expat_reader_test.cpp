@@ -164,8 +164,14 @@ TEST_F(CExpatReaderTest, NeverFetchesExternalEntities) {
   const qv_test::TemporaryFolder folder;
   const std::string file = folder.PathOf("entity");
   qv_test::WriteFile(file, "<b>secret</b>");
-  EXPECT_EQ(Load("<!DOCTYPE a [<!ENTITY e SYSTEM 'file://" + file + "'>]><a>1&e;2</a>"), "a '12'");
   EXPECT_EQ(Load("<!DOCTYPE a SYSTEM '" + file + "'><a/>"), "a");
+  EXPECT_EQ(Load("<!DOCTYPE a [<!ENTITY e SYSTEM '" + file + "'><!ENTITY % p SYSTEM 'p'>%p;]><a/>"),
+            "a");
+  // What they stand for would be missing without a word.
+  EXPECT_QV_THROW(Load("<!DOCTYPE a [<!ENTITY e SYSTEM '" + file + "'>]>\n<a>1&e;2</a>"),
+                  CQvException, "The entity [" + file + "] is not fetched at line 2");
+  EXPECT_QV_THROW(Load("<!DOCTYPE a SYSTEM 'x'><a>1&e;2</a>"), CQvException,
+                  "The entity [e] is not fetched at line 1");
 }
 
 TEST_F(CExpatReaderTest, LoadsAMillionLevelsOnASmallStack) {

@@ -27,6 +27,8 @@ std::atomic<unsigned long> s_maxWork{CPatternLimits::kDefaultWork};
 
 constexpr size_t kMinMemory = size_t{32} * 1024;
 constexpr size_t kMaxMemory = size_t{1024} * 1024 * 1024;
+// Longer values may be refused, rather than scanned for minutes.
+constexpr size_t kOrdinaryLength = size_t{16} * 1024 * 1024;
 constexpr size_t kMaxPatternLength = size_t{1024} * 1024;
 
 // PCRE_ANCHORED changes nothing for a pattern that is one expression. It keeps one with unbalanced
@@ -143,7 +145,9 @@ class CMatcher {
     m_offsets.resize((static_cast<size_t>(captures) + 1) * 3);
     // One step or turn may scan the whole value.
     m_maxTurns = s_maxWork.load(std::memory_order_relaxed) / (value.size() + 1);
-    m_maxSteps = std::min(s_maxSteps.load(std::memory_order_relaxed), std::max(m_maxTurns, 100UL));
+    const unsigned long fewestSteps = value.size() <= kOrdinaryLength ? 100UL : 1UL;
+    m_maxSteps =
+        std::min(s_maxSteps.load(std::memory_order_relaxed), std::max(m_maxTurns, fewestSteps));
     m_maxMemory = std::clamp(std::min(m_maxTurns, kMaxMemory) * kBytesOfTurn, kMinMemory,
                              s_maxMemory.load(std::memory_order_relaxed));
   }

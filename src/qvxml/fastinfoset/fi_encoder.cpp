@@ -114,10 +114,10 @@ unsigned CFIEncoder::FindNamespace(const std::string& namespaceUri) {
 }
 
 void CFIEncoder::Declare(const std::string& prefix, const std::string& namespaceUri) {
-  const bool isFirst = m_declarationsEnd == 0;
+  const bool isFirst = m_output.GetPosition() == m_elementStart;
+  if (isFirst) m_output.Put(kElementNamespaces);
   const size_t start = m_output.GetPosition();
-  const bool isNameThere = start != m_elementStart;
-  if (isFirst) m_output.Put(kElementNamespaces | (m_hasAttributes ? kElementAttributes : 0u));
+  const bool isLate = !isFirst && (m_declarationsEnd == 0 || start != m_declarationsEnd + 1);
   m_output.Put(kNamespaceAttribute | (prefix.empty() ? 0u : kHasPrefix) |
                (namespaceUri.empty() ? 0u : kHasNamespace));
   if (!prefix.empty()) {
@@ -125,14 +125,37 @@ void CFIEncoder::Declare(const std::string& prefix, const std::string& namespace
     PutDeclaration(m_prefixes, Utf8Of(prefix));
   }
   if (!namespaceUri.empty()) PutDeclaration(m_namespaces, Utf8Of(namespaceUri));
-  if (isFirst) m_output.Put(kTerminator);
 
   const size_t end = m_output.GetPosition();
-  const size_t place = isFirst ? m_elementStart : m_declarationsEnd;
-  std::rotate(m_output.At(place), m_output.At(start), m_output.At(end));
-  m_declarationsEnd = place + (end - start) - (isFirst ? 1 : 0);
-  // The bit moved to the octet in front of the declarations.
-  if (isFirst && isNameThere) *m_output.At(m_declarationsEnd + 1) &= ~kElementAttributes & 0xFF;
+  if (isLate) {
+    m_lateDeclarations.append(m_output.At(start), m_output.At(end));
+    m_output.AdvanceTo(m_output.At(start));
+    return;
+  }
+  // Behind the terminator of those before.
+  if (isFirst) {
+    m_output.Put(kTerminator);
+  } else {
+    std::rotate(m_output.At(m_declarationsEnd), m_output.At(start), m_output.At(end));
+  }
+  m_declarationsEnd = m_output.GetPosition() - 1;
+}
+
+void CFIEncoder::InsertLateDeclarations() {
+  size_t place = m_declarationsEnd;
+  if (place == 0) {
+    // The bit moves to the octet in front of the declarations.
+    *m_output.At(m_elementStart) &= ~kElementAttributes & 0xFF;
+    m_lateDeclarations.insert(
+        m_lateDeclarations.begin(),
+        static_cast<char>(kElementNamespaces | (m_hasAttributes ? kElementAttributes : 0u)));
+    m_lateDeclarations += static_cast<char>(kTerminator);
+    place = m_elementStart;
+  }
+  const size_t end = m_output.GetPosition();
+  m_output.Put(m_lateDeclarations);
+  std::rotate(m_output.At(place), m_output.At(end), m_output.At(m_output.GetPosition()));
+  m_lateDeclarations.clear();
 }
 
 unsigned CFIEncoder::FindOtherName(NameTable& names, const std::string& localName,

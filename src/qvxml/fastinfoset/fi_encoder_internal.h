@@ -23,9 +23,8 @@ namespace QvXmlLib16::detail {
 /// Prefixes and namespaces have numbers: those of their tables, and beyond the end of a full table
 /// further ones, which stand in the document as text.
 ///
-/// A start tag is written as it comes, so that nothing is held back. The first octet is changed
-/// when the first attribute comes, and a namespace that turns out to be needed late is moved in
-/// front of what is there:
+/// A start tag is written as it comes. The first octet is changed when the first attribute comes,
+/// and namespaces that turn out to be needed late are put in front of what is there when it ends:
 ///
 ///   [38 or 78, declarations, F0,] name, attributes
 ///   ^ m_elementStart         ^ m_declarationsEnd
@@ -61,6 +60,7 @@ class CFIEncoder {
     m_isLastHalf = false;
     m_elementStart = m_output.GetPosition();
     m_declarationsEnd = 0;
+    m_lateDeclarations.clear();
     m_hasAttributes = false;
   }
   /// `prefix` and `namespaceUri` may be "".
@@ -90,6 +90,7 @@ class CFIEncoder {
     PutAttributeValue(value, type);
   }
   void EndStartTag() {
+    if (!m_lateDeclarations.empty()) InsertLateDeclarations();
     if (m_hasAttributes) Terminate();
     m_hasAttributes = false;
   }
@@ -138,6 +139,7 @@ class CFIEncoder {
   static constexpr size_t kItemTypes = 29;
 
   void TakeVocabulary(const CFIVocabulary& vocabulary);
+  void InsertLateDeclarations();
 
   static std::uint64_t TagOf(unsigned prefix, unsigned namespaceNumber) noexcept {
     return static_cast<std::uint64_t>(prefix) << 32 | namespaceNumber;
@@ -200,6 +202,7 @@ class CFIEncoder {
   size_t m_elementStart = 0;
   // 0 while the element declares nothing.
   size_t m_declarationsEnd = 0;
+  std::string m_lateDeclarations;
   bool m_hasAttributes = false;
 
   const bool m_isTextUtf8;

@@ -19,6 +19,7 @@
 #include "qvxml/fastinfoset/fi_strings_internal.h"
 #include "qvxml/fastinfoset/fi_vocabulary.h"
 #include "qvxml/xml/node_arena_internal.h"
+#include "qvxml/xml/repetition_limit_internal.h"
 
 namespace QvXmlLib16::detail::fi {
 
@@ -87,6 +88,7 @@ class CNames {
   const CXmlName* Use(CName& name, size_t offset) {
     if (name.xmlName == nullptr) ResolveListed(name, offset);
     if (m_bindings[name.prefix].boundTo != name.namespaceUri) FailUnbound(name, offset);
+    m_input.ChargeRepetition(name.xmlName->key.size() / kRepeatedNameShare);
     return name.xmlName;
   }
 

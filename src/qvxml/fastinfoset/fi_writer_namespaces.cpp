@@ -108,7 +108,10 @@ CFastInfosetWriter::NamePrefix CFastInfosetWriter::ResolveAttribute(
       known != nullptr
           ? *known
           : m_attributePrefixes.Remember(namespaceUri, RequirePrefix(context, namespaceUri));
-  m_usedPrefixes.push_back(numbers.prefix);
+  // One that the element itself declares is not free anyway.
+  const bool isDeclaredHere =
+      numbers.prefix < m_bindings.size() && m_bindings[numbers.prefix].depth == context.GetDepth();
+  if (!isDeclaredHere) m_usedPrefixes.push_back(numbers.prefix);
   return numbers;
 }
 

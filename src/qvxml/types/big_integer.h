@@ -79,8 +79,8 @@ class QVXML_API CBigInteger : private TInstanceCounted<CBigInteger> {
   static std::size_t GetDigitLimit() noexcept;
   /// Values above 1,000,000,000 count as that.
   static void SetDigitLimit(std::size_t digits) noexcept;
-  /// Greatest exponent of Pow10 and MultiplyByPow10, greatest magnitude of an exponent in the text
-  /// of a CDecimal and greatest scale that a CDecimal takes as an argument: 1,000,000 unless set.
+  /// Greatest exponent of Pow10 and MultiplyByPow10 and greatest scale that a CDecimal takes as an
+  /// argument, 1,000,000 unless set; and of exponents in the text of a CDecimal, 1,000 unless set.
   static unsigned int GetExponentLimit() noexcept;
   /// Values above 1,000,000,000 count as that.
   static void SetExponentLimit(unsigned int exponent) noexcept;

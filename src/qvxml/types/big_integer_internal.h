@@ -21,6 +21,9 @@ using Limb = std::uint64_t;
 
 /// Throws when the exponent exceeds the exponent limit.
 void CheckPowerOfTen(std::size_t exponent);
+
+/// Greatest exponent in the text of a decimal.
+unsigned int TextExponentLimit() noexcept;
 /// `position` is that of the first digit too many.
 [[noreturn]] void ThrowTooManyDigits(const char* typeName, std::size_t limit, std::size_t position);
 

@@ -29,7 +29,15 @@ constexpr unsigned int kDefaultLimit = 1'000'000;
 constexpr unsigned int kGreatestLimit = 1'000'000'000;
 
 constinit std::atomic<std::size_t> g_digitLimit{kDefaultLimit};
-constinit std::atomic<unsigned int> g_exponentLimit{kDefaultLimit};
+// Each digit of a text's exponent asks for ten times the memory, and no honest text has one.
+constexpr unsigned int kDefaultTextExponent = 1'000;
+constexpr unsigned int kUnset = ~0u;
+constinit std::atomic<unsigned int> g_exponentLimit{kUnset};
+
+unsigned int ExponentLimit(unsigned int byDefault) {
+  const unsigned int limit = g_exponentLimit.load(std::memory_order_relaxed);
+  return limit == kUnset ? byDefault : limit;
+}
 
 [[noreturn]] void ThrowInvalidChar(const char* text, std::size_t length, std::size_t position) {
   throw CQvInvalidValueException(FormatString(
@@ -55,9 +63,9 @@ void CBigInteger::SetDigitLimit(std::size_t digits) noexcept {
   g_digitLimit.store(std::min<std::size_t>(digits, kGreatestLimit), std::memory_order_relaxed);
 }
 
-unsigned int CBigInteger::GetExponentLimit() noexcept {
-  return g_exponentLimit.load(std::memory_order_relaxed);
-}
+unsigned int CBigInteger::GetExponentLimit() noexcept { return ExponentLimit(kDefaultLimit); }
+
+unsigned int detail::TextExponentLimit() noexcept { return ExponentLimit(kDefaultTextExponent); }
 
 void CBigInteger::SetExponentLimit(unsigned int exponent) noexcept {
   g_exponentLimit.store(std::min(exponent, kGreatestLimit), std::memory_order_relaxed);

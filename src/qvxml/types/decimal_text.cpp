@@ -109,7 +109,7 @@ class CDecimalScanner {
     const bool isNegative = TakeSign();
     const std::string_view digits = TakeWhile(IsDigit);
     if (digits.empty()) Fail(m_position);
-    const unsigned int limit = CBigInteger::GetExponentLimit();
+    const unsigned int limit = detail::TextExponentLimit();
     long exponent = 0;
     for (const char digit : digits) {
       exponent = exponent * 10 + (digit - '0');

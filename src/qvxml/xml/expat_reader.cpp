@@ -49,9 +49,6 @@ constexpr size_t kMaxContext = 4096;
 // So much of that must be free for going on.
 constexpr size_t kMaxToken = kMaxBuffer - (size_t{64} << 20);
 
-// Repeated names take time but no memory.
-constexpr size_t kRepeatedNameShare = 4;
-
 constexpr size_t kFirstOpenText = 1024;
 // What is copied without a call.
 constexpr size_t kShortText = 16;
@@ -83,6 +80,11 @@ constexpr XML_Memory_Handling_Suite kMemory = {
     [](void* block, size_t size) { return TakeNote(std::realloc(block, size)); },
     [](void* block) { std::free(block); }};
 
+[[noreturn]] void ThrowEntityMissing(XML_Parser parser, const std::string& entity) {
+  throw CQvException(FormatString("The entity [%s] is not fetched at line %lu", entity.c_str(),
+                                  static_cast<unsigned long>(XML_GetCurrentLineNumber(parser))));
+}
+
 }  // namespace
 
 constinit CInstanceCounter CExpatReader::s_instances("CExpatReader");
@@ -113,6 +115,21 @@ void CExpatReader::CreateParser() {
   }
   m_hasDocumentType = false;
   XML_SetStartDoctypeDeclHandler(m_parser, FnStartDocumentType);
+  // What an entity that is not fetched stands for would be missing from the text. Parameter
+  // entities stand in document types, which have none.
+  XML_SetSkippedEntityHandler(m_parser, [](void* userData, const char* name, int isParameter) {
+    if (isParameter != 0) return;
+    Guard(userData, [name](CExpatReader& reader) {
+      ThrowEntityMissing(reader.m_parser, reader.ToInternalText(name));
+    });
+  });
+  XML_SetExternalEntityRefHandler(
+      m_parser, [](XML_Parser parser, const char*, const char*, const char* systemId, const char*) {
+        Guard(XML_GetUserData(parser), [systemId](CExpatReader& reader) {
+          ThrowEntityMissing(reader.m_parser, reader.ToInternalText(systemId));
+        });
+        return int{XML_STATUS_ERROR};
+      });
   SetEntityLimit();
 }
 
@@ -308,7 +325,7 @@ inline const CXmlName* CExpatReader::ReadName(const char* name) {
     auto& followers = m_lastName->followers;
     for (const CXmlName* follower : followers) {
       if (follower == nullptr || std::strcmp(follower->key.c_str(), name) != 0) continue;
-      ChargeRepetition(follower->key.size() / kRepeatedNameShare);
+      ChargeRepetition(follower->key.size() / detail::kRepeatedNameShare);
       return m_lastName = follower;
     }
   }

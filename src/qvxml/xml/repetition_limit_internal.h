@@ -11,6 +11,10 @@ namespace QvXmlLib16::detail {
 // As of libexpat's own limit on entities.
 inline constexpr size_t kRepetitionAlwaysAllowed = size_t{8} << 20;
 
+/// A name that is used again takes time but no memory, except in objects that have names of their
+/// own: one part in so many counts.
+inline constexpr size_t kRepeatedNameShare = 4;
+
 /// Bytes that the input may make a reader repeat; a `ratio` of 0 sets no limit.
 inline size_t RepetitionLimit(size_t inputLength, size_t ratio) {
   constexpr size_t kNoLimit = std::numeric_limits<size_t>::max();
