@@ -58,7 +58,7 @@ TEST(CDecimal, ReadsTextIntoItsParts) {
       {"1.5E2", "150|0|0", "150"}, {"01.5e+1", "15|0|0", "15"}, {"-1.5E-3", "0|15|4", "-0.0015"},
       {"123.456E1", "1234|56|2", "1234.56"}, {"123.456E-2", "1|23456|5", "1.23456"},
       {"120E-1", "12|0|0", "12"}, {"1200E-3", "1|2|1", "1.2"}, {"0.0012E3", "1|2|1", "1.2"},
-      {"0.0012E2", "0|12|2", "0.12"}, {".5E0", "0|5|1", "0.5"}, {"0E-999999", "0|0|0", "0"},
+      {"0.0012E2", "0|12|2", "0.12"}, {".5E0", "0|5|1", "0.5"}, {"0E-999", "0|0|0", "0"},
       {"1E0000000000000000000001", "10|0|0", "10"},
       {"1E20", "100000000000000000000|0|0", "100000000000000000000"},
       {"1E-20", "0|1|20", "0.00000000000000000001"},
@@ -225,7 +225,7 @@ TEST(CDecimal, ConvertsToTheNearestDouble) {
   const std::string rows[] = {
       "0", "-0.1", "123.456", "9007199254740993", "9007199254740993.0000000000000000000001",
       "1.7976931348623157e308", "-179769313486231580793728971405301e276", "4.9e-324", "2.5e-324",
-      "2.4e-324", "-1e-400", "1e-1000000", "0." + Zeros(400) + "5", "2.2250738585072011e-308",
+      "2.4e-324", "-1e-400", "1e-1000", "0." + Zeros(400) + "5", "2.2250738585072011e-308",
       "1." + Zeros(300) + "1"};
   // clang-format on
   for (const std::string& text : rows) {
@@ -234,7 +234,7 @@ TEST(CDecimal, ConvertsToTheNearestDouble) {
     EXPECT_EQ(CDecimal(text).ToDouble(), expected);
     EXPECT_EQ(std::signbit(CDecimal(text).ToDouble()), std::signbit(expected));
   }
-  for (const char* text : {"1.8e308", "-1e309", "1e310", "1e999999"}) {
+  for (const char* text : {"1.8e308", "-1e309", "1e310", "1e999"}) {
     EXPECT_QV_THROW(CDecimal(text).ToDouble(), CQvOverFlowException,
                     "The Decimal value if to large to fit into a Double");
   }
@@ -358,7 +358,7 @@ TEST(CDecimal, DividesToThirtyFourDigits) {
 TEST(CDecimal, OrdersByValueWhateverTheScale) {
   const std::vector<CDecimal> ascending = {
       CDecimal("-1E30"), CDecimal("-2.1"),     CDecimal("-2.05"), CDecimal("-1"),
-      CDecimal("-0.5"),  CDecimal("-0.0001"),  CDecimal(0),       CDecimal("1E-1000000"),
+      CDecimal("-0.5"),  CDecimal("-0.0001"),  CDecimal(0),       CDecimal("1E-1000"),
       CDecimal("1E-30"), CDecimal("0.000999"), CDecimal("0.001"), CDecimal("0.0010001"),
       CDecimal("0.5"),   CDecimal("2.05"),     CDecimal("2.1"),   CDecimal("1E30")};
   qv_test::ExpectOrdered(ascending);
