@@ -105,13 +105,15 @@ inline bool HasRawText(const std::string& xml) {
 }
 
 /// Whether an object that was read is written; only what reading tolerates may be in the way, such
-/// as a group that ends early, and bounds, which are checked in writing alone.
+/// as a group that ends early, bounds, which are checked in writing alone, and prefixes that are
+/// part of a name where namespaces are not processed, which Fast Infoset cannot say.
 template <class TWrite>
 bool IsWritten(uint8_t options, const TWrite& write) {
   const std::string failure = FailureOf(write);
   if (failure.empty()) return true;
   const auto has = [&failure](const char* part) { return failure.find(part) != std::string::npos; };
-  if ((options & kIgnoreMissing) == 0 && !has("Invalid Value for count") &&
+  const bool isNameWithPrefix = (options & kLocalNames) != 0 && has("The name [");
+  if ((options & kIgnoreMissing) == 0 && !isNameWithPrefix && !has("Invalid Value for count") &&
       !has("[fact] to XML\nThe Property [value] is mandatory")) {
     FuzzFailure("not written: " + failure);
   }
