@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "qvxml/types/decimal.h"
 #include "tests/support/expect_ordered.h"
 #include "tests/support/qv_gtest.h"
 #include <gtest/gtest.h>
@@ -83,6 +84,9 @@ TEST(CBigInteger, LimitsDigitsAndExponents) {
   EXPECT_EQ(CBigInteger::Pow10(1000000).GetTrailingZeroCount(), 1000000u);
   EXPECT_QV_THROW(CBigInteger::Pow10(UINT_MAX), CQvInvalidValueException,
                   "The power of ten [4294967295] exceeds the limit of 1000000.");
+
+  // Until the limit is set, that of texts is another.
+  EXPECT_THROW(CDecimal("1E1001"), CQvInvalidValueException);
 
   CBigInteger::SetDigitLimit(3);
   CBigInteger::SetExponentLimit(2);
