@@ -19,6 +19,7 @@
 #endif
 
 using QvXmlLib16::CBigInteger;
+using QvXmlLib16::CDecimal;
 using QvXmlLib16::CInstanceMonitor;
 
 namespace {
@@ -86,7 +87,7 @@ TEST(CBigInteger, LimitsDigitsAndExponents) {
                   "The power of ten [4294967295] exceeds the limit of 1000000.");
 
   // Until the limit is set, that of texts is another.
-  EXPECT_THROW(CDecimal("1E1001"), CQvInvalidValueException);
+  EXPECT_THROW(CDecimal("1E1001"), QvXmlLib16::CQvInvalidValueException);
 
   CBigInteger::SetDigitLimit(3);
   CBigInteger::SetExponentLimit(2);
